@@ -1,0 +1,71 @@
+#pragma once
+
+#include "cow_List.h"
+#include "cow_String.h"
+#include "inp_Keyword.h"
+#include "inp_ModelParameters.h"
+#include "inpM_InstanceMap.h"
+
+class eli_eostream;
+
+/// One model deck on its way from text to a model. The object owns the keyword list and everything
+/// that the stages derive from it; a driver calls the stages, in this order:
+///
+///     Parse(fileName)         text to a flat list of keywords, in file order
+///     ExpandKeywords()        parameters completed, values checked, data files read
+///     setModelParameters()    section points and model-wide flags, from the flat list
+///
+/// Stages return nothing. What they have to say goes to the sink (wip_WIP) when a stage ends:
+/// warnings, errors (level 1), fatal errors (level 2; those of the reader level 0). A stage goes on
+/// behind its faults, so that one run shows all of them. No stage guards against a call out of
+/// order. With debug flag 30 at level 1 each stage prints its time to pnt_debugPrint.
+class inp_InputFile
+{
+public:
+  /// Reads the deck. Raises nex_PrimException when the file cannot be opened.
+  void Parse(cow_String fileName);
+  /// Checks and completes every keyword; rejected ones leave the list.
+  void ExpandKeywords();
+  void setModelParameters();
+
+  /// Writes every keyword as deck lines, in list order.
+  void Print(eli_eostream& stream) const;
+
+  /// The text up to and including its first line feed, without blanks, tabs and carriage returns
+  /// outside double quotes; 256 characters at most, more is a broken invariant.
+  static cow_String TakeOutSpacesOutsideQuoted(char const* text);
+
+  /// The deck holds *PART, *INSTANCE or *ASSEMBLY. Known after ExpandKeywords.
+  bool FeatureEnhanced() const { return featureEnhanced; }
+  bool IsRestartJob() const { return restartJob; }
+  bool InOdbConverter() const { return inOdbConverter; }
+  cow_String const& GetIncludePath() const { return includePath; }
+
+  cow_List<inp_Keyword> keywords; ///< the model: flat from Parse on
+  bool featureEnhanced = false;
+  bool restartJob = false;
+  int numberRestartSteps = 0; ///< given by the driver: steps of the job that is continued
+  int numberSteps = 0;        ///< given by the driver: steps before this deck's first
+  bool partConvertible = true; ///< no feature stands in the way of dividing the model into parts
+  bool parameterized = false;  ///< the deck holds *PARAMETER
+  bool hasManifest = false;    ///< the deck holds *MANIFEST
+  bool inOdbConverter = false; ///< given by the driver: serves a converter of results databases
+  cow_String inputFileName;
+  cow_String includePath; ///< given by the driver: where include and data files are looked for
+  inpM_InstanceMap<cow_String> instancePartNames; ///< instance to part
+  inp_ModelParameters modelParameters;
+
+  /// What the reader met beside the keywords, for a driver's summary.
+  struct ReaderFacts
+  {
+    cow_List<cow_String> includedFiles;
+    cow_List<cow_String> missingIncludeFiles;
+    int skippedDataLines = 0; ///< data lines above the first keyword
+    int firstSkippedLine = 0;
+    long long bytesRead = 0;
+  };
+  ReaderFacts readerFacts;
+
+private:
+  void DiscardEmptyKeywords();
+};

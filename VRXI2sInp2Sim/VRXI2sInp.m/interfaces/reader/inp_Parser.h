@@ -1,0 +1,134 @@
+#pragma once
+
+#include "aio_ifstream.h"
+#include "atr_String.h"
+#include "cow_List.h"
+#include "cow_Map.h"
+#include "cow_String.h"
+#include "inp_Item.h"
+#include "inp_Keyword.h"
+
+/// Reads one deck file, with the files that it includes, into a flat list of keywords in file order.
+///
+/// Rules of a line (blanks are tab, carriage return and space; those at both ends go first):
+///   - 256 characters count, the rest is cut off with a warning;
+///   - "**" begins a comment, which goes to the keyword below when no data line stands between;
+///   - "*" and a letter, white space allowed before both, begin a keyword line; it goes on over the
+///     next lines as long as it ends in a comma;
+///   - every other line, an empty one too, is a data line of the keyword above.
+///
+/// A fault within a keyword is kept as a message and reading resumes at the next keyword, so one
+/// run shows all faults. At most 25 errors and one more are kept of each kind and file, then a
+/// notice. Messages carry file and line in their origin.
+///
+/// An object reads one file once. "Strict" reading, that of an analysis, refuses what a host that
+/// only shows a deck lets pass: unknown forms of parameters and values, keywords on continuation
+/// lines, missing include files.
+class inp_Parser : private aio_ifstream
+{
+public:
+  /// Levels of *INCLUDE below the top file.
+  static constexpr int c_deepestInclude = 200;
+
+  /// `directoryName` is the second place where relative names of include files are looked for.
+  /// `includeChain` names the files that are open above this one. With a password, every line is
+  /// encrypted. `keepData` off reads keyword lines alone (but keeps the data of *PARAMETER,
+  /// *MANIFEST, *HEADING and *STEP). Lines outside startLine..endLine are passed over; 0 is no limit.
+  inp_Parser(cow_String const& fileName, cow_String const& directoryName,
+             cow_List<cow_String> const& includeChain, cow_String const& password,
+             bool throwOnDecryptFailure, bool keepData, bool rawSource, int const& startLine,
+             int const& endLine);
+
+  /// Raises nex_PrimException when the file cannot be opened, and for no other reason.
+  cow_List<inp_Keyword> Parse(bool strict);
+
+  cow_List<atr_String> const& GetErrors() const { return m_errors; }
+  cow_List<atr_String> const& GetFatalErrors() const { return m_fatalErrors; }
+  cow_List<atr_String> const& GetWarnings() const { return m_warnings; }
+  /// The names as written, without quotes.
+  cow_List<cow_String> const& GetIncludedFiles() const { return m_includedFiles; }
+  /// File names without directory, each once.
+  cow_List<cow_String> const& GetMissingIncludeFiles() const { return m_missingIncludeFiles; }
+
+  /// Data lines that stand above the first keyword, includes followed.
+  cow_List<cow_String> const& GetSkippedDataLines() const { return m_skippedDataLines; }
+  /// Line number in the top file of the first of them, 0 when there is none.
+  int FirstSkippedLine() const { return m_firstSkippedLine; }
+  /// Bytes read from this file and those below.
+  long long TotalBytes() const { return m_totalBytes; }
+
+private:
+  char* Readline();
+  void Buffer(char* line);
+  void BufferCommentLine(char const* line);
+  static bool IsComment(char const* line) { return line[0] == '*' && line[1] == '*'; }
+  static bool IsKeyword(char const* line);
+  bool IsEndOfFile() const { return m_endOfFile; }
+  int LineNumber() const { return m_lineNumber; }
+  cow_String const& FileName() const { return m_fileName; }
+  bool IsOutsideLimits() const;
+
+  void OpenFile();
+  void ParseKeywords(bool strict);
+  void ParseOneKeyword(bool strict);
+  cow_String AppendContinuationLines(char const* line, bool strict);
+  inp_Keyword ParseKeyword(bool strict);
+  void ResolveName(inp_Keyword& keyword, cow_String const& written);
+  void ReadParameters(inp_Keyword& keyword, cow_String const& written, cow_String const& text,
+                      bool strict);
+  void ParseParameters(inp_Keyword& keyword, cow_String const& text, bool strict);
+  void ParseParameter(inp_Keyword const& keyword, cow_String const& piece,
+                      cow_Map<cow_String, inp_Item>& parameters, bool strict);
+  static cow_List<cow_String> Split(cow_String const& text);
+  void ReadData(inp_Keyword& keyword);
+  bool RefusesLine(inp_Keyword const& keyword, char const* line, bool isText);
+  void SkipToNextKeyword(bool collect);
+  cow_List<cow_String> SkippedDataLines() const { return m_skippedDataLines; }
+
+  cow_List<inp_Keyword> IncludeFile(inp_Keyword const& includeKeyword, bool strict);
+  cow_String FindIncludeFile(cow_String const& name);
+  void ReadLineRange(inp_Keyword const& includeKeyword, int& startLine, int& endLine);
+  void MergeFrom(inp_Parser const& child);
+  void TakeUpSkippedLines(inp_Parser const& child);
+  void TakeUpFollowingLines(cow_List<inp_Keyword>& included);
+  void AppendToLast(cow_List<inp_Keyword>& keywords, char const* line);
+
+  void Decrypt(char* line);
+
+  void saveError(atr_String const& message);
+  void saveFatalError(atr_String const& message);
+  void SaveWarning(atr_String const& message, int line);
+  /// The message with the place of the keyword at hand, unless it has one.
+  atr_String Placed(atr_String message) const;
+
+  int m_lineNumber = 0;
+  cow_String m_fileName;
+  cow_String m_directoryName;
+  bool m_isBuffered = false;
+  bool m_endOfFile = false;
+  char* m_line = nullptr; ///< the last line, in the stream's buffer
+  int m_length = 0;       ///< its length
+  cow_String m_password;
+  bool m_hasPassword;
+  bool m_throwOnDecryptFailure;
+  bool m_keepData;
+  double m_decryptSeconds = 0.0;
+  cow_List<inp_Keyword> m_keywords;
+  cow_List<cow_String> m_includeChain;
+  cow_List<cow_String> m_skippedDataLines;
+  cow_List<cow_String> m_includedFiles;
+  cow_List<cow_String> m_missingIncludeFiles;
+  cow_List<cow_String> m_pendingComments;
+  bool m_hasPendingComments = false;
+  bool m_rawSource;
+  int m_startLine;
+  int m_endLine;
+  bool m_limitLines;
+  cow_List<atr_String> m_errors;
+  cow_List<atr_String> m_warnings;
+  cow_List<atr_String> m_fatalErrors;
+  int m_keywordLine = 0; ///< first line of the keyword at hand
+  int m_firstSkippedLine = 0;
+  int m_memoryFailures = 0;
+  long long m_totalBytes = 0;
+};

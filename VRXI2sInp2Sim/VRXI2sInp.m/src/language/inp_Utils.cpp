@@ -1,0 +1,197 @@
+#include "inp_Utils.h"
+
+#include "VRXBasException.h"
+#include "inp_Types.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+
+namespace
+{
+
+// No item of a deck is longer, so that a name fits a fixed buffer wherever it is rewritten.
+constexpr int c_longestItem = 255;
+
+bool IsQuoted(cow_String const& name)
+{
+  int const length = name.Length();
+  return length > 0 && name[0] == '"' && name[length - 1] == '"';
+}
+
+cow_String WithoutQuotes(cow_String name) { return name.Trim("\""); }
+
+bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+
+/// Calls `take` for each character and whether it stands within double quotes, up to the end or as
+/// long as it answers true. A quote counts as within.
+template <class Take>
+void WalkQuoted(std::string_view text, Take take)
+{
+  bool inQuotes = false;
+  for (char const c : text)
+  {
+    bool const isQuote = c == '"';
+    if (!take(c, inQuotes || isQuote))
+    {
+      return;
+    }
+    inQuotes = inQuotes != isQuote;
+  }
+}
+
+/// The name with every unquoted period replaced, or dropped for NUL.
+cow_String ReplaceUnquotedPeriods(cow_String const& name, char by)
+{
+  if (!inp_Utils::HasNameUnquotedPeriod(name))
+  {
+    return name;
+  }
+  cow_String result;
+  WalkQuoted(name.View(),
+             [&](char c, bool quoted)
+             {
+               char const kept = c == '.' && !quoted ? by : c;
+               if (kept != '\0')
+               {
+                 result.Append(kept);
+               }
+               return result.Length() < c_longestItem;
+             });
+  return result;
+}
+
+/// Writes what stays of a text without the spaces outside quotes to `put`, a character at a time.
+template <class Put>
+void WalkWithoutSpaces(std::string_view text, Put put)
+{
+  WalkQuoted(text,
+             [&](char c, bool quoted)
+             {
+               if (quoted || !IsSpace(c))
+               {
+                 put(c, quoted);
+               }
+               return c != '\n';
+             });
+}
+
+template <class Change>
+cow_String TakeOutSpaces(cow_String const& text, Change change)
+{
+  char buffer[c_longestItem + 1];
+  int length = 0;
+  WalkWithoutSpaces(text.View(),
+                    [&](char c, bool quoted)
+                    {
+                      VRXBasAssert(length < c_longestItem, "length < sizeof(buffer) - 1");
+                      buffer[length++] = quoted ? c : change(c);
+                    });
+  return cow_String(buffer, length);
+}
+
+} // namespace
+
+cow_String inp_Utils::CreateFlattenedName(cow_String const& a, cow_String const& b)
+{
+  bool const quoted = IsQuoted(a) || IsQuoted(b);
+  cow_String const first = IsQuoted(a) ? WithoutQuotes(a) : a;
+  cow_String const second = IsQuoted(b) ? WithoutQuotes(b) : b;
+  cow_String const joined = first + "_" + second;
+  return quoted ? "\"" + joined + "\"" : joined;
+}
+
+cow_String inp_Utils::CreateFlattenedName(cow_String const& a, cow_String const& b,
+                                          cow_String const& c)
+{
+  return CreateFlattenedName(a, CreateFlattenedName(b, c));
+}
+
+cow_List<cow_String> inp_Utils::SplitScopedSet(cow_String const& name)
+{
+  cow_List<cow_String> pieces;
+  int begin = 0;
+  int at = 0;
+  WalkQuoted(name.View(),
+             [&](char c, bool quoted)
+             {
+               if (c == '.' && !quoted)
+               {
+                 pieces.Append(name.Substr(begin, at - begin));
+                 begin = at + 1;
+               }
+               ++at;
+               return true;
+             });
+  pieces.Append(name.Substr(begin, name.Length() - begin));
+  return pieces;
+}
+
+bool inp_Utils::HasNameUnquotedPeriod(cow_String const& name)
+{
+  bool found = false;
+  WalkQuoted(name.View(),
+             [&](char c, bool quoted)
+             {
+               found = c == '.' && !quoted;
+               return !found;
+             });
+  return found;
+}
+
+bool inp_Utils::IsId(cow_String const& name)
+{
+  return std::isdigit(static_cast<unsigned char>(name[0])) != 0;
+}
+
+bool inp_Utils::IsSetName(cow_String const& name) { return inp_Types::IsSetName(name.View()); }
+
+bool inp_Utils::IsScopedSetName(cow_List<cow_String> const& pieces)
+{
+  return pieces.Length() >= 2 && inp_Types::IsSetName(pieces.Last().View());
+}
+
+bool inp_Utils::IsScopedSetId(cow_List<cow_String> const& pieces)
+{
+  return pieces.Length() >= 2 && inp_Types::IsInteger(pieces.Last().View());
+}
+
+bool inp_Utils::IsAnalyticalSurfaceType(cow_String const& type)
+{
+  static constexpr std::string_view types[] = {"SEGMENTS",   "CYLINDER", "REVOLUTION",
+                                               "BEZIER",     "BSPLINE",  "USER"};
+  return std::find(std::begin(types), std::end(types), type.View()) != std::end(types);
+}
+
+cow_String inp_Utils::RemovePeriod(cow_String const& name)
+{
+  return IsId(name) ? name : cow_String(name).Substitute(".", "_");
+}
+
+cow_String inp_Utils::RemoveUnquotedPeriod(cow_String const& name)
+{
+  return ReplaceUnquotedPeriods(name, '\0');
+}
+
+cow_String inp_Utils::ReplaceUnquotedPeriodWithUnderscore(cow_String const& name)
+{
+  return ReplaceUnquotedPeriods(name, '_');
+}
+
+cow_String inp_Utils::TakeOutSpacesOutsideQuoted(cow_String const& text)
+{
+  return TakeOutSpaces(text, [](char c) { return c; });
+}
+
+cow_String inp_Utils::TakeOutSpacesAndUpperOutsideQuoted(cow_String const& text)
+{
+  return TakeOutSpaces(text, [](char c)
+                       { return static_cast<char>(std::toupper(static_cast<unsigned char>(c))); });
+}
+
+int inp_Utils::LengthWithoutSpaces(char const* text)
+{
+  int length = 0;
+  WalkWithoutSpaces(text, [&](char, bool) { ++length; });
+  return length;
+}

@@ -1,0 +1,64 @@
+#include "inp_InputFile.h"
+
+#include "VRXBasException.h"
+#include "eli_eostream.h"
+#include "inp_Parser.h"
+#include "inp_StageTimer.h"
+#include "inp_Utils.h"
+#include "omi_Singleton.h"
+#include "wip_WIP.h"
+
+#include <cstring>
+
+void inp_InputFile::Parse(cow_String fileName)
+{
+  inputFileName = fileName;
+  inp_Parser parser(fileName, includePath, cow_List<cow_String>(), cow_String(), true, true, false,
+                    0, 0);
+  keywords = parser.Parse(true);
+  readerFacts = {parser.GetIncludedFiles(), parser.GetMissingIncludeFiles(),
+                 parser.GetSkippedDataLines().Length(), parser.FirstSkippedLine(),
+                 parser.TotalBytes()};
+
+  wip_WIP& sink = omi_Singleton<wip_WIP>::Instance();
+  if (parser.GetFatalErrors().Length() > 0)
+  {
+    sink.ErrorList(parser.GetFatalErrors(), wip_readerFatal);
+  }
+  if (parser.GetErrors().Length() > 0)
+  {
+    sink.ErrorList(parser.GetErrors(), wip_error);
+  }
+  if (parser.GetWarnings().Length() > 0)
+  {
+    sink.WarningList(parser.GetWarnings());
+  }
+}
+
+void inp_InputFile::Print(eli_eostream& stream) const
+{
+  for (inp_Keyword const& keyword : keywords)
+  {
+    keyword.Print(stream, true);
+  }
+}
+
+cow_String inp_InputFile::TakeOutSpacesOutsideQuoted(char const* text)
+{
+  constexpr int longest = 256;
+  VRXBasAssert(inp_Utils::LengthWithoutSpaces(text) <= longest, "length < sizeof(buffer)");
+  char const* const feed = std::strchr(text, '\n');
+  std::size_t const length =
+    feed != nullptr ? static_cast<std::size_t>(feed - text) + 1 : std::strlen(text);
+  cow_String result;
+  bool inQuotes = false;
+  for (char const c : std::string_view(text, length))
+  {
+    inQuotes = inQuotes != (c == '"');
+    if (inQuotes || (c != ' ' && c != '\t' && c != '\r'))
+    {
+      result.Append(c);
+    }
+  }
+  return result;
+}

@@ -1,0 +1,256 @@
+#include "VRXBasUtlFilePath.h"
+#include "inp_Parser.h"
+#include "inp_ParserExceptions.h"
+#include "inp_ReaderMessages.h"
+#include "pnt_debugPrint.h"
+#include "typ_DebugFlags.h"
+
+#include <memory>
+
+namespace
+{
+
+constexpr int c_debugFlag = 30;
+
+bool IsDebugging() { return typ_DebugFlags::GetDebugFlags(c_debugFlag) >= 2; }
+
+/// The first parameter in map order whose name is an abbreviation of `fullName`.
+inp_Item const* FindAbbreviated(inp_Keyword const& keyword, cow_String const& fullName)
+{
+  cow_ConstMapIterator<cow_String, inp_Item> parameter(keyword.parameters);
+  for (parameter.First(); !parameter.IsDone(); parameter.Next())
+  {
+    cow_String const& name = parameter.CurrentKey();
+    if (name.Length() > 0 && name == fullName.Substr(0, name.Length()))
+    {
+      return keyword.parameters.ConstFind(name);
+    }
+  }
+  return nullptr;
+}
+
+cow_String TextOf(inp_Item const* item)
+{
+  return item == nullptr || item->Type() == inp_Types::inp_NONE ? cow_String() : item->AsString();
+}
+
+cow_String WithoutQuotes(cow_String const& name)
+{
+  int const length = name.Length();
+  bool const quoted =
+    length > 2 && name.CStr()[0] == '"' && name.CStr()[length - 1] == '"';
+  return quoted ? name.Substr(1, length - 2) : name;
+}
+
+} // namespace
+
+cow_List<inp_Keyword> inp_Parser::IncludeFile(inp_Keyword const& includeKeyword, bool strict)
+{
+  cow_String const name = WithoutQuotes(TextOf(FindAbbreviated(includeKeyword, "input")));
+  cow_String const password = TextOf(FindAbbreviated(includeKeyword, "password"));
+  int startLine = 0;
+  int endLine = 0;
+  if (password.Length() == 0)
+  {
+    ReadLineRange(includeKeyword, startLine, endLine);
+  }
+  cow_String const path = FindIncludeFile(name);
+  m_includedFiles.Append(name);
+
+  // On the heap: files may be nested deeper than a small stack would hold.
+  auto const child = std::make_unique<inp_Parser>(path, m_directoryName, m_includeChain, password,
+                                                  m_throwOnDecryptFailure, m_keepData, m_rawSource,
+                                                  startLine, endLine);
+  cow_List<inp_Keyword> included = child->Parse(strict);
+  MergeFrom(*child);
+  TakeUpSkippedLines(*child);
+  TakeUpFollowingLines(included);
+  return included;
+}
+
+/// Lines are numbered as in the file. A range that makes no sense is reported, and the whole file
+/// is read.
+void inp_Parser::ReadLineRange(inp_Keyword const& includeKeyword, int& startLine, int& endLine)
+{
+  inp_Item const* const start = includeKeyword.parameters.ConstFind("startline");
+  inp_Item const* const end = includeKeyword.parameters.ConstFind("endline");
+  if (start == nullptr && end == nullptr)
+  {
+    return;
+  }
+  int first = 0;
+  int const last = end != nullptr ? end->AsInt() : 0;
+  if (start != nullptr)
+  {
+    first = start->AsInt();
+  }
+  if (IsDebugging())
+  {
+    pnt_debugPrint().StartDebug() << "StartLine: \"" << first << "\"EndLine: \"" << last << "\"\n";
+    pnt_debugPrint().EndDebug();
+  }
+  if (start == nullptr || end == nullptr)
+  {
+    saveError(atr_Say(inp_msgLineRangeIncomplete));
+    first = 0;
+  }
+  if (first <= 0)
+  {
+    saveError(atr_Say(inp_msgStartLineNotPositive, first));
+  }
+  else if (last < first)
+  {
+    saveError(atr_Say(inp_msgEndLineBelowStartLine, last, first));
+  }
+  else
+  {
+    startLine = first;
+    endLine = last;
+  }
+}
+
+/// The absolute path of the file, looked for in the working directory and then in the include
+/// directory.
+cow_String inp_Parser::FindIncludeFile(cow_String const& name)
+{
+  int const line = m_keywordLine;
+  if (name.Length() == 0)
+  {
+    throw inp_NoInputParameterException(line, m_fileName);
+  }
+  if (name.CStr()[0] == '<' && name.CStr()[name.Length() - 1] == '>')
+  {
+    throw inp_ParameterizedIncludeFileException(line, m_fileName, name);
+  }
+  VRXBasUtlFilePath path(cow_String(), name);
+  if (!path.Exists())
+  {
+    path.SetFilePath(m_directoryName, name);
+  }
+  if (!path.Exists())
+  {
+    if (!(name == "None"))
+    {
+      m_missingIncludeFiles.AppendUnlessMember(path.FileName());
+    }
+    throw inp_MissingIncludeFileException(line, m_fileName, name);
+  }
+  if (!path.IsReadable())
+  {
+    throw inp_UnreadableIncludeFileException(line, m_fileName, name);
+  }
+  if (path.IsDir())
+  {
+    throw nex_AtrException(atr_Say(inp_msgIncludeFileIsDirectory, name));
+  }
+  if (!path.IsRegular())
+  {
+    throw nex_AtrException(atr_Say(inp_msgIncludeFileNotRegular, name));
+  }
+  cow_String const absolute = path.AbsolutePathName();
+  if (m_includeChain.IsMember(absolute))
+  {
+    throw inp_CircularIncludeFileException(line, m_fileName, name);
+  }
+  if (m_includeChain.Length() > c_deepestInclude)
+  {
+    throw nex_AtrException(atr_Say(inp_msgIncludesTooDeep, name, c_deepestInclude));
+  }
+  return absolute;
+}
+
+/// The child's warnings stay behind.
+void inp_Parser::MergeFrom(inp_Parser const& child)
+{
+  m_errors.Concatenate(child.m_errors);
+  m_fatalErrors.Concatenate(child.m_fatalErrors);
+  for (cow_String const& name : child.m_includedFiles)
+  {
+    m_includedFiles.AppendUnlessMember(name);
+  }
+  for (cow_String const& name : child.m_missingIncludeFiles)
+  {
+    m_missingIncludeFiles.AppendUnlessMember(name);
+  }
+  m_totalBytes += child.m_totalBytes;
+}
+
+/// Data lines at the head of the included file go on with the keyword before the *INCLUDE.
+void inp_Parser::TakeUpSkippedLines(inp_Parser const& child)
+{
+  cow_List<cow_String> const lines = child.SkippedDataLines();
+  if (m_keywords.Length() == 0)
+  {
+    if (lines.Length() > 0 && m_firstSkippedLine == 0)
+    {
+      m_firstSkippedLine = m_keywordLine;
+    }
+    m_skippedDataLines.Concatenate(lines);
+    return;
+  }
+  int added = 0;
+  for (cow_String const& line : lines)
+  {
+    if (m_keepData && !IsComment(line.CStr()))
+    {
+      AppendToLast(m_keywords, line.CStr());
+      ++added;
+    }
+  }
+  if (added > 0 && child.m_hasPassword)
+  {
+    m_keywords.Get(m_keywords.Length() - 1).encrypted = true;
+  }
+  if (IsDebugging())
+  {
+    pnt_debugPrint().StartDebug() << added << " lines added to keyword \""
+                                  << m_keywords.Last().Name() << "\" from input file \""
+                                  << child.m_fileName << "\".\n";
+    pnt_debugPrint().EndDebug();
+  }
+}
+
+/// Data lines below the *INCLUDE go on with the last keyword so far.
+void inp_Parser::TakeUpFollowingLines(cow_List<inp_Keyword>& included)
+{
+  for (char* line = Readline(); !m_endOfFile; line = Readline())
+  {
+    if (IsOutsideLimits())
+    {
+      continue;
+    }
+    if (IsKeyword(line))
+    {
+      Buffer(line);
+      return;
+    }
+    if (IsComment(line) || !m_keepData)
+    {
+      continue;
+    }
+    if (included.Length() > 0)
+    {
+      AppendToLast(included, line);
+    }
+    else if (m_keywords.Length() > 0)
+    {
+      AppendToLast(m_keywords, line);
+    }
+    else
+    {
+      m_firstSkippedLine = m_firstSkippedLine == 0 ? m_lineNumber : m_firstSkippedLine;
+      m_skippedDataLines.Append(cow_String(line));
+    }
+  }
+}
+
+void inp_Parser::AppendToLast(cow_List<inp_Keyword>& keywords, char const* line)
+{
+  inp_Keyword const& keyword = keywords.Last();
+  if (!RefusesLine(keyword, line, false))
+  {
+    // Rows are shared by all copies of a keyword, so the list itself stays as it is.
+    inp_DataArray rows(keyword.data);
+    rows.Append(line);
+  }
+}

@@ -1,0 +1,196 @@
+#include "aio_ifstream.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <new>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// Reads until `size` bytes are there, the file ends or a read fails (then `failed` is set).
+std::size_t ReadFully(int descriptor, char* to, std::size_t size, bool& failed)
+{
+  std::size_t got = 0;
+  while (got < size)
+  {
+    ssize_t const count = ::read(descriptor, to + got, size - got);
+    if (count > 0)
+    {
+      got += static_cast<std::size_t>(count);
+    }
+    else if (count == 0)
+    {
+      break;
+    }
+    else if (errno != EINTR)
+    {
+      failed = true;
+      break;
+    }
+  }
+  return got;
+}
+
+} // namespace
+
+void aio_ifstream::FreeAligned::operator()(char* buffer) const
+{
+  ::operator delete(buffer, std::align_val_t(c_alignment));
+}
+
+aio_ifstream::openEnm aio_ifstream::Open(char const* path)
+{
+  Close();
+  struct stat status;
+  if (::stat(path, &status) != 0)
+  {
+    return errno == EACCES ? aio_unreadable : aio_missing;
+  }
+  // Before open(): opening a pipe waits for its writer.
+  if (!S_ISREG(status.st_mode))
+  {
+    return aio_notRegular;
+  }
+  m_descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (m_descriptor < 0)
+  {
+    return aio_unreadable;
+  }
+  m_fileSize = static_cast<long long>(status.st_size);
+  if (!m_buffer)
+  {
+    m_buffer.reset(static_cast<char*>(::operator new(c_carrySize + c_chunkSize + c_alignment,
+                                                     std::align_val_t(c_alignment))));
+  }
+  m_next = m_end = m_line = m_buffer.get() + c_carrySize;
+  m_atEnd = m_failed = m_hasNulBytes = false;
+  m_bytesRead = 0;
+  Fill(0);
+  if (m_failed)
+  {
+    Close();
+    return aio_unreadable;
+  }
+  std::size_t const available = static_cast<std::size_t>(m_end - m_next);
+  if (available >= 2 &&
+      (std::memcmp(m_next, "\xFF\xFE", 2) == 0 || std::memcmp(m_next, "\xFE\xFF", 2) == 0))
+  {
+    Close();
+    return aio_utf16;
+  }
+  if (available >= 3 && std::memcmp(m_next, "\xEF\xBB\xBF", 3) == 0)
+  {
+    m_next += 3;
+  }
+  return aio_opened;
+}
+
+void aio_ifstream::Close()
+{
+  if (m_descriptor >= 0)
+  {
+    ::close(m_descriptor);
+    m_descriptor = -1;
+  }
+  m_atEnd = true;
+  m_next = m_end;
+}
+
+/// Reads the next chunk behind `carried` bytes that end at the chunk's head. False when the file
+/// holds no more.
+bool aio_ifstream::Fill(std::size_t carried)
+{
+  char* const chunk = m_buffer.get() + c_carrySize;
+  std::size_t const got = m_atEnd ? 0 : ReadFully(m_descriptor, chunk, c_chunkSize, m_failed);
+  m_atEnd = got < c_chunkSize;
+  m_bytesRead += static_cast<long long>(got);
+  if (std::memchr(chunk, 0, got) != nullptr)
+  {
+    m_hasNulBytes = true;
+    std::replace(chunk, chunk + got, '\0', ' ');
+  }
+  m_next = chunk - carried;
+  m_end = chunk + got;
+  return got > 0;
+}
+
+bool aio_ifstream::ReadLine(int limit)
+{
+  limit = std::min(limit, static_cast<int>(c_carrySize) - 1);
+  m_cutBytes = 0;
+  char* feed =
+    static_cast<char*>(std::memchr(m_next, '\n', static_cast<std::size_t>(m_end - m_next)));
+  if (feed == nullptr)
+  {
+    std::size_t const carried = static_cast<std::size_t>(m_end - m_next);
+    if (carried > static_cast<std::size_t>(limit) || carried > c_carrySize)
+    {
+      return ReadLongLine(limit);
+    }
+    char* const chunk = m_buffer ? m_buffer.get() + c_carrySize : nullptr;
+    if (carried > 0)
+    {
+      std::memmove(chunk - carried, m_next, carried);
+    }
+    bool const more = chunk != nullptr && Fill(carried);
+    if (!more && carried == 0)
+    {
+      m_lineLength = 0;
+      return false;
+    }
+    feed = more ? static_cast<char*>(std::memchr(chunk, '\n', static_cast<std::size_t>(m_end - chunk)))
+                : nullptr;
+    if (feed == nullptr)
+    {
+      return ReadLongLine(limit);
+    }
+  }
+  m_line = m_next;
+  m_next = feed + 1;
+  m_endedByLineFeed = true;
+  std::ptrdiff_t const length = feed - m_line;
+  if (length > limit)
+  {
+    m_cutBytes = static_cast<int>(std::min<std::ptrdiff_t>(length - limit, 2));
+    m_lineLength = limit;
+  }
+  else
+  {
+    m_lineLength = static_cast<int>(length);
+  }
+  m_line[m_lineLength] = '\0';
+  return true;
+}
+
+/// A line that ends beyond this chunk, or with the file. Its head is kept, the rest passed over.
+bool aio_ifstream::ReadLongLine(int limit)
+{
+  std::size_t const available = static_cast<std::size_t>(m_end - m_next);
+  std::size_t const kept = std::min(available, static_cast<std::size_t>(limit));
+  std::size_t cut = available - kept;
+  // The kept head moves out of the way of the chunks that follow.
+  char* const place = m_buffer.get();
+  std::memmove(place, m_next, kept);
+  m_endedByLineFeed = false;
+  while (!m_endedByLineFeed && Fill(0))
+  {
+    std::size_t const size = static_cast<std::size_t>(m_end - m_next);
+    char* const feed = static_cast<char*>(std::memchr(m_next, '\n', size));
+    m_endedByLineFeed = feed != nullptr;
+    cut += feed != nullptr ? static_cast<std::size_t>(feed - m_next) : size;
+    m_next = feed != nullptr ? feed + 1 : m_end;
+  }
+  if (!m_endedByLineFeed)
+  {
+    m_next = m_end;
+  }
+  m_line = place;
+  m_lineLength = static_cast<int>(kept);
+  m_line[kept] = '\0';
+  m_cutBytes = static_cast<int>(std::min<std::size_t>(cut, 2));
+  return true;
+}

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+/// Reads a text file line by line, in place, through one large buffer.
+///
+/// A line is handed out as a pointer into the buffer, ended by NUL and writable up to its length;
+/// it stands until the next ReadLine. Nothing is allocated per line, and a file of any size or with
+/// a line of any length takes the same memory.
+///
+/// Bytes are text as they stand, with these exceptions: a UTF-8 byte order mark at the head of the
+/// file is passed over, and NUL bytes are read as blanks (HasNulBytes tells). Lines end at a line
+/// feed; a carriage return before it is part of the line. A last line without line feed is a line.
+///
+/// Only regular files are read: opening a directory, pipe or device fails and never waits. A file
+/// that shrinks while it is read ends early; one that cannot be read further ends too, and Failed
+/// tells.
+class aio_ifstream
+{
+public:
+  enum openEnm
+  {
+    aio_opened,
+    aio_missing,    ///< there is no such file
+    aio_notRegular, ///< a directory, pipe, socket or device
+    aio_unreadable, ///< no permission, or the first read failed
+    aio_utf16       ///< begins with a UTF-16 byte order mark
+  };
+
+  aio_ifstream() = default;
+  ~aio_ifstream() { Close(); }
+  aio_ifstream(aio_ifstream const&) = delete;
+  aio_ifstream& operator=(aio_ifstream const&) = delete;
+
+  openEnm Open(char const* path);
+  void Close();
+  bool IsOpen() const { return m_descriptor >= 0; }
+
+  /// Reads the next line and keeps at most `limit` bytes of it (1023 at most); the rest is passed
+  /// over.
+  /// Returns false at the end of the file.
+  bool ReadLine(int limit);
+
+  char* Line() const { return m_line; }
+  int LineLength() const { return m_lineLength; }
+
+  /// Bytes that the limit cut off the last line, the line feed not counted; counting stops at 2.
+  int CutBytes() const { return m_cutBytes; }
+  /// The last line was ended by a line feed and not by the end of the file.
+  bool EndedByLineFeed() const { return m_endedByLineFeed; }
+  bool HasNulBytes() const { return m_hasNulBytes; }
+  /// A read failed half way through the file.
+  bool Failed() const { return m_failed; }
+  /// Size at opening, in bytes.
+  long long FileSize() const { return m_fileSize; }
+  long long BytesRead() const { return m_bytesRead; }
+
+private:
+  // The area below the chunk takes the head of a line that crosses from one chunk to the next, so
+  // that the file is always read to the same, aligned place: reading to an unaligned one takes
+  // four times as long on common kernels.
+  static constexpr std::size_t c_chunkSize = std::size_t(1) << 16;
+  static constexpr std::size_t c_carrySize = 1024;
+  static constexpr std::size_t c_alignment = 64;
+
+  bool Fill(std::size_t carried);
+  bool ReadLongLine(int limit);
+
+  struct FreeAligned
+  {
+    void operator()(char* buffer) const;
+  };
+
+  std::unique_ptr<char, FreeAligned> m_buffer; ///< carry area, chunk, one byte for a last NUL
+  char* m_next = nullptr;                      ///< first byte not handed out
+  char* m_end = nullptr;                       ///< behind the last byte read
+  char* m_line = nullptr;
+  int m_lineLength = 0;
+  int m_cutBytes = 0;
+  bool m_endedByLineFeed = false;
+  bool m_hasNulBytes = false;
+  bool m_failed = false;
+  bool m_atEnd = false;
+  int m_descriptor = -1;
+  long long m_fileSize = 0;
+  long long m_bytesRead = 0;
+};

@@ -1,0 +1,793 @@
+#pragma once
+
+// cow_List<T>: an indexed sequence that copies in constant time and pays for a copy when written to.
+//
+// A copy shares the directory. The first write through either holder copies the directory, and the
+// block that it touches; the other blocks stay shared.
+//
+//     cow_List<int> a;
+//     a.Append(1).Append(2);
+//     cow_List<int> b = a;      // O(1), shares
+//     b.Get(0) = 7;             // b has a directory and a first block of its own; a[0] is still 1
+//
+// Item i lives at place p = first offset + i, in block p >> shift, slot p & (block size - 1):
+//
+//     directory    0        1        2        3
+//                +--------+--------+--------+--------+--
+//                | null   |   *    |   *    |  null  |        null: block not made yet
+//                +--------+---|----+---|----+--------+--
+//                             |        +--> [ 12 13 14 15 .. ]
+//                             +--> [ .. .. .. .. 0 1 2 ... 11 ]     first offset 20, 16 to a block
+//
+// Reading never copies: ConstGet, operator[], Last, the iterators. Get is the only reading that
+// detaches; there is no writable operator[] or begin() to trip over.
+//
+// Counts are plain ints: a list and its copies belong to one thread at a time. An index out of range
+// ends the process, see cow_SetOutOfRangeHook. At most 2^31 - 1 items.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <iterator>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "mem_Allocation.h"
+
+class cow_String;
+
+/// Sets a function that is called with the bad index and the length before the process is aborted
+/// for an index out of range. Null, the default, aborts in silence. One hook for all threads.
+void cow_SetOutOfRangeHook(void (*hook)(int index, int length)) noexcept;
+
+[[noreturn]] void cow_RaiseOutOfRange(int index, int length) noexcept;
+
+/// Tag of the constructor that takes a size hint.
+struct cow_ListConstruct
+{
+};
+
+/// Block shift and directory size for an expected number of items.
+struct cow_ListShape
+{
+  int blockShift;
+  int directorySize;
+};
+
+/// Up to 255 items: blocks of 16 and a directory of 16. Beyond that 8 to 16 larger blocks hold the
+/// expected items, and 16 slots are spare: 16384 items give blocks of 2048 and 24 slots.
+cow_ListShape cow_ShapeForHint(int hint) noexcept;
+
+/// A counted run of item places. Which places hold items is known to the lists alone.
+template <class T>
+struct cow_ListBlock
+{
+  int count;
+  T* items;
+
+  // Header and items share one allocation.
+  static cow_ListBlock* Make(int blockShift)
+  {
+    static_assert(alignof(T) <= 16);
+    constexpr std::size_t header = 16;
+    void* const memory = mem_OperatorNewThrow(header + (sizeof(T) << blockShift));
+    void* const items = static_cast<char*>(memory) + header;
+    return ::new (memory) cow_ListBlock{1, static_cast<T*>(items)};
+  }
+
+  static void Free(cow_ListBlock* block) noexcept { mem_Free(block); }
+};
+
+/// Forward iterator over const items; good until the list is written to.
+template <class T>
+class cow_ListConstIterator
+{
+public:
+  using iterator_category = std::forward_iterator_tag;
+  using value_type = T;
+  using difference_type = std::ptrdiff_t;
+  using pointer = T const*;
+  using reference = T const&;
+
+  cow_ListConstIterator() = default;
+  cow_ListConstIterator(cow_ListBlock<T>* const* directory, int blockShift, int place)
+      : m_directory(directory), m_place(place), m_blockShift(blockShift)
+  {
+  }
+
+  reference operator*() const noexcept
+  {
+    return m_directory[m_place >> m_blockShift]->items[m_place & ((1 << m_blockShift) - 1)];
+  }
+  pointer operator->() const noexcept { return &**this; }
+
+  cow_ListConstIterator& operator++() noexcept
+  {
+    ++m_place;
+    return *this;
+  }
+  cow_ListConstIterator operator++(int) noexcept
+  {
+    cow_ListConstIterator const before = *this;
+    ++m_place;
+    return before;
+  }
+
+  bool operator==(cow_ListConstIterator const& other) const noexcept
+  {
+    return m_place == other.m_place;
+  }
+
+private:
+  cow_ListBlock<T>* const* m_directory = nullptr;
+  int m_place = 0;
+  int m_blockShift = 0;
+};
+
+template <class T>
+class cow_ListIter;
+
+template <class T>
+class cow_List
+{
+public:
+  using value_type = T;
+  using const_iterator = cow_ListConstIterator<T>;
+
+  /// No items and no directory.
+  cow_List() noexcept = default;
+
+  /// No items, but blocks and a directory fit for `hint` of them.
+  cow_List(cow_ListConstruct, int hint);
+
+  explicit cow_List(T const& a) requires std::is_same_v<T, cow_String> { Append(a); }
+  cow_List(T const& a, T const& b) requires std::is_same_v<T, cow_String> { Append(a).Append(b); }
+  cow_List(T const& a, T const& b, T const& c) requires std::is_same_v<T, cow_String>
+  {
+    Append(a).Append(b).Append(c);
+  }
+  cow_List(T const& a, T const& b, T const& c, T const& d) requires std::is_same_v<T, cow_String>
+  {
+    Append(a).Append(b).Append(c).Append(d);
+  }
+
+  cow_List(cow_List const& other) noexcept;             // O(1), shares
+  cow_List(cow_List&& other) noexcept { Swap(other); }  // O(1), leaves an empty list
+  cow_List& operator=(cow_List const& other) noexcept;
+  cow_List& operator=(cow_List&& other) noexcept;
+  ~cow_List() { Release(); }
+  void Swap(cow_List& other) noexcept;
+
+  int Length() const noexcept { return m_length; }
+  bool Empty() const noexcept { return m_length == 0; }
+
+  /// Returns `i`, which must be the index of an item.
+  int CheckIndex(int i) const noexcept
+  {
+    if (static_cast<unsigned>(i) >= static_cast<unsigned>(m_length)) [[unlikely]]
+      RaiseOutOfRange(i);
+    return i;
+  }
+
+  T const& ConstGet(int i) const noexcept { return UncheckedConstGet(CheckIndex(i)); }
+  T const& operator[](int i) const noexcept { return UncheckedConstGet(CheckIndex(i)); }
+  T const& Last() const noexcept { return ConstGet(m_length - 1); }
+  T const& UncheckedConstGet(int i) const noexcept { return *AddressOf(m_firstOffset + i); }
+
+  /// The item for writing, good until the list is copied or changed in another way. Copies the
+  /// directory and one block where they are shared.
+  T& Get(int i);
+
+  const_iterator begin() const noexcept { return {m_directory, m_blockShift, m_firstOffset}; }
+  const_iterator end() const noexcept
+  {
+    return {m_directory, m_blockShift, m_firstOffset + m_length};
+  }
+
+  cow_List& Append(T const& x);   // amortised O(1)
+  cow_List& Append(T&& x);
+  cow_List& Prepend(T const& x);  // amortised O(1)
+  cow_List& Prepend(T&& x);
+
+  /// Puts `x` before item `i`; the length is a place too. Moves the shorter side by one.
+  void InsertIndex(int i, T const& x);
+  void RemoveIndex(int i);  // moves the shorter side by one
+  void RemoveLast();
+  T Pop();
+
+  /// Cuts the list to its first `n` items, or makes the directory fit for `n`; never makes items.
+  /// Resize(0) also gives up blocks, directory and size hint.
+  void Resize(int n);
+  void Clear() noexcept;
+
+  /// Appends copies of `x` up to length `n`; nothing when the list is as long already.
+  void Fill(int n, T const& x);
+  void Concatenate(cow_List const& other);  // copies all of `other`
+
+  /// A new list of copies of the items from `lo` up to but not including `hi`. Bounds beyond the
+  /// list are cut to it, and an upper bound below the lower one gives an empty list.
+  cow_List Slice(int lo, int hi) const;
+
+  void SetFromArray(T const* items, int count);
+  /// An array of copies, to be freed with delete[]; its length in `count`.
+  T* GetCArray(int& count) const;
+
+  void Sort();  // ascending
+  template <class Less>
+  void Sort(Less less);
+
+  // Membership by ==, O(length).
+  bool IsMember(T const& x) const;
+  bool AppendUnlessMember(T const& x);  // true when appended
+  bool RemoveMember(T const& x);        // removes the first one; true when there was one
+
+  friend bool operator==(cow_List const& a, cow_List const& b)
+  {
+    bool const sameItems = a.m_directory == b.m_directory;
+    return a.m_length == b.m_length && (sameItems || std::equal(a.begin(), a.end(), b.begin()));
+  }
+
+  /// How the items are laid out, for tests and for those who tune hints.
+  cow_ListShape Shape() const noexcept { return {m_blockShift, m_directorySize}; }
+  int FirstOffset() const noexcept { return m_firstOffset; }
+
+private:
+  friend class cow_ListIter<T>;
+  using Block = cow_ListBlock<T>;
+
+  [[noreturn]] void RaiseOutOfRange(int i) const noexcept { cow_RaiseOutOfRange(i, m_length); }
+
+  int SlotMask() const noexcept { return (1 << m_blockShift) - 1; }
+  T* AddressOf(int place) const noexcept
+  {
+    return m_directory[place >> m_blockShift]->items + (place & SlotMask());
+  }
+  T& Item(int i) noexcept { return *AddressOf(m_firstOffset + i); }
+
+  // The slots of a block that hold items.
+  int LiveBegin(int block) const noexcept
+  {
+    return std::max(m_firstOffset - (block << m_blockShift), 0);
+  }
+  int LiveEnd(int block) const noexcept
+  {
+    int const end = m_firstOffset + m_length - (block << m_blockShift);
+    return std::clamp(end, 0, 1 << m_blockShift);
+  }
+
+  void Detach();
+  void CopyArray();
+  void SetDirectorySize(int size);
+  static Block* CopyBlock(Block const* from, int blockShift, int begin, int end);
+  void IsolateBlock(int block);
+  void Isolate(int place) { IsolateRange(place, place); }
+  void IsolateRange(int loPlace, int hiPlace);
+  void DropBlock(int block, int liveBegin, int liveEnd) noexcept;
+  void Truncate(int n);
+  void Release() noexcept;
+  void MakeRoomInFront();
+  T* PlaceBehind();
+  T* PlaceBehindSlow();
+  T* PlaceInFront();
+
+  int m_length = 0;
+  int m_directorySize = 0;  // slots in use; the array may be longer
+  int m_blockShift = 4;
+  int m_firstOffset = 0;
+  int* m_directoryCount = nullptr;
+  Block** m_directory = nullptr;
+};
+
+/// A walk over the items that a list has now, undisturbed by later writes to that list.
+///
+///     cow_ListIter<int> it(list);
+///     for (it.First(); !it.IsDone(); it.Next())
+///       use(it.Current());
+template <class T>
+class cow_ListIter
+{
+public:
+  explicit cow_ListIter(cow_List<T> const& list) : m_list(list) { First(); }
+
+  void First() noexcept
+  {
+    m_cursor = 0;
+    m_blockIndex = m_list.m_firstOffset >> m_list.m_blockShift;
+    m_slot = m_list.m_firstOffset & m_list.SlotMask();
+    LoadBlock();
+  }
+
+  void Next() noexcept
+  {
+    ++m_cursor;
+    if (++m_slot <= m_list.SlotMask()) [[likely]]
+      return;
+    m_slot = 0;
+    ++m_blockIndex;
+    LoadBlock();
+  }
+
+  bool IsDone() const noexcept { return m_cursor >= m_list.m_length; }
+  T const& Current() const noexcept { return m_items[m_slot]; }
+  T const& operator*() const noexcept { return Current(); }
+  T const* operator->() const noexcept { return &Current(); }
+  int Index() const noexcept { return m_cursor; }
+
+private:
+  void LoadBlock() noexcept
+  {
+    m_items = IsDone() ? nullptr : m_list.m_directory[m_blockIndex]->items;
+  }
+
+  cow_List<T> m_list;
+  T const* m_items = nullptr;
+  int m_cursor = 0;
+  int m_blockIndex = 0;
+  int m_slot = 0;
+};
+
+// ------------------------------------------------------------------------------- construction
+
+// A directory is one allocation: this head, then the slots.
+struct cow_ListDirectoryHead
+{
+  int count;
+  int capacity;
+};
+inline constexpr std::size_t cow_listDirectoryHeadSize = 16;
+
+/// Allocates a directory, or resizes `old`, which must not be shared; the count of a new one is 1.
+cow_ListDirectoryHead* cow_AllocateDirectory(int* old, int capacity);
+
+template <class T>
+cow_List<T>::cow_List(cow_ListConstruct, int hint)
+{
+  if (hint <= 0)
+    return;
+  cow_ListShape const shape = cow_ShapeForHint(hint);
+  m_blockShift = shape.blockShift;
+  SetDirectorySize(shape.directorySize);
+}
+
+template <class T>
+cow_List<T>::cow_List(cow_List const& other) noexcept
+    : m_length(other.m_length),
+      m_directorySize(other.m_directorySize),
+      m_blockShift(other.m_blockShift),
+      m_firstOffset(other.m_firstOffset),
+      m_directoryCount(other.m_directoryCount),
+      m_directory(other.m_directory)
+{
+  if (m_directoryCount != nullptr)
+    ++*m_directoryCount;
+}
+
+// Both assignments keep the old content until the new one is in hand: `other` may live inside it.
+template <class T>
+cow_List<T>& cow_List<T>::operator=(cow_List const& other) noexcept
+{
+  cow_List(other).Swap(*this);
+  return *this;
+}
+
+template <class T>
+cow_List<T>& cow_List<T>::operator=(cow_List&& other) noexcept
+{
+  cow_List(std::move(other)).Swap(*this);
+  return *this;
+}
+
+template <class T>
+void cow_List<T>::Swap(cow_List& other) noexcept
+{
+  std::swap(m_length, other.m_length);
+  std::swap(m_directorySize, other.m_directorySize);
+  std::swap(m_blockShift, other.m_blockShift);
+  std::swap(m_firstOffset, other.m_firstOffset);
+  std::swap(m_directoryCount, other.m_directoryCount);
+  std::swap(m_directory, other.m_directory);
+}
+
+// ------------------------------------------------------------------------------------ sharing
+
+template <class T>
+void cow_List<T>::Detach()
+{
+  if (m_directoryCount != nullptr && *m_directoryCount != 1)
+    CopyArray();
+}
+
+template <class T>
+void cow_List<T>::CopyArray()
+{
+  cow_ListDirectoryHead* const head = cow_AllocateDirectory(nullptr, m_directorySize);
+  void* const slots = reinterpret_cast<char*>(head) + cow_listDirectoryHeadSize;
+  Block** const copy = static_cast<Block**>(slots);
+  std::copy_n(m_directory, m_directorySize, copy);
+  for (int block = 0; block < m_directorySize; ++block)
+    if (copy[block] != nullptr)
+      ++copy[block]->count;
+  --*m_directoryCount;
+  m_directoryCount = &head->count;
+  m_directory = copy;
+}
+
+// The directory must not be shared, and a slot that falls away must hold no items. The array grows
+// geometrically behind the size, so that a long row of appends copies each slot a few times only.
+template <class T>
+void cow_List<T>::SetDirectorySize(int size)
+{
+  int const capacity = m_directoryCount == nullptr
+                           ? 0
+                           : reinterpret_cast<cow_ListDirectoryHead*>(m_directoryCount)->capacity;
+  if (size > capacity)
+  {
+    cow_ListDirectoryHead* const head =
+        cow_AllocateDirectory(m_directoryCount, std::max(size, capacity + capacity / 2));
+    void* const slots = reinterpret_cast<char*>(head) + cow_listDirectoryHeadSize;
+    m_directoryCount = &head->count;
+    m_directory = static_cast<Block**>(slots);
+  }
+  for (int block = size; block < m_directorySize; ++block)
+    DropBlock(block, 0, 0);
+  if (size > m_directorySize)
+    std::fill(m_directory + m_directorySize, m_directory + size, nullptr);
+  m_directorySize = size;
+}
+
+// A new block with copies of the given slots.
+template <class T>
+cow_ListBlock<T>* cow_List<T>::CopyBlock(Block const* from, int blockShift, int begin, int end)
+{
+  Block* const copy = Block::Make(blockShift);
+  try
+  {
+    if (begin < end)
+      std::uninitialized_copy(from->items + begin, from->items + end, copy->items + begin);
+  }
+  catch (...)
+  {
+    Block::Free(copy);
+    throw;
+  }
+  return copy;
+}
+
+template <class T>
+void cow_List<T>::IsolateBlock(int block)
+{
+  Block*& slot = m_directory[block];
+  if (slot == nullptr)
+    slot = Block::Make(m_blockShift);
+  else if (slot->count != 1)
+  {
+    Block* const copy = CopyBlock(slot, m_blockShift, LiveBegin(block), LiveEnd(block));
+    --slot->count;
+    slot = copy;
+  }
+}
+
+template <class T>
+void cow_List<T>::IsolateRange(int loPlace, int hiPlace)
+{
+  Detach();
+  for (int block = loPlace >> m_blockShift; block <= hiPlace >> m_blockShift; ++block)
+    IsolateBlock(block);
+}
+
+template <class T>
+void cow_List<T>::DropBlock(int block, int liveBegin, int liveEnd) noexcept
+{
+  Block* const dropped = std::exchange(m_directory[block], nullptr);
+  if (dropped == nullptr || --dropped->count != 0)
+    return;
+  if (liveBegin < liveEnd)
+    std::destroy(dropped->items + liveBegin, dropped->items + liveEnd);
+  Block::Free(dropped);
+}
+
+template <class T>
+void cow_List<T>::Release() noexcept
+{
+  if (m_directoryCount == nullptr || --*m_directoryCount != 0)
+    return;
+  for (int block = 0; block < m_directorySize; ++block)
+    DropBlock(block, LiveBegin(block), LiveEnd(block));
+  mem_Free(m_directoryCount);
+}
+
+// ------------------------------------------------------------------------------------- length
+
+template <class T>
+void cow_List<T>::Clear() noexcept
+{
+  cow_List().Swap(*this);
+}
+
+template <class T>
+void cow_List<T>::Resize(int n)
+{
+  if (n < 0)
+    RaiseOutOfRange(n);
+  if (n == 0)
+    return Clear();
+  Detach();
+  if (n < m_length)
+    Truncate(n);
+  int const lastGroup = (m_firstOffset + n - 1) >> (m_blockShift + 4);
+  SetDirectorySize((lastGroup + 1) * 16);
+}
+
+// The directory must not be shared. What can fail comes first.
+template <class T>
+void cow_List<T>::Truncate(int n)
+{
+  int const kept = (m_firstOffset + n - 1) >> m_blockShift;
+  int const last = (m_firstOffset + m_length - 1) >> m_blockShift;
+  int const newEnd = m_firstOffset + n - (kept << m_blockShift);
+  Block*& slot = m_directory[kept];
+  if (slot->count != 1)
+  {
+    Block* const copy = CopyBlock(slot, m_blockShift, LiveBegin(kept), newEnd);
+    --slot->count;
+    slot = copy;
+  }
+  else
+    std::destroy(slot->items + newEnd, slot->items + LiveEnd(kept));
+  for (int block = kept + 1; block <= last; ++block)
+    DropBlock(block, LiveBegin(block), LiveEnd(block));
+  m_length = n;
+}
+
+template <class T>
+T* cow_List<T>::PlaceBehind()
+{
+  int const place = m_firstOffset + m_length;
+  int const block = place >> m_blockShift;
+  if (block < m_directorySize && *m_directoryCount == 1 && m_directory[block] != nullptr &&
+      m_directory[block]->count == 1) [[likely]]
+    return m_directory[block]->items + (place & SlotMask());
+  return PlaceBehindSlow();
+}
+
+template <class T>
+T* cow_List<T>::PlaceBehindSlow()
+{
+  int const place = m_firstOffset + m_length;
+  if (place >> m_blockShift >= m_directorySize)
+    Resize(m_length + 1);
+  Isolate(place);
+  return AddressOf(place);
+}
+
+template <class T>
+T* cow_List<T>::PlaceInFront()
+{
+  if (m_firstOffset == 0)
+    MakeRoomInFront();
+  Isolate(m_firstOffset - 1);
+  return AddressOf(m_firstOffset - 1);
+}
+
+// Moves the blocks to the end of the directory, which grows first when it is full: by 16 slots, and
+// by half its size once it is large.
+template <class T>
+void cow_List<T>::MakeRoomInFront()
+{
+  int const used = (m_length + SlotMask()) >> m_blockShift;
+  if (used == m_directorySize)
+    Resize(((used + used / 2 / 16 * 16) << m_blockShift) + 1);
+  else
+    Detach();
+  for (int block = used; block < m_directorySize; ++block)
+    DropBlock(block, 0, 0);
+  int const freed = m_directorySize - used;
+  std::copy_backward(m_directory, m_directory + used, m_directory + m_directorySize);
+  std::fill_n(m_directory, freed, nullptr);
+  m_firstOffset = freed << m_blockShift;
+}
+
+// -------------------------------------------------------------------------------------- items
+
+template <class T>
+T& cow_List<T>::Get(int i)
+{
+  int const place = m_firstOffset + CheckIndex(i);
+  if (*m_directoryCount != 1) [[unlikely]]
+    CopyArray();
+  if (m_directory[place >> m_blockShift]->count != 1) [[unlikely]]
+    IsolateBlock(place >> m_blockShift);
+  return *AddressOf(place);
+}
+
+template <class T>
+cow_List<T>& cow_List<T>::Append(T const& x)
+{
+  ::new (static_cast<void*>(PlaceBehind())) T(x);
+  ++m_length;
+  return *this;
+}
+
+template <class T>
+cow_List<T>& cow_List<T>::Append(T&& x)
+{
+  ::new (static_cast<void*>(PlaceBehind())) T(std::move(x));
+  ++m_length;
+  return *this;
+}
+
+template <class T>
+cow_List<T>& cow_List<T>::Prepend(T const& x)
+{
+  ::new (static_cast<void*>(PlaceInFront())) T(x);
+  --m_firstOffset;
+  ++m_length;
+  return *this;
+}
+
+template <class T>
+cow_List<T>& cow_List<T>::Prepend(T&& x)
+{
+  ::new (static_cast<void*>(PlaceInFront())) T(std::move(x));
+  --m_firstOffset;
+  ++m_length;
+  return *this;
+}
+
+template <class T>
+void cow_List<T>::InsertIndex(int i, T const& x)
+{
+  if (i == m_length)
+    return void(Append(x));
+  if (i == 0)
+    return void(Prepend(x));
+  CheckIndex(i);
+  T item(x);  // `x` may be an item that moves
+  if (i >= m_length - i)
+  {
+    IsolateRange(m_firstOffset + i, m_firstOffset + m_length - 1);
+    Append(std::move(Item(m_length - 1)));
+    for (int to = m_length - 2; to > i; --to)
+      Item(to) = std::move(Item(to - 1));
+  }
+  else
+  {
+    IsolateRange(m_firstOffset, m_firstOffset + i - 1);
+    Prepend(std::move(Item(0)));
+    for (int to = 1; to < i; ++to)
+      Item(to) = std::move(Item(to + 1));
+  }
+  Item(i) = std::move(item);
+}
+
+template <class T>
+void cow_List<T>::RemoveIndex(int i)
+{
+  CheckIndex(i);
+  if (i >= m_length - i)
+  {
+    IsolateRange(m_firstOffset + i, m_firstOffset + m_length - 1);
+    for (int to = i; to < m_length - 1; ++to)
+      Item(to) = std::move(Item(to + 1));
+    return RemoveLast();
+  }
+  IsolateRange(m_firstOffset, m_firstOffset + i);
+  for (int to = i; to > 0; --to)
+    Item(to) = std::move(Item(to - 1));
+  std::destroy_at(&Item(0));
+  ++m_firstOffset;
+  --m_length;
+  if ((m_firstOffset & SlotMask()) == 0)  // that block is empty now
+    DropBlock((m_firstOffset - 1) >> m_blockShift, 0, 0);
+}
+
+template <class T>
+void cow_List<T>::RemoveLast()
+{
+  Resize(CheckIndex(m_length - 1));
+}
+
+template <class T>
+T cow_List<T>::Pop()
+{
+  T last(Last());
+  RemoveLast();
+  return last;
+}
+
+// --------------------------------------------------------------------------------- whole lists
+
+template <class T>
+void cow_List<T>::Fill(int n, T const& x)
+{
+  while (m_length < n)
+    Append(x);
+}
+
+template <class T>
+void cow_List<T>::Concatenate(cow_List const& other)
+{
+  int const count = other.m_length;  // `other` may be this list
+  for (int i = 0; i < count; ++i)
+    Append(other.UncheckedConstGet(i));
+}
+
+template <class T>
+cow_List<T> cow_List<T>::Slice(int lo, int hi) const
+{
+  lo = std::max(lo, 0);
+  hi = std::min(std::max(hi, lo), m_length);
+  lo = std::min(lo, hi);
+  cow_List result(cow_ListConstruct{}, hi - lo);
+  for (int i = lo; i < hi; ++i)
+    result.Append(UncheckedConstGet(i));
+  return result;
+}
+
+template <class T>
+void cow_List<T>::SetFromArray(T const* items, int count)
+{
+  cow_List loaded(cow_ListConstruct{}, count);
+  for (int i = 0; i < count; ++i)
+    loaded.Append(items[i]);
+  Swap(loaded);
+}
+
+template <class T>
+T* cow_List<T>::GetCArray(int& count) const
+{
+  std::unique_ptr<T[]> array(new T[static_cast<std::size_t>(m_length)]);
+  std::copy(begin(), end(), array.get());
+  count = m_length;
+  return array.release();
+}
+
+template <class T>
+void cow_List<T>::Sort()
+{
+  Sort([](T const& a, T const& b) { return a < b; });
+}
+
+template <class T>
+template <class Less>
+void cow_List<T>::Sort(Less less)
+{
+  if (m_length < 2)
+    return;
+  IsolateRange(m_firstOffset, m_firstOffset + m_length - 1);
+  std::vector<T> items;
+  items.reserve(static_cast<std::size_t>(m_length));
+  for (int i = 0; i < m_length; ++i)
+    items.push_back(std::move(Item(i)));
+  std::sort(items.begin(), items.end(), less);
+  for (int i = 0; i < m_length; ++i)
+    Item(i) = std::move(items[static_cast<std::size_t>(i)]);
+}
+
+template <class T>
+bool cow_List<T>::IsMember(T const& x) const
+{
+  return std::find(begin(), end(), x) != end();
+}
+
+template <class T>
+bool cow_List<T>::AppendUnlessMember(T const& x)
+{
+  if (IsMember(x))
+    return false;
+  Append(x);
+  return true;
+}
+
+template <class T>
+bool cow_List<T>::RemoveMember(T const& x)
+{
+  int const i = static_cast<int>(std::distance(begin(), std::find(begin(), end(), x)));
+  if (i == m_length)
+    return false;
+  RemoveIndex(i);
+  return true;
+}

@@ -1,0 +1,249 @@
+#include "mem_Allocation.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <mutex>
+#include <new>
+#include <utility>
+
+#if MEM_PLAIN_ALLOCATION
+#include <malloc.h>
+#endif
+
+[[noreturn]] void mem_RaiseExhausted()
+{
+  throw std::bad_alloc();
+}
+
+#if MEM_PLAIN_ALLOCATION
+
+void* mem_Malloc(std::size_t size) noexcept
+{
+  return size > std::numeric_limits<std::ptrdiff_t>::max() ? nullptr
+                                                           : std::malloc(mem_RoundedSize(size));
+}
+
+void* mem_MallocTiny(std::size_t size) noexcept
+{
+  return size <= 8 ? std::malloc(size) : mem_Malloc(size);
+}
+
+void* mem_Realloc(void* block, std::size_t size) noexcept
+{
+  return size > std::numeric_limits<std::ptrdiff_t>::max()
+             ? nullptr
+             : std::realloc(block, mem_RoundedSize(size));
+}
+
+void mem_Free(void* block) noexcept
+{
+  std::free(block);
+}
+
+std::size_t mem_UsableSize(void const* block) noexcept
+{
+  return malloc_usable_size(const_cast<void*>(block));
+}
+
+#else
+
+constinit thread_local mem_ThreadPool mem_threadPool{};
+
+namespace
+{
+
+// What ended threads left behind, and the memory from which slabs are cut.
+struct CommonStore
+{
+  std::mutex mutex;
+  void* freeBlocks[mem_classCount] = {};
+  mem_Slab* partial[mem_classCount] = {};
+  char* chunkNext = nullptr;
+  char* chunkEnd = nullptr;
+  std::size_t chunkSize = std::size_t{1} << 20;
+};
+
+// Never destroyed: destructors of other statics still allocate and free.
+constinit CommonStore store;
+
+constexpr std::size_t largestChunk = std::size_t{32} << 20;
+
+bool TakeChunk()
+{
+  std::size_t size = store.chunkSize;
+  void* chunk = std::aligned_alloc(mem_slabSize, size);
+  if (chunk == nullptr && size > mem_slabSize)
+  {
+    size = mem_slabSize;
+    chunk = std::aligned_alloc(mem_slabSize, size);
+  }
+  if (chunk == nullptr)
+    return false;
+  store.chunkNext = static_cast<char*>(chunk);
+  store.chunkEnd = store.chunkNext + size;
+  store.chunkSize = std::min(largestChunk, store.chunkSize * 2);
+  return true;
+}
+
+char* EndOfBlocks(mem_Slab* slab, std::size_t sizeClass)
+{
+  std::size_t const size = mem_classSizes[sizeClass];
+  std::size_t const count = (mem_slabSize - mem_slabHeader) / size;
+  return reinterpret_cast<char*>(slab) + mem_slabHeader + count * size;
+}
+
+mem_Slab* CutSlab(std::size_t sizeClass)
+{
+  if (store.chunkNext == store.chunkEnd && !TakeChunk())
+    return nullptr;
+  mem_Slab* const slab = ::new (store.chunkNext) mem_Slab{};
+  slab->sizeClass = static_cast<std::uint32_t>(sizeClass);
+  slab->partialNext = store.chunkNext + mem_slabHeader;
+  store.chunkNext += mem_slabSize;
+  return slab;
+}
+
+// Gives the calling thread blocks of a class that it has run out of.
+bool Refill(std::size_t sizeClass)
+{
+  mem_ThreadClass& own = mem_threadPool.classes[sizeClass];
+  std::lock_guard<std::mutex> const lock(store.mutex);
+  if (store.freeBlocks[sizeClass] != nullptr)
+  {
+    own.freeBlocks = std::exchange(store.freeBlocks[sizeClass], nullptr);
+    return true;
+  }
+  mem_Slab* slab = store.partial[sizeClass];
+  if (slab != nullptr)
+    store.partial[sizeClass] = slab->nextPartial;
+  else
+    slab = CutSlab(sizeClass);
+  if (slab == nullptr)
+    return false;
+  own.next = slab->partialNext;
+  own.end = EndOfBlocks(slab, sizeClass);
+  return true;
+}
+
+// Moves what the calling thread holds of a class to the store.
+void HandOver(std::size_t sizeClass)
+{
+  mem_ThreadClass& own = mem_threadPool.classes[sizeClass];
+  if (void* const first = own.freeBlocks)
+  {
+    void* last = first;
+    while (void* const next = mem_LinkOf(last))
+      last = next;
+    std::lock_guard<std::mutex> const lock(store.mutex);
+    mem_SetLink(last, store.freeBlocks[sizeClass]);
+    store.freeBlocks[sizeClass] = first;
+  }
+  if (own.next != own.end)
+  {
+    mem_Slab* const slab = mem_SlabOf(own.next);
+    slab->partialNext = own.next;
+    std::lock_guard<std::mutex> const lock(store.mutex);
+    slab->nextPartial = std::exchange(store.partial[sizeClass], slab);
+  }
+  own = mem_ThreadClass{};
+}
+
+thread_local constinit bool threadEnded = false;
+
+struct ThreadEnd
+{
+  ThreadEnd() noexcept { mem_threadPool.attached = true; }
+  ~ThreadEnd()
+  {
+    mem_threadPool.attached = false;
+    threadEnded = true;
+    for (std::size_t sizeClass = 0; sizeClass < mem_classCount; ++sizeClass)
+      HandOver(sizeClass);
+  }
+};
+
+// Makes sure that the end of this thread hands its lists over. False when that is already past: then
+// nothing may stay in them.
+bool Attach()
+{
+  if (threadEnded)
+    return false;
+  static thread_local ThreadEnd end;
+  return mem_threadPool.attached;
+}
+
+void* MallocOwnSlab(std::size_t size)
+{
+  if (size > std::numeric_limits<std::ptrdiff_t>::max())
+    return nullptr;
+  std::size_t const whole = mem_slabHeader + mem_RoundedSize(size);
+  void* const memory = std::aligned_alloc(mem_slabSize, whole);
+  if (memory == nullptr)
+    return nullptr;
+  mem_Slab* const slab = ::new (memory) mem_Slab{};
+  slab->sizeClass = mem_ownSlab;
+  slab->ownSize = whole - mem_slabHeader;
+  return static_cast<char*>(memory) + mem_slabHeader;
+}
+
+}  // namespace
+
+void* mem_MallocSlow(std::size_t stride, std::size_t sizeClass) noexcept
+{
+  bool const attached = Attach();
+  if (!Refill(sizeClass))
+    return nullptr;
+  void* const block = mem_TakeBlock(sizeClass, stride);
+  if (!attached)
+    HandOver(sizeClass);
+  return block;
+}
+
+void* mem_MallocWide(std::size_t size) noexcept
+{
+  if (size > mem_classSizes.back())
+    return MallocOwnSlab(size);
+  auto const found = std::lower_bound(mem_classSizes.begin() + mem_fineClasses,
+                                      mem_classSizes.end(), size);
+  return mem_TakeBlock(static_cast<std::size_t>(found - mem_classSizes.begin()), *found);
+}
+
+void mem_FreeSlow(void* block) noexcept
+{
+  mem_Slab* const slab = mem_SlabOf(block);
+  if (slab->sizeClass == mem_ownSlab)
+    return std::free(slab);
+  bool const attached = Attach();
+  mem_ThreadClass& own = mem_threadPool.classes[slab->sizeClass];
+  mem_SetLink(block, own.freeBlocks);
+  own.freeBlocks = block;
+  if (!attached)
+    HandOver(slab->sizeClass);
+}
+
+std::size_t mem_RoundedSize(std::size_t size) noexcept
+{
+  if (size <= mem_fineLimit)
+    return size == 0 ? 16 : (size + 15) & ~std::size_t{15};
+  if (size > mem_classSizes.back())  // whole pages, header included
+    return ((size + mem_slabHeader + 4095) & ~std::size_t{4095}) - mem_slabHeader;
+  return *std::lower_bound(mem_classSizes.begin() + mem_fineClasses, mem_classSizes.end(), size);
+}
+
+void* mem_Realloc(void* block, std::size_t size) noexcept
+{
+  if (block == nullptr)
+    return mem_Malloc(size);
+  std::size_t const usable = mem_UsableSize(block);
+  if (size <= usable && size >= usable / 2)
+    return block;
+  void* const moved = mem_Malloc(size);
+  if (moved == nullptr)
+    return nullptr;
+  std::memcpy(moved, block, std::min(usable, size));
+  mem_Free(block);
+  return moved;
+}
+
+#endif

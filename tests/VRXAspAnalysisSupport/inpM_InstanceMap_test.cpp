@@ -1,0 +1,107 @@
+#include "inpM_InstanceMap.h"
+
+#include "VRXAspBcuAnalysisIROptions.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace
+{
+class CapturedMessages : public wip_WipReporter
+{
+public:
+  CapturedMessages() { omi_Singleton<wip_WIP>::Instance().AddReporter(*this); }
+  ~CapturedMessages() override { omi_Singleton<wip_WIP>::Instance().RemoveReporter(*this); }
+
+  void Message(wip_Message const& message) override
+  {
+    texts.push_back(std::to_string(message.level) + ": " + message.text.CStr());
+  }
+
+  std::vector<std::string> texts;
+};
+
+template <class Action>
+std::string AssertionOf(Action const& action)
+{
+  try
+  {
+    action();
+  }
+  catch (VRXBasAssertException const& exception)
+  {
+    return exception.Condition();
+  }
+  return "";
+}
+} // namespace
+
+TEST(inpM_InstanceMap, ChildrenComeInAscendingOrderOfTheirNames)
+{
+  inpM_InstanceMap<int> map;
+  EXPECT_EQ(0, map.Instances().Length());
+  for (char const* name : {"B-1", "A-10", "b", "A-1"})
+  {
+    map.Insert(name, 1);
+  }
+  cow_List<cow_String> const names = map.Instances();
+  EXPECT_EQ((cow_List<cow_String>("A-1", "A-10", "B-1", "b")), names);
+}
+
+TEST(inpM_InstanceMap, CopiesAndSharedValuesStayWhenOneIsWritten)
+{
+  inpM_InstanceMap<int> map(7);
+  map.Insert("A", 1);
+  map.GetMap("A").Insert("INNER", 5);
+  inpM_InstanceMap<int> copy = map;
+  copy.Get() = 8;
+  copy.Get("A") = 2;
+  copy.GetMap("A").Get("INNER") = 6;
+  copy.Insert("B", 3);
+  EXPECT_EQ(7, map.ConstGet());
+  EXPECT_EQ(1, map.ConstGet("A"));
+  EXPECT_EQ(5, map.ConstGetMap("A").ConstGet("INNER"));
+  EXPECT_FALSE(map.IsMember("B"));
+  EXPECT_EQ(8, copy.ConstGet());
+  EXPECT_EQ(6, copy.ConstGetMap("A").ConstGet("INNER"));
+}
+
+TEST(inpM_InstanceMap, InsertOverAChildReplacesItsValueAndKeepsItsChildren)
+{
+  inpM_InstanceMap<int> map;
+  map.Insert("A", 1);
+  map.GetMap("A").Insert("INNER", 5);
+  map.Insert("A", 2);
+  EXPECT_EQ(2, map.ConstGet("A"));
+  EXPECT_TRUE(map.ConstGetMap("A").IsMember("INNER"));
+  map = inpM_InstanceMap<int>(map.ConstGetMap("A")); // a part of itself
+  EXPECT_EQ(2, map.ConstGet());
+  EXPECT_EQ(5, map.ConstGet("INNER"));
+}
+
+TEST(inpM_InstanceMap, MissingValuesAreAssertionsAndUnknownInstancesFatalErrors)
+{
+  CapturedMessages messages;
+  inpM_InstanceMap<int> map;
+  EXPECT_EQ("item.HasValue()", AssertionOf([&] { map.Get(); }));
+  EXPECT_EQ("item.HasValue()", AssertionOf([&] { map.ConstGet(); }));
+  EXPECT_EQ(std::vector<std::string>(), messages.texts);
+  EXPECT_EQ("GetMap(instanceName).item.HasValue()", AssertionOf([&] { map.Get("X"); }));
+  map.Insert("A", 1);
+  map.GetMap("Y").Insert("LOST", 1);
+  EXPECT_FALSE(map.ConstGetMap("Z").IsMember("LOST"));
+  EXPECT_EQ((std::vector<std::string>{"2: Unknown instance X", "2: Unknown instance Y",
+                                      "2: Unknown instance Z"}),
+            messages.texts);
+}
+
+TEST(VRXAspBcuAnalysisIROptions, AnswerWhatTheDriverSet)
+{
+  VRXAspBcuAnalysisIROptions options;
+  EXPECT_FALSE(options.IsResultsSim() || options.IsResultsBoth());
+  options.SetResultsBoth(true);
+  EXPECT_TRUE(options.IsResultsBoth());
+  EXPECT_FALSE(options.IsResultsSim());
+}

@@ -1,0 +1,217 @@
+#include "mem_Allocation.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <new>
+#include <random>
+#include <set>
+#include <thread>
+#include <vector>
+
+namespace
+{
+
+struct Block
+{
+  unsigned char* bytes;
+  std::size_t size;
+  unsigned char mark;
+};
+
+bool HoldsItsMark(Block const& block)
+{
+  return std::all_of(block.bytes, block.bytes + block.size,
+                     [&](unsigned char byte) { return byte == block.mark; });
+}
+
+Block Take(std::size_t size, unsigned char mark)
+{
+  Block const block{static_cast<unsigned char*>(mem_Malloc(size)), size, mark};
+  std::memset(block.bytes, mark, size);
+  return block;
+}
+
+// Mostly rows and cells, at times a block of list items, at times one beyond every size class.
+std::size_t RandomSize(std::mt19937& random)
+{
+  std::size_t const limits[] = {24, 120, 120, 520, 2000, 30000, 200000};
+  return random() % limits[random() % 7];
+}
+
+} // namespace
+
+TEST(mem_Allocation, RandomBlocksKeepTheirContent)
+{
+  std::mt19937 random(20240501);
+  std::vector<Block> blocks;
+  for (int step = 0; step < 20000; ++step)
+  {
+    std::size_t const choice = random() % 8;
+    std::size_t const at = blocks.empty() ? 0 : random() % blocks.size();
+    if (blocks.empty() || (choice < 4 && blocks.size() < 600))
+      blocks.push_back(Take(RandomSize(random), static_cast<unsigned char>(step)));
+    else if (choice < 6)
+    {
+      Block& block = blocks[at];
+      std::size_t const size = RandomSize(random);
+      block.bytes = static_cast<unsigned char*>(mem_Realloc(block.bytes, size));
+      block.size = std::min(block.size, size);
+      ASSERT_TRUE(HoldsItsMark(block)) << "after resizing to " << size;
+      block.size = size;
+      std::memset(block.bytes, block.mark, size);
+    }
+    else
+    {
+      ASSERT_TRUE(HoldsItsMark(blocks[at])) << "of size " << blocks[at].size;
+      mem_Free(blocks[at].bytes);
+      std::swap(blocks[at], blocks.back());
+      blocks.pop_back();
+    }
+  }
+  for (Block const& block : blocks)
+  {
+    EXPECT_TRUE(HoldsItsMark(block));
+    mem_Free(block.bytes);
+  }
+}
+
+TEST(mem_Allocation, BlocksAreAlignedAndAsLargeAsTheySay)
+{
+  for (std::size_t size = 0; size < 70000; size += size < 600 ? 1 : 977)
+  {
+    void* const block = mem_Malloc(size);
+    std::size_t const usable = mem_UsableSize(block);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % 16, 0U) << size;
+    EXPECT_EQ(usable, mem_RoundedSize(size)) << size;
+    EXPECT_GE(usable, size);
+    EXPECT_EQ(usable % 16, 0U) << size;
+    EXPECT_LE(usable, size + std::max<std::size_t>(16, size / 2)) << size;
+    std::memset(block, 0xa5, usable);
+    mem_Free(block);
+  }
+  for (std::size_t size : {1U, 4U, 8U, 9U, 16U})
+  {
+    void* const cell = mem_OperatorNewTinyThrow(size);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(cell) % 8, 0U) << size;
+    std::memset(cell, 0xa5, size);
+    mem_Free(cell);
+  }
+}
+
+TEST(mem_Allocation, LiveBlocksNeverOverlap)
+{
+  std::vector<Block> blocks;
+  for (std::size_t size : {std::size_t{8}, std::size_t{48}, std::size_t{512}, std::size_t{21000}})
+    for (int i = 0; i < 3000 && i * size < 4000000; ++i)
+      blocks.push_back(Take(size, static_cast<unsigned char>(i)));
+  EXPECT_TRUE(std::all_of(blocks.begin(), blocks.end(), HoldsItsMark));
+  for (Block const& block : blocks)
+    mem_Free(block.bytes);
+}
+
+TEST(mem_Allocation, ThreadsFreeEachOthersBlocks)
+{
+  std::vector<Block> blocks;
+  for (int i = 0; i < 5000; ++i)
+    blocks.push_back(Take(40 + static_cast<std::size_t>(i) % 60, static_cast<unsigned char>(i)));
+  bool intact = true;
+  std::vector<Block> made;
+  std::thread other(
+    [&]
+    {
+      for (Block const& block : blocks)
+      {
+        intact = intact && HoldsItsMark(block);
+        mem_Free(block.bytes);
+      }
+      for (int i = 0; i < 5000; ++i)
+        made.push_back(Take(40 + static_cast<std::size_t>(i) % 60, static_cast<unsigned char>(i)));
+    });
+  other.join();
+  EXPECT_TRUE(intact);
+  EXPECT_TRUE(std::all_of(made.begin(), made.end(), HoldsItsMark));
+  for (Block const& block : made)
+    mem_Free(block.bytes);
+}
+
+#if !MEM_PLAIN_ALLOCATION
+TEST(mem_Allocation, WhatAnEndedThreadFreedIsUsedAgain)
+{
+  // More than a slab of one class, so that both free lists and a half-carved slab are handed over.
+  constexpr std::size_t size = 400;
+  constexpr int count = 1000;
+  std::set<std::uintptr_t> slabs;
+  std::thread(
+    [&]
+    {
+      std::vector<void*> blocks;
+      for (int i = 0; i < count; ++i)
+        blocks.push_back(mem_Malloc(size));
+      for (void* const block : blocks)
+      {
+        slabs.insert(reinterpret_cast<std::uintptr_t>(mem_SlabOf(block)));
+        mem_Free(block);
+      }
+    })
+    .join();
+  int reused = 0;
+  std::thread(
+    [&]
+    {
+      std::vector<void*> blocks;
+      for (int i = 0; i < count; ++i)
+        blocks.push_back(mem_Malloc(size));
+      for (void* const block : blocks)
+      {
+        reused += slabs.count(reinterpret_cast<std::uintptr_t>(mem_SlabOf(block))) != 0;
+        mem_Free(block);
+      }
+    })
+    .join();
+  EXPECT_EQ(reused, count);
+}
+
+namespace
+{
+// Frees and allocates when its thread's lists have already been handed over.
+struct LateUser
+{
+  void* block = nullptr;
+  ~LateUser()
+  {
+    mem_Free(block);
+    mem_Free(mem_Malloc(80));
+  }
+};
+} // namespace
+
+TEST(mem_Allocation, ServesDestructorsThatRunAfterTheHandOver)
+{
+  std::thread(
+    []
+    {
+      static thread_local LateUser user; // made before the allocator's own, so destroyed after it
+      user.block = mem_Malloc(80);
+    })
+    .join();
+  void* const block = mem_Malloc(80);
+  std::memset(block, 1, 80);
+  mem_Free(block);
+}
+#endif
+
+TEST(mem_Allocation, ExhaustionIsNullOrAnException)
+{
+  std::size_t const huge = std::numeric_limits<std::size_t>::max() - 100;
+  EXPECT_EQ(mem_Malloc(huge), nullptr);
+  EXPECT_THROW(mem_OperatorNewThrow(huge), std::bad_alloc);
+  EXPECT_THROW(mem_OperatorNewTinyThrow(huge), std::bad_alloc);
+  EXPECT_THROW(mem_OperatorNewThrowBuiltin(huge), std::bad_alloc);
+  Block block = Take(100, 7);
+  EXPECT_EQ(mem_Realloc(block.bytes, huge), nullptr);
+  EXPECT_TRUE(HoldsItsMark(block));
+  mem_Free(block.bytes);
+  mem_Free(nullptr);
+}

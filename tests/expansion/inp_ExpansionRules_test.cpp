@@ -1,0 +1,216 @@
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+enum class Kind
+{
+  uniform,
+  input,
+  byHand,
+  unreached
+};
+
+struct Table
+{
+  std::string parameter;
+  std::vector<std::string> words;
+};
+
+struct Rule
+{
+  Kind kind;
+  std::string stem;
+  std::vector<std::string> parameters;
+  std::vector<Table> tables;
+};
+
+#define PARAMETERS(...) __VA_ARGS__ __VA_OPT__(, ) nullptr
+#define VALUES(...) __VA_ARGS__, nullptr,
+#define INP_RULE(stem, parameters, ...)                                                            \
+  constexpr char const* const parametersOf##stem[] = {parameters};                                 \
+  constexpr char const* const valuesOf##stem[] = {__VA_ARGS__ nullptr};
+#include "inp_ExpansionRules.def"
+
+struct StaticRule
+{
+  Kind kind;
+  char const* stem;
+  char const* const* parameters;
+  char const* const* values;
+};
+
+constexpr StaticRule staticRules[] = {
+#define INP_RULE(stem, ...) {Kind::uniform, #stem, parametersOf##stem, valuesOf##stem},
+#define INP_RULE_INPUT(stem, ...) {Kind::input, #stem, parametersOf##stem, valuesOf##stem},
+#define INP_RULE_BY_HAND(stem, ...) {Kind::byHand, #stem, parametersOf##stem, valuesOf##stem},
+#define INP_RULE_UNREACHED(stem, ...) {Kind::unreached, #stem, parametersOf##stem, valuesOf##stem},
+#include "inp_ExpansionRules.def"
+};
+
+std::vector<std::string> TakeRun(char const* const*& entry)
+{
+  std::vector<std::string> run;
+  while (*entry != nullptr)
+    run.emplace_back(*entry++);
+  ++entry;
+  return run;
+}
+
+std::vector<Rule> AllRules()
+{
+  std::vector<Rule> rules;
+  for (StaticRule const& row : staticRules)
+  {
+    char const* const* entry = row.parameters;
+    Rule rule{row.kind, row.stem, TakeRun(entry), {}};
+    entry = row.values;
+    while (*entry != nullptr)
+    {
+      std::string const parameter = *entry++;
+      rule.tables.push_back({parameter, TakeRun(entry)});
+    }
+    rules.push_back(rule);
+  }
+  return rules;
+}
+
+std::vector<Rule> const rules = AllRules();
+
+using Places = std::set<std::string>; // "Stem name"
+
+bool IsMember(std::vector<std::string> const& list, std::string const& entry)
+{
+  return std::find(list.begin(), list.end(), entry) != list.end();
+}
+
+Places Repeated(std::string const& stem, std::vector<std::string> const& entries)
+{
+  Places places;
+  std::set<std::string> met;
+  for (std::string const& entry : entries)
+    if (!met.insert(entry).second)
+      places.insert(stem + ' ' + entry);
+  return places;
+}
+} // namespace
+
+// A lost comma joins two entries in silence and changes a count.
+TEST(inp_ExpansionRules, CountsStand)
+{
+  std::map<Kind, int> kinds;
+  std::size_t parameters = 0, tables = 0, words = 0;
+  for (Rule const& rule : rules)
+  {
+    ++kinds[rule.kind];
+    parameters += rule.parameters.size();
+    tables += rule.tables.size();
+    for (Table const& table : rule.tables)
+      words += table.words.size();
+  }
+  EXPECT_EQ(rules.size(), 521u);
+  EXPECT_EQ(kinds[Kind::unreached], 6);
+  EXPECT_EQ(parameters, 2624u);
+  EXPECT_EQ(tables, 797u);
+  EXPECT_EQ(words, 2248u);
+}
+
+TEST(inp_ExpansionRules, ARuleBelongsToOneKeywordUnlessItSaysThatNoneReachesIt)
+{
+  std::set<std::string> keywords, stems;
+#define INP_KEYWORD(stem, name, value) keywords.insert(#stem);
+#define INP_KEYWORD_UNVISITED(stem, name, value)
+#define INP_KEYWORD_SHARED(stem, name, value, visitor)
+#include "inp_Keywords.def"
+  for (Rule const& rule : rules)
+  {
+    EXPECT_TRUE(stems.insert(rule.stem).second) << rule.stem;
+    EXPECT_EQ(keywords.contains(rule.stem), rule.kind != Kind::unreached) << rule.stem;
+  }
+}
+
+TEST(inp_ExpansionRules, EntriesAreWrittenAsTheDeckReaderCompares)
+{
+  Places odd;
+  for (Rule const& rule : rules)
+  {
+    for (std::string const& parameter : rule.parameters)
+    {
+      bool const plain =
+        parameter.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-") == std::string::npos;
+      if (!plain || parameter.empty() || parameter.size() > 30)
+        odd.insert(rule.stem + ' ' + parameter);
+    }
+    for (Table const& table : rule.tables)
+      for (std::string const& word : table.words)
+      {
+        bool const plain =
+          word.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-") == std::string::npos;
+        if (!plain || word.empty() || word.size() > 30)
+          odd.insert(rule.stem + ' ' + table.parameter + ' ' + word);
+      }
+  }
+  EXPECT_EQ(odd,
+            (Places{
+              "ContactInclusions all ", // so that a spelled "all" lands on it
+              "ConwepChargeProperty Bannister", "ConwepChargeProperty RandersPehrson",
+              "UndexChargeProperty Hicks", "UndexChargeProperty HunterGeers", // names of models
+            }));
+}
+
+TEST(inp_ExpansionRules, EnumeratedNamesAreParameters)
+{
+  Places odd;
+  for (Rule const& rule : rules)
+    for (Table const& table : rule.tables)
+      if (!IsMember(rule.parameters, table.parameter))
+        odd.insert(rule.stem + ' ' + table.parameter);
+  // Reached when the deck spells them out: an unknown parameter keeps its name.
+  EXPECT_EQ(odd,
+            (Places{"ConnectorFriction extrapolation", "ConnectorFriction flow", "Dflux regiontype",
+                    "MatrixGenerate transformation", "PMLCoefficient type"}));
+}
+
+TEST(inp_ExpansionRules, NothingStandsTwice)
+{
+  Places parameters, tables, words;
+  for (Rule const& rule : rules)
+  {
+    parameters.merge(Repeated(rule.stem, rule.parameters));
+    std::vector<std::string> enumerated;
+    for (Table const& table : rule.tables)
+    {
+      enumerated.push_back(table.parameter);
+      words.merge(Repeated(rule.stem + ' ' + table.parameter, table.words));
+    }
+    tables.merge(Repeated(rule.stem, enumerated));
+  }
+  // Harmless: the search for a parameter stops at the first full agreement.
+  EXPECT_EQ(parameters, (Places{"DampingControls diagonal", "DampingControls lowfrequencycutoff",
+                                "DampingControls structural", "DampingControls viscous",
+                                "MatrixExport format", "MatrixExport modeshapes",
+                                "MatrixExport workflow", "SubstructureDampingControls diagonal",
+                                "SubstructureDampingControls structural",
+                                "SubstructureDampingControls viscous"}));
+  // Two tables for one parameter, next to each other.
+  EXPECT_EQ(tables, (Places{"ClayHardening type", "ContactPair adjust", "ResponseSpectrum comp",
+                            "SoftRockHardening type"}));
+  EXPECT_EQ(words, Places{});
+}
+
+TEST(inp_ExpansionRules, RulesThatReadAFileListItsParameter)
+{
+  for (Rule const& rule : rules)
+  {
+    bool const listed = IsMember(rule.parameters, "input");
+    if (rule.kind == Kind::uniform || rule.kind == Kind::input)
+    {
+      EXPECT_EQ(listed, rule.kind == Kind::input) << rule.stem;
+    }
+  }
+}

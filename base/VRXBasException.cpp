@@ -19,25 +19,13 @@ atr_String VRXBasException::DeveloperReport(VRXBasStringMode mode) const
   return WithPlace(UserReport(mode), m_sourceFile, m_sourceLine);
 }
 
-atr_String VRXBasException::UserReport(VRXBasStringMode) const
-{
-  return atr_String();
-}
+atr_String VRXBasException::UserReport(VRXBasStringMode) const { return atr_String(); }
 
-cow_String VRXBasException::AsString(VRXBasStringMode mode) const
-{
-  return UserReport(mode);
-}
+cow_String VRXBasException::AsString(VRXBasStringMode mode) const { return UserReport(mode); }
 
-void VRXBasException::Propagate() const
-{
-  throw VRXBasException(*this);
-}
+void VRXBasException::Propagate() const { throw VRXBasException(*this); }
 
-VRXBasException* VRXBasException::Clone() const
-{
-  return Copy();
-}
+VRXBasException* VRXBasException::Clone() const { return Copy(); }
 
 char const* VRXBasException::GetCode() const
 {
@@ -45,15 +33,9 @@ char const* VRXBasException::GetCode() const
   return report.Origin() != nullptr ? report.Origin()->code : "";
 }
 
-VRXBasException* VRXBasException::Copy() const
-{
-  return new VRXBasException(*this);
-}
+VRXBasException* VRXBasException::Copy() const { return new VRXBasException(*this); }
 
-std::type_info const& VRXBasException::DynTypeId() const
-{
-  return typeid(*this);
-}
+std::type_info const& VRXBasException::DynTypeId() const { return typeid(*this); }
 
 void VRXBasException::DBWrite(cls_WriteVisitor const& visitor) const
 {
@@ -83,10 +65,7 @@ atr_String VRXBasAssertException::UserReport(VRXBasStringMode) const
   return atr_String(m_condition);
 }
 
-void VRXBasAssertException::Propagate() const
-{
-  throw VRXBasAssertException(*this);
-}
+void VRXBasAssertException::Propagate() const { throw VRXBasAssertException(*this); }
 
 VRXBasAssertException* VRXBasAssertException::Copy() const
 {

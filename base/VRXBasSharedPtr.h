@@ -40,7 +40,7 @@ private:
   virtual void Dispose() noexcept = 0;
 
   int m_uses = 1;
-  int m_weaks = 1;  // all shared pointers together count as one
+  int m_weaks = 1; // all shared pointers together count as one
 };
 
 /// Deletes the object as the type that it was handed over as.
@@ -69,21 +69,16 @@ public:
 
   /// Takes over `object`, made with new; null is allowed.
   template <class U>
-    requires std::is_convertible_v<U*, T*>
-  explicit VRXBasSharedPtr(U* object) : m_object(object), m_counter(CounterOf(object))
-  {
-  }
+  requires std::is_convertible_v<U*, T*>
+  explicit VRXBasSharedPtr(U* object) : m_object(object), m_counter(CounterOf(object)) {}
 
   VRXBasSharedPtr(VRXBasSharedPtr const& other) noexcept
-      : VRXBasSharedPtr(other.m_object, other.m_counter)
+    : VRXBasSharedPtr(other.m_object, other.m_counter)
   {
   }
   template <class U>
-    requires std::is_convertible_v<U*, T*>
-  VRXBasSharedPtr(VRXBasSharedPtr<U> const& other) noexcept
-      : VRXBasSharedPtr(other.m_object, other.m_counter)
-  {
-  }
+  requires std::is_convertible_v<U*, T*> VRXBasSharedPtr(VRXBasSharedPtr<U> const& other)
+  noexcept : VRXBasSharedPtr(other.m_object, other.m_counter) {}
   VRXBasSharedPtr(VRXBasSharedPtr&& other) noexcept { swap(other); }
   VRXBasSharedPtr& operator=(VRXBasSharedPtr other) noexcept
   {
@@ -128,7 +123,7 @@ private:
   friend class VRXBasWeakPtr;
 
   VRXBasSharedPtr(T* object, VRXBasRefCounter* counter) noexcept
-      : m_object(object), m_counter(counter)
+    : m_object(object), m_counter(counter)
   {
     if (m_counter != nullptr)
       m_counter->AddUse();
@@ -161,11 +156,11 @@ class VRXBasWeakPtr
 public:
   VRXBasWeakPtr() noexcept = default;
   VRXBasWeakPtr(VRXBasSharedPtr<T> const& shared) noexcept
-      : VRXBasWeakPtr(shared.m_object, shared.m_counter)
+    : VRXBasWeakPtr(shared.m_object, shared.m_counter)
   {
   }
   VRXBasWeakPtr(VRXBasWeakPtr const& other) noexcept
-      : VRXBasWeakPtr(other.m_object, other.m_counter)
+    : VRXBasWeakPtr(other.m_object, other.m_counter)
   {
   }
   VRXBasWeakPtr(VRXBasWeakPtr&& other) noexcept { swap(other); }
@@ -198,7 +193,7 @@ public:
 
 private:
   VRXBasWeakPtr(T* object, VRXBasRefCounter* counter) noexcept
-      : m_object(object), m_counter(counter)
+    : m_object(object), m_counter(counter)
   {
     if (m_counter != nullptr)
       m_counter->AddWeak();

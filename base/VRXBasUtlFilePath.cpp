@@ -10,15 +10,9 @@ namespace
 
 namespace fs = std::filesystem;
 
-fs::path PathOf(cow_String const& text)
-{
-  return fs::path(std::string(text.View()));
-}
+fs::path PathOf(cow_String const& text) { return fs::path(std::string(text.View())); }
 
-cow_String TextOf(fs::path const& path)
-{
-  return cow_String(std::string_view(path.native()));
-}
+cow_String TextOf(fs::path const& path) { return cow_String(std::string_view(path.native())); }
 
 // Status behind links. A NUL byte would cut the name short and ask about another file.
 fs::file_type TypeOf(cow_String const& path)
@@ -55,25 +49,13 @@ bool VRXBasUtlFilePath::IsReadable() const
   return Exists() && ::access(m_path.CStr(), R_OK) == 0;
 }
 
-bool VRXBasUtlFilePath::IsDir() const
-{
-  return TypeOf(m_path) == fs::file_type::directory;
-}
+bool VRXBasUtlFilePath::IsDir() const { return TypeOf(m_path) == fs::file_type::directory; }
 
-bool VRXBasUtlFilePath::IsRegular() const
-{
-  return TypeOf(m_path) == fs::file_type::regular;
-}
+bool VRXBasUtlFilePath::IsRegular() const { return TypeOf(m_path) == fs::file_type::regular; }
 
-cow_String VRXBasUtlFilePath::FileName() const
-{
-  return TextOf(PathOf(m_path).filename());
-}
+cow_String VRXBasUtlFilePath::FileName() const { return TextOf(PathOf(m_path).filename()); }
 
-cow_String VRXBasUtlFilePath::Extension() const
-{
-  return TextOf(PathOf(m_path).extension());
-}
+cow_String VRXBasUtlFilePath::Extension() const { return TextOf(PathOf(m_path).extension()); }
 
 cow_String VRXBasUtlFilePath::AbsolutePathName() const
 {

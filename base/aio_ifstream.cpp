@@ -67,7 +67,7 @@ aio_ifstream::openEnm aio_ifstream::Open(char const* path)
                                                      std::align_val_t(c_alignment))));
   }
   m_next = m_end = m_line = m_buffer.get() + c_carrySize;
-  m_atEnd = m_failed = m_hasNulBytes = false;
+  m_atEnd = m_failed = m_hasNulBytes = m_chunkHoldsAsterisk = false;
   m_bytesRead = 0;
   Fill(0);
   if (m_failed)
@@ -112,6 +112,13 @@ bool aio_ifstream::Fill(std::size_t carried)
   {
     m_hasNulBytes = true;
     std::replace(chunk, chunk + got, '\0', ' ');
+  }
+  // At the end of the file the last line still stands in the chunk before.
+  if (got > 0)
+  {
+    bool const holdsAsterisk = std::memchr(chunk, '*', got) != nullptr;
+    m_mayHoldAsterisk = holdsAsterisk || m_chunkHoldsAsterisk;
+    m_chunkHoldsAsterisk = holdsAsterisk;
   }
   m_next = chunk - carried;
   m_end = chunk + got;

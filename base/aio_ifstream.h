@@ -6,8 +6,8 @@
 /// Reads a text file line by line, in place, through one large buffer.
 ///
 /// A line is handed out as a pointer into the buffer, ended by NUL and writable up to its length;
-/// it stands until the next ReadLine. Nothing is allocated per line, and a file of any size or with
-/// a line of any length takes the same memory.
+/// it stands until the next ReadLine, and 16 bytes behind it may be read. Nothing is allocated per
+/// line, and a file of any size or with a line of any length takes the same memory.
 ///
 /// Bytes are text as they stand, with these exceptions: a UTF-8 byte order mark at the head of the
 /// file is passed over, and NUL bytes are read as blanks (HasNulBytes tells). Lines end at a line
@@ -50,6 +50,9 @@ public:
   /// The last line was ended by a line feed and not by the end of the file.
   bool EndedByLineFeed() const { return m_endedByLineFeed; }
   bool HasNulBytes() const { return m_hasNulBytes; }
+  /// The last line, or text near it, may hold an asterisk. False is certain: found out for a chunk
+  /// at a time, it spares looking through every line.
+  bool MayHoldAsterisk() const { return m_mayHoldAsterisk; }
   /// A read failed half way through the file.
   bool Failed() const { return m_failed; }
   /// Size at opening, in bytes.
@@ -72,7 +75,7 @@ private:
     void operator()(char* buffer) const;
   };
 
-  std::unique_ptr<char, FreeAligned> m_buffer; ///< carry area, chunk, one byte for a last NUL
+  std::unique_ptr<char, FreeAligned> m_buffer; ///< carry area, chunk, room behind
   char* m_next = nullptr;                      ///< first byte not handed out
   char* m_end = nullptr;                       ///< behind the last byte read
   char* m_line = nullptr;
@@ -80,6 +83,8 @@ private:
   int m_cutBytes = 0;
   bool m_endedByLineFeed = false;
   bool m_hasNulBytes = false;
+  bool m_mayHoldAsterisk = false;
+  bool m_chunkHoldsAsterisk = false;
   bool m_failed = false;
   bool m_atEnd = false;
   int m_descriptor = -1;

@@ -22,8 +22,8 @@ public:
   /// False, with the stream's fail state set, when the file cannot be opened or one is open.
   bool open(VRXBasUtlFilePath const& path)
   {
-    bool const opened =
-      m_file.open(path.Path().CStr(), std::ios::out | std::ios::trunc | std::ios::binary) != nullptr;
+    bool const opened = m_file.open(path.Path().CStr(),
+                                    std::ios::out | std::ios::trunc | std::ios::binary) != nullptr;
     if (opened)
       clear();
     else

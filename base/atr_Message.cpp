@@ -73,7 +73,4 @@ void atr_SubstituteFormat(atr_translate& translator, int index, atr_String const
   translator.Set(index, value);
 }
 
-atr_String atr_raw(char const* text, VRXBasStringMode)
-{
-  return atr_String(text);
-}
+atr_String atr_raw(char const* text, VRXBasStringMode) { return atr_String(text); }

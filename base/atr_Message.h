@@ -12,9 +12,9 @@ struct atr_Place
 {
   std::size_t start = 0;
   std::size_t length = 0;
-  int number = 0;           ///< from 1, of a numbered placeholder
-  bool isNumbered = false;  ///< "%2$s"; otherwise "%s" or, with a name, "%name$s"
-  std::string_view name;    ///< at least two characters
+  int number = 0;          ///< from 1, of a numbered placeholder
+  bool isNumbered = false; ///< "%2$s"; otherwise "%s" or, with a name, "%name$s"
+  std::string_view name;   ///< at least two characters
 };
 
 namespace atr_detail
@@ -34,7 +34,8 @@ constexpr atr_Place PlaceAt(std::string_view format, std::size_t start)
   while (end < format.size() && IsNameChar(format[end]))
     ++end;
   std::string_view const word = format.substr(start + 1, end - start - 1);
-  bool const closes = end + 1 < format.size() && format[end] == '$' && IsConversion(format[end + 1]);
+  bool const closes =
+    end + 1 < format.size() && format[end] == '$' && IsConversion(format[end + 1]);
   bool allDigits = !word.empty();
   int number = 0;
   for (char c : word)

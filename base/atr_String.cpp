@@ -78,10 +78,7 @@ atr_String& atr_String::operator=(atr_String&& other) noexcept
   return *this;
 }
 
-atr_String::~atr_String()
-{
-  DropDetail();
-}
+atr_String::~atr_String() { DropDetail(); }
 
 void atr_String::DropDetail() noexcept
 {
@@ -199,6 +196,13 @@ atr_String& atr_String::LocaleToUTF8()
     }
   }
   Assign(utf8);
+  if (m_detail != nullptr && m_detail->isParsed)
+  {
+    // The places have moved; they are found anew.
+    atr_StringDetail& detail = OwnDetail();
+    detail.places.clear();
+    detail.isParsed = false;
+  }
   return *this;
 }
 

@@ -7,11 +7,11 @@
 /// Where a message comes from: its stable code, and the place in the deck that it speaks of.
 struct atr_Origin
 {
-  char const* code = "";  ///< the message row's id; a literal
-  cow_String file{};      ///< empty when no file is meant
-  int line = 0;           ///< from 1; 0 when no line is meant
-  cow_String keyword{};   ///< name of the keyword without the asterisk; empty when none is meant
-  cow_String subject{};   ///< the word at fault, such as a parameter's name; may be empty
+  char const* code = ""; ///< the message row's id; a literal
+  cow_String file{};     ///< empty when no file is meant
+  int line = 0;          ///< from 1; 0 when no line is meant
+  cow_String keyword{};  ///< name of the keyword without the asterisk; empty when none is meant
+  cow_String subject{};  ///< the word at fault, such as a parameter's name; may be empty
 };
 
 struct atr_StringDetail;

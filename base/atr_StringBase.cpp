@@ -64,10 +64,7 @@ void atr_StringRep::Release(atr_StringRep* rep) noexcept
     mem_Free(rep);
 }
 
-atr_StringBase::atr_StringBase(std::string_view text)
-{
-  Assign(text);
-}
+atr_StringBase::atr_StringBase(std::string_view text) { Assign(text); }
 
 atr_StringBase::atr_StringBase(int value)
 {
@@ -110,10 +107,7 @@ void atr_StringBase::Drop() noexcept
   m_rep = nullptr;
 }
 
-void atr_StringBase::MakeEmpty() noexcept
-{
-  Drop();
-}
+void atr_StringBase::MakeEmpty() noexcept { Drop(); }
 
 char* atr_StringBase::MakeRoom(int length)
 {
@@ -153,14 +147,14 @@ void atr_StringBase::AppendText(std::string_view text)
 void atr_StringBase::Splice(int start, int count, std::string_view by)
 {
   int const oldLength = Length();
-  int const newLength =
-    CheckedLength(static_cast<std::size_t>(oldLength - count) + by.size());
+  int const newLength = CheckedLength(static_cast<std::size_t>(oldLength - count) + by.size());
   std::size_t const tail = static_cast<std::size_t>(oldLength - start - count);
   bool const atEnd = tail == 0;
   bool const sole = m_rep != nullptr && m_rep->count == 1;
   if (sole && atEnd && newLength <= m_rep->capacity)
   {
-    std::memmove(m_text + start, by.data(), by.size());
+    if (!by.empty())
+      std::memmove(m_text + start, by.data(), by.size());
   }
   else
   {
@@ -298,7 +292,8 @@ void atr_StringBase::SubstituteText(std::string_view from, std::string_view to, 
   if (from.empty() || count <= 0)
     return;
   std::size_t found = 0;
-  for (std::size_t at = text.find(from); at != std::string_view::npos && found < static_cast<std::size_t>(count);
+  for (std::size_t at = text.find(from);
+       at != std::string_view::npos && found < static_cast<std::size_t>(count);
        at = text.find(from, at + from.size()))
     ++found;
   if (found == 0)

@@ -46,10 +46,7 @@ public:
   std::string_view View() const noexcept { return {CStr(), static_cast<std::size_t>(Length())}; }
 
   /// The byte at an index, or NUL for an index outside the text.
-  char operator[](int index) const noexcept
-  {
-    return index >= 0 && index < Length() ? m_text[index] : '\0';
-  }
+  char operator[](int index) const noexcept { return ReadAt(index); }
 
   /// Index of the first match at or after `from` (below 0 counts as 0); Length() when absent.
   int Find(std::string_view needle, int from = 0) const noexcept;
@@ -108,6 +105,10 @@ protected:
   atr_StringBase& operator=(atr_StringBase&& other) noexcept;
   ~atr_StringBase() { Drop(); }
 
+  char ReadAt(int index) const noexcept
+  {
+    return index >= 0 && index < Length() ? m_text[index] : '\0';
+  }
   /// A text of its own of `length` bytes for the caller to fill.
   char* MakeRoom(int length);
   void Assign(std::string_view text);

@@ -31,7 +31,7 @@ struct cow_BtreeNode : mem_AllocationOperators
   static constexpr std::size_t full = 2 * half + 1;
 
   std::vector<Entry> entries;
-  std::vector<Handle> children;  // one more than entries, or none in a leaf
+  std::vector<Handle> children; // one more than entries, or none in a leaf
 
   /// The first entry whose key is not below `key`.
   std::size_t Position(K const& key) const
@@ -185,7 +185,7 @@ bool cow_Btree<K, V>::InsertUnlessMember(K const& key, V const& value)
 {
   if (IsMember(key))
     return false;
-  typename Node::Entry entry{key, value};  // either may live in a node that is about to change
+  typename Node::Entry entry{key, value}; // either may live in a node that is about to change
   if (m_root.IsNull())
     m_root = new Node;
   if (m_root->entries.size() == Node::full)

@@ -22,15 +22,15 @@ public:
   explicit cow_CountedHld(T* referent) : m_count(NewCount(referent)), m_referent(referent) {}
 
   cow_CountedHld(cow_CountedHld const& other) noexcept
-      : m_count(other.m_count), m_referent(other.m_referent)
+    : m_count(other.m_count), m_referent(other.m_referent)
   {
     if (m_count != nullptr)
       ++*m_count;
   }
 
   cow_CountedHld(cow_CountedHld&& other) noexcept
-      : m_count(std::exchange(other.m_count, nullptr)),
-        m_referent(std::exchange(other.m_referent, nullptr))
+    : m_count(std::exchange(other.m_count, nullptr)),
+      m_referent(std::exchange(other.m_referent, nullptr))
   {
   }
 

@@ -10,10 +10,7 @@ namespace
 std::atomic<void (*)(int index, int length)> outOfRangeHook = nullptr;
 }
 
-void cow_SetOutOfRangeHook(void (*hook)(int index, int length)) noexcept
-{
-  outOfRangeHook = hook;
-}
+void cow_SetOutOfRangeHook(void (*hook)(int index, int length)) noexcept { outOfRangeHook = hook; }
 
 [[noreturn]] void cow_RaiseOutOfRange(int index, int length) noexcept
 {
@@ -26,7 +23,7 @@ void cow_SetOutOfRangeHook(void (*hook)(int index, int length)) noexcept
 // 2^e, read from the hint as a single, is rounded up to eighths.
 cow_ListShape cow_ShapeForHint(int hint) noexcept
 {
-  constexpr int largestHint = 1 << 28;  // places of a full directory still fit an int
+  constexpr int largestHint = 1 << 28; // places of a full directory still fit an int
   cow_ListShape shape{4, 0};
   if (hint <= 0)
     return shape;

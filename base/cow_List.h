@@ -23,108 +23,21 @@
 // detaches; there is no writable operator[] or begin() to trip over.
 //
 // Counts are plain ints: a list and its copies belong to one thread at a time. An index out of range
-// ends the process, see cow_SetOutOfRangeHook. At most 2^31 - 1 items.
+// ends the process, see cow_SetOutOfRangeHook. At most 2^30 items.
+
+#include "cow_ListBlock.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <cstring>
-#include <iterator>
 #include <memory>
-#include <new>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
-#include "mem_Allocation.h"
-
 class cow_String;
-
-/// Sets a function that is called with the bad index and the length before the process is aborted
-/// for an index out of range. Null, the default, aborts in silence. One hook for all threads.
-void cow_SetOutOfRangeHook(void (*hook)(int index, int length)) noexcept;
-
-[[noreturn]] void cow_RaiseOutOfRange(int index, int length) noexcept;
 
 /// Tag of the constructor that takes a size hint.
 struct cow_ListConstruct
 {
-};
-
-/// Block shift and directory size for an expected number of items.
-struct cow_ListShape
-{
-  int blockShift;
-  int directorySize;
-};
-
-/// Up to 255 items: blocks of 16 and a directory of 16. Beyond that 8 to 16 larger blocks hold the
-/// expected items, and 16 slots are spare: 16384 items give blocks of 2048 and 24 slots.
-cow_ListShape cow_ShapeForHint(int hint) noexcept;
-
-/// A counted run of item places. Which places hold items is known to the lists alone.
-template <class T>
-struct cow_ListBlock
-{
-  int count;
-  T* items;
-
-  // Header and items share one allocation.
-  static cow_ListBlock* Make(int blockShift)
-  {
-    static_assert(alignof(T) <= 16);
-    constexpr std::size_t header = 16;
-    void* const memory = mem_OperatorNewThrow(header + (sizeof(T) << blockShift));
-    void* const items = static_cast<char*>(memory) + header;
-    return ::new (memory) cow_ListBlock{1, static_cast<T*>(items)};
-  }
-
-  static void Free(cow_ListBlock* block) noexcept { mem_Free(block); }
-};
-
-/// Forward iterator over const items; good until the list is written to.
-template <class T>
-class cow_ListConstIterator
-{
-public:
-  using iterator_category = std::forward_iterator_tag;
-  using value_type = T;
-  using difference_type = std::ptrdiff_t;
-  using pointer = T const*;
-  using reference = T const&;
-
-  cow_ListConstIterator() = default;
-  cow_ListConstIterator(cow_ListBlock<T>* const* directory, int blockShift, int place)
-      : m_directory(directory), m_place(place), m_blockShift(blockShift)
-  {
-  }
-
-  reference operator*() const noexcept
-  {
-    return m_directory[m_place >> m_blockShift]->items[m_place & ((1 << m_blockShift) - 1)];
-  }
-  pointer operator->() const noexcept { return &**this; }
-
-  cow_ListConstIterator& operator++() noexcept
-  {
-    ++m_place;
-    return *this;
-  }
-  cow_ListConstIterator operator++(int) noexcept
-  {
-    cow_ListConstIterator const before = *this;
-    ++m_place;
-    return before;
-  }
-
-  bool operator==(cow_ListConstIterator const& other) const noexcept
-  {
-    return m_place == other.m_place;
-  }
-
-private:
-  cow_ListBlock<T>* const* m_directory = nullptr;
-  int m_place = 0;
-  int m_blockShift = 0;
 };
 
 template <class T>
@@ -154,8 +67,8 @@ public:
     Append(a).Append(b).Append(c).Append(d);
   }
 
-  cow_List(cow_List const& other) noexcept;             // O(1), shares
-  cow_List(cow_List&& other) noexcept { Swap(other); }  // O(1), leaves an empty list
+  cow_List(cow_List const& other) noexcept;            // O(1), shares
+  cow_List(cow_List&& other) noexcept { Swap(other); } // O(1), leaves an empty list
   cow_List& operator=(cow_List const& other) noexcept;
   cow_List& operator=(cow_List&& other) noexcept;
   ~cow_List() { Release(); }
@@ -187,14 +100,14 @@ public:
     return {m_directory, m_blockShift, m_firstOffset + m_length};
   }
 
-  cow_List& Append(T const& x);   // amortised O(1)
+  cow_List& Append(T const& x); // amortised O(1)
   cow_List& Append(T&& x);
-  cow_List& Prepend(T const& x);  // amortised O(1)
+  cow_List& Prepend(T const& x); // amortised O(1)
   cow_List& Prepend(T&& x);
 
   /// Puts `x` before item `i`; the length is a place too. Moves the shorter side by one.
   void InsertIndex(int i, T const& x);
-  void RemoveIndex(int i);  // moves the shorter side by one
+  void RemoveIndex(int i); // moves the shorter side by one
   void RemoveLast();
   T Pop();
 
@@ -205,7 +118,7 @@ public:
 
   /// Appends copies of `x` up to length `n`; nothing when the list is as long already.
   void Fill(int n, T const& x);
-  void Concatenate(cow_List const& other);  // copies all of `other`
+  void Concatenate(cow_List const& other); // copies all of `other`
 
   /// A new list of copies of the items from `lo` up to but not including `hi`. Bounds beyond the
   /// list are cut to it, and an upper bound below the lower one gives an empty list.
@@ -215,14 +128,14 @@ public:
   /// An array of copies, to be freed with delete[]; its length in `count`.
   T* GetCArray(int& count) const;
 
-  void Sort();  // ascending
+  void Sort(); // ascending
   template <class Less>
   void Sort(Less less);
 
   // Membership by ==, O(length).
   bool IsMember(T const& x) const;
-  bool AppendUnlessMember(T const& x);  // true when appended
-  bool RemoveMember(T const& x);        // removes the first one; true when there was one
+  bool AppendUnlessMember(T const& x); // true when appended
+  bool RemoveMember(T const& x);       // removes the first one; true when there was one
 
   friend bool operator==(cow_List const& a, cow_List const& b)
   {
@@ -258,6 +171,7 @@ private:
     return std::clamp(end, 0, 1 << m_blockShift);
   }
 
+  void UseDirectory(cow_ListDirectoryHead* head) noexcept;
   void Detach();
   void CopyArray();
   void SetDirectorySize(int size);
@@ -274,73 +188,14 @@ private:
   T* PlaceInFront();
 
   int m_length = 0;
-  int m_directorySize = 0;  // slots in use; the array may be longer
+  int m_directorySize = 0; // slots in use; the array may be longer
   int m_blockShift = 4;
   int m_firstOffset = 0;
   int* m_directoryCount = nullptr;
   Block** m_directory = nullptr;
 };
 
-/// A walk over the items that a list has now, undisturbed by later writes to that list.
-///
-///     cow_ListIter<int> it(list);
-///     for (it.First(); !it.IsDone(); it.Next())
-///       use(it.Current());
-template <class T>
-class cow_ListIter
-{
-public:
-  explicit cow_ListIter(cow_List<T> const& list) : m_list(list) { First(); }
-
-  void First() noexcept
-  {
-    m_cursor = 0;
-    m_blockIndex = m_list.m_firstOffset >> m_list.m_blockShift;
-    m_slot = m_list.m_firstOffset & m_list.SlotMask();
-    LoadBlock();
-  }
-
-  void Next() noexcept
-  {
-    ++m_cursor;
-    if (++m_slot <= m_list.SlotMask()) [[likely]]
-      return;
-    m_slot = 0;
-    ++m_blockIndex;
-    LoadBlock();
-  }
-
-  bool IsDone() const noexcept { return m_cursor >= m_list.m_length; }
-  T const& Current() const noexcept { return m_items[m_slot]; }
-  T const& operator*() const noexcept { return Current(); }
-  T const* operator->() const noexcept { return &Current(); }
-  int Index() const noexcept { return m_cursor; }
-
-private:
-  void LoadBlock() noexcept
-  {
-    m_items = IsDone() ? nullptr : m_list.m_directory[m_blockIndex]->items;
-  }
-
-  cow_List<T> m_list;
-  T const* m_items = nullptr;
-  int m_cursor = 0;
-  int m_blockIndex = 0;
-  int m_slot = 0;
-};
-
 // ------------------------------------------------------------------------------- construction
-
-// A directory is one allocation: this head, then the slots.
-struct cow_ListDirectoryHead
-{
-  int count;
-  int capacity;
-};
-inline constexpr std::size_t cow_listDirectoryHeadSize = 16;
-
-/// Allocates a directory, or resizes `old`, which must not be shared; the count of a new one is 1.
-cow_ListDirectoryHead* cow_AllocateDirectory(int* old, int capacity);
 
 template <class T>
 cow_List<T>::cow_List(cow_ListConstruct, int hint)
@@ -354,12 +209,12 @@ cow_List<T>::cow_List(cow_ListConstruct, int hint)
 
 template <class T>
 cow_List<T>::cow_List(cow_List const& other) noexcept
-    : m_length(other.m_length),
-      m_directorySize(other.m_directorySize),
-      m_blockShift(other.m_blockShift),
-      m_firstOffset(other.m_firstOffset),
-      m_directoryCount(other.m_directoryCount),
-      m_directory(other.m_directory)
+  : m_length(other.m_length),
+    m_directorySize(other.m_directorySize),
+    m_blockShift(other.m_blockShift),
+    m_firstOffset(other.m_firstOffset),
+    m_directoryCount(other.m_directoryCount),
+    m_directory(other.m_directory)
 {
   if (m_directoryCount != nullptr)
     ++*m_directoryCount;
@@ -394,6 +249,14 @@ void cow_List<T>::Swap(cow_List& other) noexcept
 // ------------------------------------------------------------------------------------ sharing
 
 template <class T>
+void cow_List<T>::UseDirectory(cow_ListDirectoryHead* head) noexcept
+{
+  void* const slots = reinterpret_cast<char*>(head) + cow_listDirectoryHeadSize;
+  m_directoryCount = &head->count;
+  m_directory = static_cast<Block**>(slots);
+}
+
+template <class T>
 void cow_List<T>::Detach()
 {
   if (m_directoryCount != nullptr && *m_directoryCount != 1)
@@ -403,16 +266,14 @@ void cow_List<T>::Detach()
 template <class T>
 void cow_List<T>::CopyArray()
 {
-  cow_ListDirectoryHead* const head = cow_AllocateDirectory(nullptr, m_directorySize);
-  void* const slots = reinterpret_cast<char*>(head) + cow_listDirectoryHeadSize;
-  Block** const copy = static_cast<Block**>(slots);
-  std::copy_n(m_directory, m_directorySize, copy);
+  int* const sharedCount = m_directoryCount;
+  Block* const* const shared = m_directory;
+  UseDirectory(cow_AllocateDirectory(nullptr, m_directorySize));
+  std::copy_n(shared, m_directorySize, m_directory);
   for (int block = 0; block < m_directorySize; ++block)
-    if (copy[block] != nullptr)
-      ++copy[block]->count;
-  --*m_directoryCount;
-  m_directoryCount = &head->count;
-  m_directory = copy;
+    if (m_directory[block] != nullptr)
+      ++m_directory[block]->count;
+  --*sharedCount;
 }
 
 // The directory must not be shared, and a slot that falls away must hold no items. The array grows
@@ -421,16 +282,10 @@ template <class T>
 void cow_List<T>::SetDirectorySize(int size)
 {
   int const capacity = m_directoryCount == nullptr
-                           ? 0
-                           : reinterpret_cast<cow_ListDirectoryHead*>(m_directoryCount)->capacity;
+                         ? 0
+                         : reinterpret_cast<cow_ListDirectoryHead*>(m_directoryCount)->capacity;
   if (size > capacity)
-  {
-    cow_ListDirectoryHead* const head =
-        cow_AllocateDirectory(m_directoryCount, std::max(size, capacity + capacity / 2));
-    void* const slots = reinterpret_cast<char*>(head) + cow_listDirectoryHeadSize;
-    m_directoryCount = &head->count;
-    m_directory = static_cast<Block**>(slots);
-  }
+    UseDirectory(cow_AllocateDirectory(m_directoryCount, std::max(size, capacity + capacity / 2)));
   for (int block = size; block < m_directorySize; ++block)
     DropBlock(block, 0, 0);
   if (size > m_directorySize)
@@ -645,7 +500,7 @@ void cow_List<T>::InsertIndex(int i, T const& x)
   if (i == 0)
     return void(Prepend(x));
   CheckIndex(i);
-  T item(x);  // `x` may be an item that moves
+  T item(x); // `x` may be an item that moves
   if (i >= m_length - i)
   {
     IsolateRange(m_firstOffset + i, m_firstOffset + m_length - 1);
@@ -680,7 +535,7 @@ void cow_List<T>::RemoveIndex(int i)
   std::destroy_at(&Item(0));
   ++m_firstOffset;
   --m_length;
-  if ((m_firstOffset & SlotMask()) == 0)  // that block is empty now
+  if ((m_firstOffset & SlotMask()) == 0) // that block is empty now
     DropBlock((m_firstOffset - 1) >> m_blockShift, 0, 0);
 }
 
@@ -710,7 +565,7 @@ void cow_List<T>::Fill(int n, T const& x)
 template <class T>
 void cow_List<T>::Concatenate(cow_List const& other)
 {
-  int const count = other.m_length;  // `other` may be this list
+  int const count = other.m_length; // `other` may be this list
   for (int i = 0; i < count; ++i)
     Append(other.UncheckedConstGet(i));
 }
@@ -791,3 +646,5 @@ bool cow_List<T>::RemoveMember(T const& x)
   RemoveIndex(i);
   return true;
 }
+
+#include "cow_ListIter.h"

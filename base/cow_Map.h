@@ -15,7 +15,8 @@
 // An operation costs the length of its path. That is log2(Size()) for keys that differ in their low
 // bits. Texts differ by the low bits of their bytes only, and those that do not, such as the names
 // SET-1, SET-3, SET-5, ... hang in one chain, which a search walks from its top: a million such names
-// in one map are slow. Nothing here recurses, so a chain may be as long as it likes.
+// in one map are slow, and cow_Btree serves them better. Nothing here recurses, so a chain may be as
+// long as it likes.
 //
 // Counts are plain ints: a map and its copies belong to one thread at a time.
 
@@ -48,10 +49,7 @@ inline int cow_MapBit(cow_String const& key, int depth) noexcept
 }
 
 /// Below, equal to or above 0: the order of sorted iteration. Texts compare by bytes.
-inline int cow_CompareKeys(int a, int b) noexcept
-{
-  return a < b ? -1 : a > b ? 1 : 0;
-}
+inline int cow_CompareKeys(int a, int b) noexcept { return a < b ? -1 : a > b ? 1 : 0; }
 
 inline int cow_CompareKeys(cow_String const& a, cow_String const& b) noexcept
 {
@@ -70,7 +68,7 @@ struct cow_MapNode : mem_AllocationOperators
 {
   cow_MapNode(K const& k, V const& v) : key(k), value(v) {}
   cow_MapNode(K const& k, V&& v) : key(k), value(std::move(v)) {}
-  cow_MapNode(cow_MapNode const&) = default;  // shares both children
+  cow_MapNode(cow_MapNode const&) = default; // shares both children
   cow_MapNode& operator=(cow_MapNode const&) = delete;
   ~cow_MapNode()
   {
@@ -126,9 +124,9 @@ class cow_Map
 {
 public:
   cow_Map() = default;
-  cow_Map(cow_Map const&) noexcept = default;  // O(1), shares
-  cow_Map(cow_Map&& other) noexcept            // leaves an empty map
-      : m_root(std::move(other.m_root)), m_size(std::exchange(other.m_size, 0))
+  cow_Map(cow_Map const&) noexcept = default; // O(1), shares
+  cow_Map(cow_Map&& other) noexcept           // leaves an empty map
+    : m_root(std::move(other.m_root)), m_size(std::exchange(other.m_size, 0))
   {
   }
   // By value: what is assigned may live inside this map.
@@ -234,7 +232,7 @@ public:
   using Comparison = int (*)(void const* a, void const* b);
 
   explicit cow_ConstMapSortedIt(cow_Map<K, V> const& map, Comparison compare = AscSortCmp)
-      : Base(map), m_compare(compare)
+    : Base(map), m_compare(compare)
   {
   }
 

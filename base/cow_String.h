@@ -32,9 +32,28 @@ public:
   cow_String& operator=(omn_FixedString text) { return *this = text.CStr(); }
   ~cow_String() = default;
 
+  /// A place in a writable text: read as a char, or assigned one.
+  class Byte
+  {
+  public:
+    Byte(cow_String& text, int index) noexcept : m_text(text), m_index(index) {}
+    Byte(Byte const&) noexcept = default;
+    operator char() const noexcept { return m_text.ReadAt(m_index); }
+    Byte& operator=(char c)
+    {
+      m_text.WritableAt(m_index) = c;
+      return *this;
+    }
+    Byte& operator=(Byte const& other) { return *this = static_cast<char>(other); }
+
+  private:
+    cow_String& m_text;
+    int m_index;
+  };
+
   using atr_StringBase::operator[];
-  /// Detaches. Reading through it detaches too: read a shared text through a const reference.
-  char& operator[](int index) { return WritableAt(index); }
+  /// Only the assignment detaches; to assign outside the text is a broken invariant.
+  Byte operator[](int index) noexcept { return {*this, index}; }
 
   cow_String& Append(atr_StringBase const& text);
   cow_String& Append(char const* text);

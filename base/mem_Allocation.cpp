@@ -9,12 +9,11 @@
 
 #if MEM_PLAIN_ALLOCATION
 #include <malloc.h>
+#elif defined(__linux__)
+#include <sys/mman.h>
 #endif
 
-[[noreturn]] void mem_RaiseExhausted()
-{
-  throw std::bad_alloc();
-}
+[[noreturn]] void mem_RaiseExhausted() { throw std::bad_alloc(); }
 
 #if MEM_PLAIN_ALLOCATION
 
@@ -32,14 +31,11 @@ void* mem_MallocTiny(std::size_t size) noexcept
 void* mem_Realloc(void* block, std::size_t size) noexcept
 {
   return size > std::numeric_limits<std::ptrdiff_t>::max()
-             ? nullptr
-             : std::realloc(block, mem_RoundedSize(size));
+           ? nullptr
+           : std::realloc(block, mem_RoundedSize(size));
 }
 
-void mem_Free(void* block) noexcept
-{
-  std::free(block);
-}
+void mem_Free(void* block) noexcept { std::free(block); }
 
 std::size_t mem_UsableSize(void const* block) noexcept
 {
@@ -68,11 +64,30 @@ struct CommonStore
 constinit CommonStore store;
 
 constexpr std::size_t largestChunk = std::size_t{32} << 20;
+constexpr std::size_t hugePage = std::size_t{2} << 20;
+// A block of its own from this size on takes whole huge pages: at most an eighth more than it needs.
+constexpr std::size_t worthHugePages = 8 * hugePage;
+
+// A chunk of whole huge pages is asked for as such: first touches of small pages, not the work on
+// their content, are what filling a large deck's rows would otherwise wait for.
+void* AllocateChunk(std::size_t size)
+{
+#if defined(__linux__)
+  if (size % hugePage == 0)
+  {
+    void* const chunk = std::aligned_alloc(hugePage, size);
+    if (chunk != nullptr)
+      madvise(chunk, size, MADV_HUGEPAGE);
+    return chunk;
+  }
+#endif
+  return std::aligned_alloc(mem_slabSize, size);
+}
 
 bool TakeChunk()
 {
   std::size_t size = store.chunkSize;
-  void* chunk = std::aligned_alloc(mem_slabSize, size);
+  void* chunk = AllocateChunk(size);
   if (chunk == nullptr && size > mem_slabSize)
   {
     size = mem_slabSize;
@@ -149,15 +164,12 @@ void HandOver(std::size_t sizeClass)
   own = mem_ThreadClass{};
 }
 
-thread_local constinit bool threadEnded = false;
-
 struct ThreadEnd
 {
   ThreadEnd() noexcept { mem_threadPool.attached = true; }
   ~ThreadEnd()
   {
     mem_threadPool.attached = false;
-    threadEnded = true;
     for (std::size_t sizeClass = 0; sizeClass < mem_classCount; ++sizeClass)
       HandOver(sizeClass);
   }
@@ -167,8 +179,6 @@ struct ThreadEnd
 // nothing may stay in them.
 bool Attach()
 {
-  if (threadEnded)
-    return false;
   static thread_local ThreadEnd end;
   return mem_threadPool.attached;
 }
@@ -177,8 +187,10 @@ void* MallocOwnSlab(std::size_t size)
 {
   if (size > std::numeric_limits<std::ptrdiff_t>::max())
     return nullptr;
-  std::size_t const whole = mem_slabHeader + mem_RoundedSize(size);
-  void* const memory = std::aligned_alloc(mem_slabSize, whole);
+  std::size_t whole = mem_slabHeader + mem_RoundedSize(size);
+  if (whole >= worthHugePages)
+    whole = (whole + hugePage - 1) & ~(hugePage - 1);
+  void* const memory = AllocateChunk(whole);
   if (memory == nullptr)
     return nullptr;
   mem_Slab* const slab = ::new (memory) mem_Slab{};
@@ -187,7 +199,7 @@ void* MallocOwnSlab(std::size_t size)
   return static_cast<char*>(memory) + mem_slabHeader;
 }
 
-}  // namespace
+} // namespace
 
 void* mem_MallocSlow(std::size_t stride, std::size_t sizeClass) noexcept
 {
@@ -204,8 +216,8 @@ void* mem_MallocWide(std::size_t size) noexcept
 {
   if (size > mem_classSizes.back())
     return MallocOwnSlab(size);
-  auto const found = std::lower_bound(mem_classSizes.begin() + mem_fineClasses,
-                                      mem_classSizes.end(), size);
+  auto const found =
+    std::lower_bound(mem_classSizes.begin() + mem_fineClasses, mem_classSizes.end(), size);
   return mem_TakeBlock(static_cast<std::size_t>(found - mem_classSizes.begin()), *found);
 }
 
@@ -226,7 +238,7 @@ std::size_t mem_RoundedSize(std::size_t size) noexcept
 {
   if (size <= mem_fineLimit)
     return size == 0 ? 16 : (size + 15) & ~std::size_t{15};
-  if (size > mem_classSizes.back())  // whole pages, header included
+  if (size > mem_classSizes.back()) // whole pages, header included
     return ((size + mem_slabHeader + 4095) & ~std::size_t{4095}) - mem_slabHeader;
   return *std::lower_bound(mem_classSizes.begin() + mem_fineClasses, mem_classSizes.end(), size);
 }

@@ -28,7 +28,8 @@
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define MEM_PLAIN_ALLOCATION 1
 #elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(memory_sanitizer) || __has_feature(thread_sanitizer)
+#if __has_feature(address_sanitizer) || __has_feature(memory_sanitizer) ||                         \
+  __has_feature(thread_sanitizer)
 #define MEM_PLAIN_ALLOCATION 1
 #endif
 #endif
@@ -107,7 +108,7 @@ inline constexpr std::size_t mem_fineLimit = 512;
 
 /// The wider classes, as the number of blocks that share a slab.
 inline constexpr std::array<std::size_t, 21> mem_blocksPerSlab{
-    112, 96, 80, 64, 56, 48, 40, 32, 28, 24, 20, 16, 14, 12, 10, 8, 7, 6, 5, 4, 3};
+  112, 96, 80, 64, 56, 48, 40, 32, 28, 24, 20, 16, 14, 12, 10, 8, 7, 6, 5, 4, 3};
 
 inline constexpr std::size_t mem_fineClasses = 1 + mem_fineLimit / 16;
 inline constexpr std::size_t mem_classCount = mem_fineClasses + mem_blocksPerSlab.size();
@@ -132,9 +133,9 @@ inline constexpr std::array<std::size_t, mem_classCount> mem_classSizes = []
 struct mem_Slab
 {
   std::uint32_t sizeClass;
-  std::size_t ownSize;    // usable bytes of a block that is a slab of its own
-  mem_Slab* nextPartial;  // chain of half-carved slabs that ended threads left behind
-  char* partialNext;      // their first block not yet handed out
+  std::size_t ownSize;   // usable bytes of a block that is a slab of its own
+  mem_Slab* nextPartial; // chain of half-carved slabs that ended threads left behind
+  char* partialNext;     // their first block not yet handed out
 };
 static_assert(sizeof(mem_Slab) <= mem_slabHeader);
 
@@ -149,7 +150,7 @@ struct mem_ThreadClass
 struct mem_ThreadPool
 {
   mem_ThreadClass classes[mem_classCount];
-  bool attached;  // the end of this thread will hand its lists over
+  bool attached; // the end of this thread will hand its lists over
 };
 
 extern constinit thread_local mem_ThreadPool mem_threadPool;
@@ -244,7 +245,4 @@ inline void* mem_OperatorNewTinyThrow(std::size_t size)
   return block;
 }
 
-inline void* mem_OperatorNewThrowBuiltin(std::size_t size)
-{
-  return mem_OperatorNewThrow(size);
-}
+inline void* mem_OperatorNewThrowBuiltin(std::size_t size) { return mem_OperatorNewThrow(size); }

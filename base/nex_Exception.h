@@ -23,9 +23,10 @@ class nex_PrimException : public nex_Exception
 {
 public:
   template <class... Arguments>
-    requires(sizeof...(Arguments) == N && (std::is_constructible_v<T, Arguments&&> && ...) &&
-             (!std::is_base_of_v<VRXBasException, std::remove_cvref_t<Arguments>> && ...))
-  explicit nex_PrimException(Arguments&&... arguments) : m_values{T(std::forward<Arguments>(arguments))...}
+  requires(sizeof...(Arguments) == N && (std::is_constructible_v<T, Arguments&&> && ...) &&
+           (!std::is_base_of_v<VRXBasException, std::remove_cvref_t<Arguments>> &&
+            ...)) explicit nex_PrimException(Arguments&&... arguments)
+    : m_values{T(std::forward<Arguments>(arguments))...}
   {
   }
 

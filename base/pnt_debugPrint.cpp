@@ -4,10 +4,7 @@
 
 #include <iostream>
 
-pnt_DebugPrint& pnt_debugPrint()
-{
-  return omi_Singleton<pnt_DebugPrint>::Instance();
-}
+pnt_DebugPrint& pnt_debugPrint() { return omi_Singleton<pnt_DebugPrint>::Instance(); }
 
 pnt_DebugPrint& pnt_DebugPrint::StartDebug()
 {

@@ -19,54 +19,18 @@ struct NamedSet
   bool (*has)(int byte);
 };
 
-bool IsLower(int c)
-{
-  return c >= 'a' && c <= 'z';
-}
-bool IsUpper(int c)
-{
-  return c >= 'A' && c <= 'Z';
-}
-bool IsAlpha(int c)
-{
-  return IsLower(c) || IsUpper(c);
-}
-bool IsDigit(int c)
-{
-  return c >= '0' && c <= '9';
-}
-bool IsAlnum(int c)
-{
-  return IsAlpha(c) || IsDigit(c);
-}
-bool IsXdigit(int c)
-{
-  return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-bool IsSpace(int c)
-{
-  return c == ' ' || (c >= '\t' && c <= '\r');
-}
-bool IsBlank(int c)
-{
-  return c == ' ' || c == '\t';
-}
-bool IsGraph(int c)
-{
-  return c > 0x20 && c < 0x7F;
-}
-bool IsPunct(int c)
-{
-  return IsGraph(c) && !IsAlnum(c);
-}
-bool IsPrint(int c)
-{
-  return c >= 0x20 && c < 0x7F;
-}
-bool IsCntrl(int c)
-{
-  return c < 0x20 || c == 0x7F;
-}
+bool IsLower(int c) { return c >= 'a' && c <= 'z'; }
+bool IsUpper(int c) { return c >= 'A' && c <= 'Z'; }
+bool IsAlpha(int c) { return IsLower(c) || IsUpper(c); }
+bool IsDigit(int c) { return c >= '0' && c <= '9'; }
+bool IsAlnum(int c) { return IsAlpha(c) || IsDigit(c); }
+bool IsXdigit(int c) { return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
+bool IsSpace(int c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+bool IsBlank(int c) { return c == ' ' || c == '\t'; }
+bool IsGraph(int c) { return c > 0x20 && c < 0x7F; }
+bool IsPunct(int c) { return IsGraph(c) && !IsAlnum(c); }
+bool IsPrint(int c) { return c >= 0x20 && c < 0x7F; }
+bool IsCntrl(int c) { return c < 0x20 || c == 0x7F; }
 
 constexpr NamedSet namedSets[] = {
   {"alpha", IsAlpha}, {"digit", IsDigit}, {"alnum", IsAlnum}, {"space", IsSpace},
@@ -230,8 +194,7 @@ void rgx_Compiler::ClassMember(ByteClass& bytes)
   if (NamedClass(bytes))
     return;
   unsigned char const low = ClassByte();
-  bool const isRange =
-    Peek() == '-' && m_at + 1 < m_pattern.size() && m_pattern[m_at + 1] != ']';
+  bool const isRange = Peek() == '-' && m_at + 1 < m_pattern.size() && m_pattern[m_at + 1] != ']';
   unsigned char high = low;
   if (isRange)
   {

@@ -43,10 +43,7 @@ void rgx_ReIterator::Search(std::size_t from)
   m_isDone = from > text.size() || !m_program->Search(text, from, m_start, m_end);
 }
 
-void rgx_ReIterator::First()
-{
-  Search(0);
-}
+void rgx_ReIterator::First() { Search(0); }
 
 void rgx_ReIterator::Next()
 {

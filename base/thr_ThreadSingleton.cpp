@@ -30,8 +30,8 @@ struct Entries
     while (!list.empty())
     {
       // The last of the lowest level; a finalizer may register further ones.
-      auto const next = std::min_element(list.rbegin(), list.rend(), [](auto const& a, auto const& b)
-                                         { return a.level < b.level; });
+      auto const next = std::min_element(
+        list.rbegin(), list.rend(), [](auto const& a, auto const& b) { return a.level < b.level; });
       Finalizer const finalizer = next->finalizer;
       list.erase(std::next(next).base());
       finalizer();

@@ -7,10 +7,7 @@ namespace
 
 std::atomic<int> levels[typ_DebugFlags::Flags];
 
-bool IsFlag(int flag) noexcept
-{
-  return flag >= 0 && flag < typ_DebugFlags::Flags;
-}
+bool IsFlag(int flag) noexcept { return flag >= 0 && flag < typ_DebugFlags::Flags; }
 
 } // namespace
 

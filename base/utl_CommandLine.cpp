@@ -2,10 +2,7 @@
 
 #include "omi_Singleton.h"
 
-utl_CommandLine& utl_CommandLine::Instance()
-{
-  return omi_Singleton<utl_CommandLine>::Instance();
-}
+utl_CommandLine& utl_CommandLine::Instance() { return omi_Singleton<utl_CommandLine>::Instance(); }
 
 void utl_CommandLine::SetOption(char const* name, cow_String const& value)
 {
@@ -23,7 +20,4 @@ cow_String utl_CommandLine::Option(char const* name) const
   return found == m_options.end() ? cow_String() : cow_String(std::string_view(found->second));
 }
 
-void utl_CommandLine::Clear()
-{
-  m_options.clear();
-}
+void utl_CommandLine::Clear() { m_options.clear(); }

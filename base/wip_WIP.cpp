@@ -35,10 +35,7 @@ void wip_WipReporter::Milestone(atr_String const&, int, int) {}
 void wip_WipReporter::Milestone(atr_String const&, double) {}
 void wip_WipReporter::Print(atr_String const&) {}
 void wip_WipReporter::Verbose(int, atr_String const&) {}
-int wip_WipReporter::Interrupted()
-{
-  return 0;
-}
+int wip_WipReporter::Interrupted() { return 0; }
 void wip_WipReporter::InterruptedThrow() {}
 
 template <class Send>
@@ -82,10 +79,7 @@ void wip_WIP::AddReporter(wip_WipReporter& reporter)
     m_reporters.push_back(&reporter);
 }
 
-void wip_WIP::RemoveReporter(wip_WipReporter& reporter)
-{
-  std::erase(m_reporters, &reporter);
-}
+void wip_WIP::RemoveReporter(wip_WipReporter& reporter) { std::erase(m_reporters, &reporter); }
 
 int wip_WIP::ErrorCount() const noexcept
 {

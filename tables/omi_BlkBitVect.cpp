@@ -7,12 +7,15 @@ namespace
 {
 unsigned const smallestShift = 3;
 
-/// log2 of the words per block of a vector whose highest word is `word`: about as many words a block
-/// as half the blocks, the even split of 8-byte entries and 4-byte words.
+// log2 of the words per block of a vector whose highest word is `word`.
+//
+// Up to 2^16 words, two million labels, a block and the block table share the memory evenly. Beyond,
+// blocks grow more slowly: numbers of that size come as many short runs far apart, and each costs
+// a block (see the figures in the header).
 unsigned ShiftFor(unsigned word)
 {
   unsigned const width = static_cast<unsigned>(std::bit_width(word));
-  return std::max(smallestShift, width / 2);
+  return width <= 16 ? std::max(smallestShift, width / 2) : 8 + (width - 16) / 4;
 }
 
 unsigned BitsFrom(unsigned bit) { return ~0u << bit; }

@@ -54,49 +54,72 @@ std::size_t omi_Set::EstimateBytes(int first, int last, std::size_t count)
   return bytes;
 }
 
-void omi_SetIT::Stand(bool isBelowZero, bool isFound, unsigned magnitude)
+void omi_SetIT::StandOnNegative(unsigned magnitude)
 {
-  m_isDone = !isFound;
-  if (isFound)
-  {
-    m_item = static_cast<int>(isBelowZero ? 0u - magnitude : magnitude);
-  }
+  m_item = static_cast<int>(0u - magnitude);
+  m_isDone = false;
+}
+
+void omi_SetIT::StandOnNonNegative(unsigned magnitude)
+{
+  m_item = static_cast<int>(magnitude);
+  m_isDone = false;
 }
 
 void omi_SetIT::First()
 {
   unsigned magnitude = 0;
-  bool const isBelowZero = m_negatives.Last(magnitude);
-  Stand(isBelowZero, isBelowZero || m_nonNegatives.First(magnitude), magnitude);
+  m_isDone = true;
+  if (m_negatives.Last(magnitude))
+  {
+    StandOnNegative(magnitude);
+  }
+  else if (m_nonNegatives.First(magnitude))
+  {
+    StandOnNonNegative(magnitude);
+  }
 }
 
 void omi_SetIT::Last()
 {
   unsigned magnitude = 0;
-  bool const isBelowZero = !m_nonNegatives.Last(magnitude);
-  Stand(isBelowZero, !isBelowZero || m_negatives.First(magnitude), magnitude);
+  m_isDone = true;
+  if (m_nonNegatives.Last(magnitude))
+  {
+    StandOnNonNegative(magnitude);
+  }
+  else if (m_negatives.First(magnitude))
+  {
+    StandOnNegative(magnitude);
+  }
 }
 
 void omi_SetIT::Next()
 {
   unsigned magnitude = 0;
-  if (m_item >= 0)
+  m_isDone = true;
+  bool const wasNegative = m_item < 0;
+  if (wasNegative && m_negatives.Previous(magnitude))
   {
-    Stand(false, m_nonNegatives.Next(magnitude), magnitude);
-    return;
+    StandOnNegative(magnitude);
   }
-  bool const isBelowZero = m_negatives.Previous(magnitude);
-  Stand(isBelowZero, isBelowZero || m_nonNegatives.First(magnitude), magnitude);
+  else if (wasNegative ? m_nonNegatives.First(magnitude) : m_nonNegatives.Next(magnitude))
+  {
+    StandOnNonNegative(magnitude);
+  }
 }
 
 void omi_SetIT::Previous()
 {
   unsigned magnitude = 0;
-  if (m_item < 0)
+  m_isDone = true;
+  bool const wasNegative = m_item < 0;
+  if (!wasNegative && m_nonNegatives.Previous(magnitude))
   {
-    Stand(true, m_negatives.Next(magnitude), magnitude);
-    return;
+    StandOnNonNegative(magnitude);
   }
-  bool const isBelowZero = !m_nonNegatives.Previous(magnitude);
-  Stand(isBelowZero, !isBelowZero || m_negatives.First(magnitude), magnitude);
+  else if (wasNegative ? m_negatives.Next(magnitude) : m_negatives.First(magnitude))
+  {
+    StandOnNegative(magnitude);
+  }
 }

@@ -77,7 +77,8 @@ public:
   int CurrentItem() const { return m_item; }
 
 private:
-  void Stand(bool isBelowZero, bool isFound, unsigned magnitude);
+  void StandOnNegative(unsigned magnitude);
+  void StandOnNonNegative(unsigned magnitude);
 
   omi_BlkBitVectTrav m_negatives;
   omi_BlkBitVectTrav m_nonNegatives;

@@ -15,7 +15,7 @@ struct inpM_OmiSetData;
 ///     inpM_OmiSet copy = nodes;        // O(1), shares; the first of both to write copies
 ///     copy += others;                  // 32 members at a time
 ///
-/// Up to 4096 members stand in a sorted array as long as bits would need more than twice its memory;
+/// Up to 16384 members stand in a sorted array as long as bits would need more than twice its memory;
 /// all else is an omi_Set. So ten members cost some 150 bytes wherever they lie, a million consecutive
 /// ones 128 KiB, and a run is a run of bits: 1 to 999999999 takes 120 MiB. Ask `EstimateBytes` before
 /// inserting a run whose ends come from a deck.

@@ -11,7 +11,7 @@
 namespace
 {
 std::size_t const alwaysFew = 32;
-std::size_t const mostFew = 4096;
+std::size_t const mostFew = 16384;
 
 /// The members that a start, an end and a step stand for, the lowest first.
 struct Run

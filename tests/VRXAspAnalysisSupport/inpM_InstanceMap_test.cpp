@@ -1,5 +1,6 @@
 #include "inpM_InstanceMap.h"
 
+#include "CapturingSink.h"
 #include "VRXAspBcuAnalysisIROptions.h"
 
 #include <gtest/gtest.h>
@@ -9,20 +10,6 @@
 
 namespace
 {
-class CapturedMessages : public wip_WipReporter
-{
-public:
-  CapturedMessages() { omi_Singleton<wip_WIP>::Instance().AddReporter(*this); }
-  ~CapturedMessages() override { omi_Singleton<wip_WIP>::Instance().RemoveReporter(*this); }
-
-  void Message(wip_Message const& message) override
-  {
-    texts.push_back(std::to_string(message.level) + ": " + message.text.CStr());
-  }
-
-  std::vector<std::string> texts;
-};
-
 template <class Action>
 std::string AssertionOf(Action const& action)
 {
@@ -83,18 +70,18 @@ TEST(inpM_InstanceMap, InsertOverAChildReplacesItsValueAndKeepsItsChildren)
 
 TEST(inpM_InstanceMap, MissingValuesAreAssertionsAndUnknownInstancesFatalErrors)
 {
-  CapturedMessages messages;
+  CapturingSink sink;
   inpM_InstanceMap<int> map;
   EXPECT_EQ("item.HasValue()", AssertionOf([&] { map.Get(); }));
   EXPECT_EQ("item.HasValue()", AssertionOf([&] { map.ConstGet(); }));
-  EXPECT_EQ(std::vector<std::string>(), messages.texts);
+  EXPECT_EQ(std::vector<std::string>(), sink.Lines());
   EXPECT_EQ("GetMap(instanceName).item.HasValue()", AssertionOf([&] { map.Get("X"); }));
   map.Insert("A", 1);
   map.GetMap("Y").Insert("LOST", 1);
   EXPECT_FALSE(map.ConstGetMap("Z").IsMember("LOST"));
-  EXPECT_EQ((std::vector<std::string>{"2: Unknown instance X", "2: Unknown instance Y",
-                                      "2: Unknown instance Z"}),
-            messages.texts);
+  EXPECT_EQ((std::vector<std::string>{"fatal2: Unknown instance X", "fatal2: Unknown instance Y",
+                                      "fatal2: Unknown instance Z"}),
+            sink.Lines());
 }
 
 TEST(VRXAspBcuAnalysisIROptions, AnswerWhatTheDriverSet)

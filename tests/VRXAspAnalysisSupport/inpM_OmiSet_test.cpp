@@ -68,7 +68,7 @@ void Change(inpM_OmiSet& set, Oracle& oracle, LabelSource& labels, bool isWide)
   default:
     ASSERT_EQ(oracle.insert(item).second, set.Insert(item)) << item;
   }
-  ASSERT_EQ(oracle.contains(item + 1 - item % 2), set.IsMember(item + 1 - item % 2));
+  ASSERT_EQ(oracle.contains(item ^ 1), set.IsMember(item ^ 1));
 }
 } // namespace
 
@@ -76,7 +76,7 @@ TEST(inpM_OmiSet, BehavesAsAnOrderedSetAndItsCopiesStay)
 {
   // Sizes on both sides of the change from the array to bits, in narrow and wide ranges.
   int const sizes[] = {5, 30, 70, 300, 3000};
-  for (unsigned seed = 0; seed < 100; ++seed)
+  for (unsigned seed = 0; seed < 40; ++seed)
   {
     SCOPED_TRACE(seed);
     LabelSource labels(seed);

@@ -60,9 +60,9 @@ TEST(cow_List, HintDecidesBlocksAndDirectory)
   {
     int hint, blockSize, directorySize;
   } const cases[] = {
-    {0, 16, 0},      {1, 16, 16},     {16, 16, 16},      {255, 16, 16},
-    {256, 32, 24},   {300, 32, 26},   {384, 32, 28},     {511, 32, 32},
-    {512, 64, 24},   {16384, 2048, 24}, {16385, 2048, 25}, {20000, 2048, 26},
+    {0, 16, 0},        {1, 16, 16},          {16, 16, 16},      {255, 16, 16},
+    {256, 32, 24},     {300, 32, 26},        {384, 32, 28},     {511, 32, 32},
+    {512, 64, 24},     {16384, 2048, 24},    {16385, 2048, 25}, {20000, 2048, 26},
     {32767, 2048, 32}, {1000000, 65536, 32},
   };
   for (auto const& c : cases)
@@ -331,8 +331,8 @@ TEST(cow_List, BehavesAsADeque)
       ASSERT_EQ(list.Length(), static_cast<int>(model.size())) << seed << ": " << operation;
       for (int i = 0; i < 4 && step % 8 == 0; ++i)
       {
-        ASSERT_TRUE(std::equal(lists[i].begin(), lists[i].end(), models[i].begin(),
-                               models[i].end()))
+        ASSERT_TRUE(
+          std::equal(lists[i].begin(), lists[i].end(), models[i].begin(), models[i].end()))
           << "run " << seed << ", step " << step << ", list " << i;
       }
       ASSERT_TRUE(std::equal(list.begin(), list.end(), model.begin(), model.end()))

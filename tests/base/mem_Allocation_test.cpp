@@ -137,40 +137,46 @@ TEST(mem_Allocation, ThreadsFreeEachOthersBlocks)
 }
 
 #if !MEM_PLAIN_ALLOCATION
-TEST(mem_Allocation, WhatAnEndedThreadFreedIsUsedAgain)
+TEST(mem_Allocation, WhatEndedThreadsFreedIsUsedAgain)
 {
-  // More than a slab of one class, so that both free lists and a half-carved slab are handed over.
   constexpr std::size_t size = 400;
-  constexpr int count = 1000;
-  std::set<std::uintptr_t> slabs;
+  constexpr int count = 500; // three slabs and a bit for each of two threads
+  std::set<void*> freed;
+  std::set<void*> slabs;
+  auto const takeAndFree = [&](auto const& meanwhile)
+  {
+    std::vector<void*> blocks;
+    for (int i = 0; i < count; ++i)
+      blocks.push_back(mem_Malloc(size));
+    meanwhile();
+    for (void* const block : blocks)
+    {
+      freed.insert(block);
+      slabs.insert(mem_SlabOf(block));
+      mem_Free(block);
+    }
+  };
+  std::thread(takeAndFree, [&] { std::thread(takeAndFree, [] {}).join(); }).join();
+  ASSERT_EQ(freed.size(), 2U * count);
+
   std::thread(
     [&]
     {
       std::vector<void*> blocks;
-      for (int i = 0; i < count; ++i)
-        blocks.push_back(mem_Malloc(size));
-      for (void* const block : blocks)
+      for (int i = 0; i < 2 * count; ++i)
       {
-        slabs.insert(reinterpret_cast<std::uintptr_t>(mem_SlabOf(block)));
-        mem_Free(block);
+        blocks.push_back(mem_Malloc(size));
+        ASSERT_EQ(freed.count(blocks.back()), 1U) << "block " << i << " of the free lists";
       }
+      for (int i = 0; i < 200; ++i)
+      {
+        blocks.push_back(mem_Malloc(size));
+        ASSERT_EQ(slabs.count(mem_SlabOf(blocks.back())), 1U) << "rest " << i << " of their slabs";
+      }
+      for (void* const block : blocks)
+        mem_Free(block);
     })
     .join();
-  int reused = 0;
-  std::thread(
-    [&]
-    {
-      std::vector<void*> blocks;
-      for (int i = 0; i < count; ++i)
-        blocks.push_back(mem_Malloc(size));
-      for (void* const block : blocks)
-      {
-        reused += slabs.count(reinterpret_cast<std::uintptr_t>(mem_SlabOf(block))) != 0;
-        mem_Free(block);
-      }
-    })
-    .join();
-  EXPECT_EQ(reused, count);
 }
 
 namespace

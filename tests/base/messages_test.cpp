@@ -11,10 +11,7 @@
 namespace
 {
 
-std::string Text(atr_StringBase const& text)
-{
-  return std::string(text.View());
-}
+std::string Text(atr_StringBase const& text) { return std::string(text.View()); }
 
 using Lines = std::vector<std::string>;
 
@@ -142,8 +139,7 @@ namespace
 class DerivedException : public nex_PrimException<atr_String, 1>
 {
 public:
-  DerivedException(int line, atr_String const& message)
-    : nex_PrimException(message), m_line(line)
+  DerivedException(int line, atr_String const& message) : nex_PrimException(message), m_line(line)
   {
   }
   int Line() const { return m_line; }

@@ -27,7 +27,9 @@ namespace
 class FilePathTest : public testing::Test
 {
 protected:
-  FilePathTest() : folder(fs::temp_directory_path() / ("base_paths_" + std::to_string(::getpid())))
+  FilePathTest()
+    : folder(fs::canonical(fs::temp_directory_path()) /
+             ("base_paths_" + std::to_string(::getpid())))
   {
     fs::create_directories(folder / "sub.dir");
     std::ofstream(folder / "deck.inp") << "*NODE\n";
@@ -113,7 +115,7 @@ TEST_F(FilePathTest, FileStreamTellsFailure)
   aio_ofstream stream;
   EXPECT_FALSE(stream.open(In("no/such/folder")));
   EXPECT_TRUE(stream.fail());
-  EXPECT_TRUE(stream.close() || !stream.is_open());
+  EXPECT_TRUE(stream.close());
   ASSERT_TRUE(stream.open(In("report")));
   stream << cow_String("a\n") << 1;
   EXPECT_TRUE(stream.close());
@@ -129,8 +131,8 @@ TEST(eli_eostream, WritesAllKindsAndFlushesAtItsEnd)
     aio_ostream target(under);
     eli_eostream stream(target);
     EXPECT_EQ(stream.LineWidth(), 1024);
-    stream << "a" << cow_String(" b ") << 'c' << -5 << ' ' << 1500.0 << static_cast<char const*>(nullptr)
-           << '\n';
+    stream << "a" << cow_String(" b ") << 'c' << -5 << ' ' << 1500.0
+           << static_cast<char const*>(nullptr) << '\n';
     EXPECT_TRUE(stream.Good());
     EXPECT_EQ(under.str(), "a b c-5 1500.\n");
     for (int i = 0; i < 20000; ++i)
@@ -264,11 +266,14 @@ TEST(thr_ThreadSingleton, IsEachThreadsOwnAndEndsWithIt)
   std::vector<std::string> others;
   notes = &mine;
   Touch<1, 'a'>();
-  std::thread([&others] {
-    notes = &others;
-    Touch<1, 'a'>();
-    Touch<0, 'b'>();
-  }).join();
+  std::thread(
+    [&others]
+    {
+      notes = &others;
+      Touch<1, 'a'>();
+      Touch<0, 'b'>();
+    })
+    .join();
   EXPECT_EQ(others, (std::vector<std::string>{"+a", "+b", "-b", "-a"}));
   EXPECT_EQ(mine, (std::vector<std::string>{"+a"}));
   thr_ThreadSingleton<Noted<1, 'a'>>::Finalize();

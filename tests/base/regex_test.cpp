@@ -4,9 +4,18 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <regex>
 #include <string>
 #include <vector>
+
+// The standard header itself sets off this warning where sanitizers and optimization meet.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
+#include <regex>
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif
 
 namespace
 {
@@ -18,7 +27,8 @@ char const* const deckPatterns[] = {
   "^[ \t]*([-+]?[0-9]*\\.[0-9]*)[ \t]*$|^[ \t]*([-+]?[0-9]*\\.?[0-9]*[dD][-+]?[0-9]+)[ \t]*$",
   "^[ \t]*([a-zA-Z_][^,=\n]*?)[ \t]*$|^[ \t]*(\"[^\"\n]*\")[ \t]*$",
   "^[ \t]*([a-zA-Z][-a-zA-Z0-9 \t]*?[a-zA-Z0-9]*)[ \t]*$",
-  "^[ \t]*((([a-zA-Z_][^,=\n]*?)|(\"[^\"\n]+\"))(\\.(([a-zA-Z_][^,=\n]*?)|(\"[^\"\n]+\")))*?)[ \t]*$",
+  ("^[ \t]*((([a-zA-Z_][^,=\n]*?)|(\"[^\"\n]+\"))(\\.(([a-zA-Z_][^,=\n]*?)|(\"[^\"\n]+\")))*?)[ "
+   "\t]*$"),
   "^[ \t]*(([a-zA-Z_][^\\.]*|\"[^\"]+\")\\.)*[0-9]+[ \t]*$",
   "^[ \t\\<]*([a-zA-Z0-9_$%/\\.][^,=\n]*?)[ \t\\>]*$|^[ \t\\<]*(\"[^\"\n]+\")[ \t\\>]*$",
   "^[ \t]*([Zz][0-9]+)[ \t]*$",
@@ -56,7 +66,8 @@ std::vector<std::string> StandardMatches(std::regex const& regex, std::string co
 std::string RandomPattern(std::mt19937& random, int depth)
 {
   static char const* const atoms[] = {"a", "b", "c", ".", "[ab]", "[^a]", "\\.", "[[:alpha:]]"};
-  static char const* const repeats[] = {"", "", "*", "+", "?", "*?", "+?", "??", "{2}", "{1,2}", "{0,}?"};
+  static char const* const repeats[] = {"",   "",   "*",   "+",     "?",    "*?",
+                                        "+?", "??", "{2}", "{1,2}", "{0,}?"};
   std::string pattern;
   auto const pieces = 1 + random() % 3;
   for (auto i = 0u; i < pieces; ++i)
@@ -75,8 +86,8 @@ TEST(rgx_match, AgreesWithTheStandardEngineOnDeckPatterns)
 {
   std::string const bytes = "aZ_059.-+eEdD\" \t,=\n<>/$%uVzx";
   std::mt19937 random(11);
-  std::vector<std::string> texts = {"", "-", "1e5", "2abc", "a b", "\"a.b\".c", "<file.inp>",
-                                    "A.B.12", " VvU12\t", "u1 ", "Z7"};
+  std::vector<std::string> texts = {"",           "-",      "1e5",      "2abc", "a b", "\"a.b\".c",
+                                    "<file.inp>", "A.B.12", " VvU12\t", "u1 ",  "Z7"};
   for (int i = 0; i < 3000; ++i)
   {
     std::string text;
@@ -114,8 +125,7 @@ TEST(rgx_match, AgreesWithTheStandardEngineOnRandomPatterns)
       std::vector<std::string> const found = Matches(pattern, text);
       std::smatch expected;
       ASSERT_EQ(!found.empty(), std::regex_search(text, expected, standard)) << pattern;
-      if (!found.empty())
-        ASSERT_EQ(found[0], expected.str()) << pattern << "\non " << text;
+      ASSERT_EQ(found.empty() ? "" : found[0], expected.str()) << pattern << "\non " << text;
     }
   }
 }
@@ -152,9 +162,28 @@ TEST(rgx_match, KnowsItsOwnForms)
 TEST(rgx_match, RaisesForMalformedPatterns)
 {
   char const* const patterns[] = {
-    "(",   "a)",    "[a",     "[",      "[^]",     "*a",      "a**",        "a|*",  "+",
-    "a{",  "a{x}",  "a{2,1}", "a{1,2",  "a{9999}", "\\",      "[\\",        "\\q",  "[z-a]",
-    "[[:nosuch:]]", "(a{1000}){1000}",  "((((a{99}){99}){99}){99})",        "a{99999999999}",
+    "(",
+    "a)",
+    "[a",
+    "[",
+    "[^]",
+    "*a",
+    "a**",
+    "a|*",
+    "+",
+    "a{",
+    "a{x}",
+    "a{2,1}",
+    "a{1,2",
+    "a{9999}",
+    "\\",
+    "[\\",
+    "\\q",
+    "[z-a]",
+    "[[:nosuch:]]",
+    "(a{1000}){1000}",
+    "((((a{99}){99}){99}){99})",
+    "a{99999999999}",
   };
   for (char const* pattern : patterns)
     EXPECT_THROW(rgx_match(pattern, cow_String("a")), nex_PrimException<atr_String>) << pattern;

@@ -6,8 +6,8 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <random>
 #include <sstream>
@@ -63,7 +63,8 @@ TEST(cow_String, CopiesShareUntilOneWrites)
 
   cow_String moved(std::move(copy));
   EXPECT_EQ(Text(moved), "Name");
-  moved = moved;
+  cow_String const& alias = moved;
+  moved = alias;
   EXPECT_EQ(Text(moved), "Name");
 }
 
@@ -83,9 +84,19 @@ TEST(cow_String, WritableIndexOutsideIsABrokenInvariant)
   cow_String text("ab");
   EXPECT_THROW(text[2] = 'x', VRXBasAssertException);
   EXPECT_THROW(text[-1] = 'x', VRXBasAssertException);
-  cow_String const& read = text;
-  EXPECT_EQ(read[2], '\0');
-  EXPECT_EQ(read[-1], '\0');
+  EXPECT_EQ(text[2], '\0');
+  EXPECT_EQ(text[-1], '\0');
+}
+
+TEST(cow_String, ReadingByIndexKeepsSharing)
+{
+  cow_String const original("ab");
+  cow_String copy(original);
+  EXPECT_EQ(copy[1], 'b');
+  EXPECT_EQ(copy.CStr(), original.CStr());
+  copy[0] = copy[1];
+  EXPECT_EQ(Text(copy), "bb");
+  EXPECT_EQ(Text(original), "ab");
 }
 
 TEST(cow_String, SubstrAndEraseClamp)
@@ -96,9 +107,15 @@ TEST(cow_String, SubstrAndEraseClamp)
     char const* substr;
     char const* erased;
   } const cases[] = {
-    {0, highest, "abcdef", ""},      {2, highest, "cdef", "ab"},      {2, 2, "cd", "abef"},
-    {-3, 2, "ab", "cdef"},           {lowest, highest, "abcdef", ""}, {6, 1, "", "abcdef"},
-    {highest, highest, "", "abcdef"}, {3, 0, "", "abcdef"},           {3, -1, "", "abcdef"},
+    {0, highest, "abcdef", ""},
+    {2, highest, "cdef", "ab"},
+    {2, 2, "cd", "abef"},
+    {-3, 2, "ab", "cdef"},
+    {lowest, highest, "abcdef", ""},
+    {6, 1, "", "abcdef"},
+    {highest, highest, "", "abcdef"},
+    {3, 0, "", "abcdef"},
+    {3, -1, "", "abcdef"},
     {3, lowest, "", "abcdef"},
   };
   for (auto const& c : cases)
@@ -118,9 +135,9 @@ TEST(cow_String, FindGivesTheLengthForAbsence)
     char const* needle;
     int from, first, last;
   } const cases[] = {
-    {"bc", 0, 1, 6},      {"bc", 2, 4, 1},       {"bc", 4, 4, 4},         {"bc", 5, 6, 4},
-    {"bc", -7, 1, 6},     {"x", 0, 6, 6},        {"bc", highest, 6, 4},   {"abc", lowest, 0, 6},
-    {"abcabcd", 0, 6, 6}, {"abcabc", 0, 0, 0},   {"", 3, 3, 3},
+    {"bc", 0, 1, 6},      {"bc", 2, 4, 1},     {"bc", 4, 4, 4},       {"bc", 5, 6, 4},
+    {"bc", -7, 1, 6},     {"x", 0, 6, 6},      {"bc", highest, 6, 4}, {"abc", lowest, 0, 6},
+    {"abcabcd", 0, 6, 6}, {"abcabc", 0, 0, 0}, {"", 3, 3, 3},
   };
   for (auto const& c : cases)
   {
@@ -140,9 +157,12 @@ TEST(cow_String, TrimsBySet)
     char const* right;
     char const* all;
   } const cases[] = {
-    {" a b ", " ", "a b ", " a b", "ab"}, {"\t a,b\t", " \t", "a,b\t", "\t a,b", "a,b"},
-    {"   ", " ", "", "", ""},             {"abba", "ab", "", "", ""},
-    {"xay", "", "xay", "xay", "xay"},     {"", " ", "", "", ""},
+    {" a b ", " ", "a b ", " a b", "ab"},
+    {"\t a,b\t", " \t", "a,b\t", "\t a,b", "a,b"},
+    {"   ", " ", "", "", ""},
+    {"abba", "ab", "", "", ""},
+    {"xay", "", "xay", "xay", "xay"},
+    {"", " ", "", "", ""},
     {"a b c", " ", "a b c", "a b c", "abc"},
   };
   for (auto const& c : cases)
@@ -164,9 +184,14 @@ TEST(cow_String, SubstitutesFromTheLeft)
     int count;
     char const* result;
   } const cases[] = {
-    {"1D5d", "D", "e", 1, "1e5d"},  {"aaaa", "a", "bb", 2, "bbbbaa"}, {"aaa", "aa", "b", highest, "ba"},
-    {"a.b.c", ".", "", highest, "abc"}, {"aaa", "a", "aa", highest, "aaaaaa"},
-    {"abc", "", "x", highest, "abc"},   {"abc", "b", "x", 0, "abc"}, {"abc", "b", "x", -1, "abc"},
+    {"1D5d", "D", "e", 1, "1e5d"},
+    {"aaaa", "a", "bb", 2, "bbbbaa"},
+    {"aaa", "aa", "b", highest, "ba"},
+    {"a.b.c", ".", "", highest, "abc"},
+    {"aaa", "a", "aa", highest, "aaaaaa"},
+    {"abc", "", "x", highest, "abc"},
+    {"abc", "b", "x", 0, "abc"},
+    {"abc", "b", "x", -1, "abc"},
     {"abc", "abc", "", 1, ""},
   };
   for (auto const& c : cases)
@@ -180,7 +205,9 @@ TEST(cow_String, HoldsAnyBytes)
   EXPECT_EQ(Text(text), std::string("a\0b\xFF", 4));
   EXPECT_EQ(text.Find('b'), 2);
   EXPECT_FALSE(text == "a");
-  EXPECT_EQ(Text(text.Trim("b").Append(text)), std::string("a\0\xFF" "a\0\xFF", 6));
+  EXPECT_EQ(Text(text.Trim("b").Append(text)), std::string("a\0\xFF"
+                                                           "a\0\xFF",
+                                                           6));
   // Case changes leave bytes outside ASCII alone.
   EXPECT_EQ(Text(cow_String("a\xC3\xA4z{@").ToUpper()), "A\xC3\xA4Z{@");
   EXPECT_EQ(Text(cow_String("A\xC3\x84Z[`").ToLower()), "a\xC3\x84z[`");
@@ -213,9 +240,17 @@ TEST(cow_String, WritesNumbersThatReadBack)
     double value;
     char const* text;
   } const cases[] = {
-    {1500, "1500."},     {0, "0."},          {-0.0, "-0."},   {0.1, "0.1"},
-    {1e22, "1e+22"},     {-2.5e-7, "-2.5e-07"}, {1e5, "1e+05"}, {INFINITY, "1e999"},
-    {-INFINITY, "-1e999"}, {5e-324, "5e-324"}, {-1.7976931348623157e308, "-1.7976931348623157e+308"},
+    {1500, "1500."},
+    {0, "0."},
+    {-0.0, "-0."},
+    {0.1, "0.1"},
+    {1e22, "1e+22"},
+    {-2.5e-7, "-2.5e-07"},
+    {1e5, "1e+05"},
+    {INFINITY, "1e999"},
+    {-INFINITY, "-1e999"},
+    {5e-324, "5e-324"},
+    {-1.7976931348623157e308, "-1.7976931348623157e+308"},
   };
   for (auto const& c : cases)
   {
@@ -245,7 +280,8 @@ TEST(cow_String, WritesNumbersThatReadBack)
 TEST(cow_String, BehavesAsAStandardStringUnderRandomWrites)
 {
   std::mt19937 random(20);
-  auto const below = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+  auto const below = [&random](int n)
+  { return static_cast<int>(random() % static_cast<unsigned>(n)); };
   for (int run = 0; run < 300; ++run)
   {
     cow_String text;
@@ -335,7 +371,10 @@ TEST(VRXString, TellsWellFormedUtf8)
     {"cut after one of two", "a\xC3", true},
     {"cut after two of three", "\xE2\x82", true},
     {"cut after three of four", "\xF0\x9F\x98", true},
-    {"cut by ASCII", "\xE2\x82" "a", true},
+    {"cut by ASCII",
+     "\xE2\x82"
+     "a",
+     true},
     {"Latin-1", "B\xF6hm", true},
   };
   for (auto const& c : cases)

@@ -152,7 +152,7 @@ TEST(inp_Suboptions, ListsHoldEachKeywordOnceAndNeverLeadInACircle)
   }
   EXPECT_EQ(lists, 118);
 
-  // Levels can be taken away from the bottom until nothing is left, unless some lists form a circle.
+  // Levels can be taken away from the bottom until none is left, unless some lists form a circle.
   std::size_t left;
   do
   {

@@ -17,6 +17,8 @@ public:
   explicit inp_Item(bool value) : m_type(inp_Types::inp_BOOLEAN), m_boolean(value) {}
   /// Tells the type by the rules above; blanks and tabs at both ends are dropped.
   explicit inp_Item(cow_String const& text);
+  /// A text as it stands, whatever it looks like.
+  static inp_Item Text(cow_String const& text);
 
   inp_Types::typeEnm Type() const { return m_type; }
 

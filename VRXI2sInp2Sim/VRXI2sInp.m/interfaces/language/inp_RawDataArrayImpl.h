@@ -41,16 +41,27 @@ public:
   bool HasRowContinuation(int i) const override;
   inp_RawDataArrayImpl* Copy() const override;
 
-  /// Append of a line of known length, without NUL bytes.
+  /// Append of a line of known length without NUL bytes, for the reader: it goes 16 bytes at a time,
+  /// so memory must be readable (whatever it holds) for 16 bytes behind the line.
   void AppendLine(char const* line, std::size_t length);
+
+  void RemoveLastRow();
 
   /// The row's cells, each ended by NUL, one behind the other: Cols(i) of them. The text may be
   /// changed in place as long as the cells stay.
   char* RowText(int i) const;
 
+  /// Bytes of a row's block: the text, its NUL, and NUL up to a multiple of 16.
+  static constexpr std::size_t BlockSize(std::size_t length)
+  {
+    return (length + 16) & ~static_cast<std::size_t>(15);
+  }
+
 private:
   char* Cell(int i, int j) const;
-  void MakeRoom();
+  void AppendText(char const* text, std::size_t length);
+  void AddRow(char* block, int columns);
+  void Grow();
   void Free();
 
   int nrows = 0;

@@ -66,6 +66,14 @@ public:
   };
   ReaderFacts readerFacts;
 
+  /// Data files and manifests that ExpandKeywords met, likewise.
+  struct ExpansionFacts
+  {
+    cow_List<cow_String> includedFiles;
+    cow_List<cow_String> missingIncludeFiles;
+  };
+  ExpansionFacts expansionFacts;
+
 private:
   void DiscardEmptyKeywords();
 };

@@ -59,6 +59,7 @@ public:
 
 private:
   char* Readline();
+  void CheckLine();
   void Buffer(char* line);
   void BufferCommentLine(char const* line);
   static bool IsComment(char const* line) { return line[0] == '*' && line[1] == '*'; }
@@ -127,7 +128,8 @@ private:
   cow_List<atr_String> m_errors;
   cow_List<atr_String> m_warnings;
   cow_List<atr_String> m_fatalErrors;
-  int m_keywordLine = 0; ///< first line of the keyword at hand
+  int m_keywordLine = 0;    ///< first line of the keyword at hand
+  cow_String m_keywordName; ///< its full name, once known
   int m_firstSkippedLine = 0;
   int m_memoryFailures = 0;
   long long m_totalBytes = 0;

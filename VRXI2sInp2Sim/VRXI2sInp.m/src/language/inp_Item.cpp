@@ -69,6 +69,14 @@ inp_Item::inp_Item(cow_String const& text)
   }
 }
 
+inp_Item inp_Item::Text(cow_String const& text)
+{
+  inp_Item item;
+  item.m_type = inp_Types::inp_STRING;
+  item.m_text = text;
+  return item;
+}
+
 int inp_Item::AsInt() const
 {
   if (m_type != inp_Types::inp_INTEGER)

@@ -1,16 +1,15 @@
 #include "inp_KeywordTable.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
-#include <tuple>
 
 #include "inp_ParserExceptions.h"
+#include "inp_Spelling.h"
 
 namespace
 {
-// The lists of suboptions by keyword. A keyword without a list has the null pointer of the base; one
-// with a list hides it.
+// The lists of suboptions by keyword. A keyword without a list has the null pointer of the base;
+// one with a list hides it.
 struct NoSuboptions
 {
 #define INP_KEYWORD(stem, name, value) static constexpr int const* below##stem = nullptr;
@@ -46,53 +45,6 @@ bool IsWritable(int value)
 {
   return value != inp_kwUndefined && value != inp_kwEof && value != inp_kwModel;
 }
-
-int constexpr longestName = 64;
-
-// Number of single insertions, deletions, replacements and swaps of neighbours between two texts of
-// at most longestName bytes; no place is edited twice.
-int EditDistance(std::string_view a, std::string_view b)
-{
-  using Row = std::array<int, longestName + 1>;
-  Row twoAbove{}, above{}, row{};
-  for (std::size_t j = 0; j <= b.size(); ++j)
-    above[j] = static_cast<int>(j);
-  for (std::size_t i = 1; i <= a.size(); ++i)
-  {
-    row[0] = static_cast<int>(i);
-    for (std::size_t j = 1; j <= b.size(); ++j)
-    {
-      int const replaced = above[j - 1] + (a[i - 1] != b[j - 1]);
-      row[j] = std::min({above[j] + 1, row[j - 1] + 1, replaced});
-      if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
-        row[j] = std::min(row[j], twoAbove[j - 2] + 1);
-    }
-    twoAbove = above;
-    above = row;
-  }
-  return above[b.size()];
-}
-
-int CommonPrefix(std::string_view a, std::string_view b)
-{
-  auto const [endA, endB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
-  return static_cast<int>(endA - a.begin());
-}
-
-// How far a name may be off and still be a likely slip of the pen.
-int MostEdits(std::size_t length)
-{
-  return length <= 2 ? 0 : length <= 5 ? 1 : length <= 10 ? 2 : 3;
-}
-
-struct Candidate
-{
-  int distance;
-  int commonPrefix;
-  std::string_view name;
-
-  auto Rank() const { return std::tuple(distance, -commonPrefix, name.size(), name); }
-};
 } // namespace
 
 inp_KeywordTable::inp_KeywordTable()
@@ -228,26 +180,12 @@ cow_String inp_KeywordTable::KeywordEnum2String(cow_List<int> const& values) con
 
 cow_List<cow_String> inp_KeywordTable::NearestNames(cow_String const& name, int limit) const
 {
-  std::string_view const wanted = name.View();
-  cow_List<cow_String> nearest;
-  if (wanted.empty() || wanted.size() > longestName)
-    return nearest;
-
-  int const mostEdits = MostEdits(wanted.size());
-  std::vector<Candidate> candidates;
+  std::vector<std::string_view> writable;
   for (inp_KeywordRow const* row = Rows(); row->name != nullptr; ++row)
-  {
-    std::string_view const candidate = row->name;
-    if (!IsWritable(row->value))
-      continue;
-    int const distance = candidate.starts_with(wanted) ? 0 : EditDistance(wanted, candidate);
-    if (distance <= mostEdits)
-      candidates.push_back({distance, CommonPrefix(wanted, candidate), candidate});
-  }
-  std::sort(candidates.begin(), candidates.end(),
-            [](Candidate const& a, Candidate const& b) { return a.Rank() < b.Rank(); });
-  for (Candidate const& candidate : candidates)
-    if (nearest.Length() < limit)
-      nearest.Append(cow_String(candidate.name));
+    if (IsWritable(row->value))
+      writable.push_back(row->name);
+  cow_List<cow_String> nearest;
+  for (std::string_view const near : inp_NearestWords(name.View(), writable, limit))
+    nearest.Append(cow_String(near));
   return nearest;
 }

@@ -84,7 +84,7 @@ inp_AmbiguousKeywordException::inp_AmbiguousKeywordException(int line, cow_Strin
 inp_KeywordParameterException::inp_KeywordParameterException(int line, cow_String const& file,
                                                              cow_String const& name,
                                                              inp_ParameterException const& cause)
-  : inp_ExceptionOf(line, file, name, atr_Say(inp_msgKeywordParameter, name, cause.UserReport())),
+  : inp_ExceptionOf(line, file, atr_Say(inp_msgKeywordParameter, name, cause.UserReport())),
     m_name(name)
 {
 }

@@ -6,7 +6,6 @@
 #include "inp_Utils.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 #include <new>
 
@@ -18,6 +17,7 @@ namespace
 {
 
 constexpr int c_firstCapacity = 10;
+constexpr std::size_t c_longestBlockwise = 255 * 16;
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
@@ -40,45 +40,54 @@ int DivideFrom(char* text, char const* end, int columns)
   return columns;
 }
 
-#if defined(__SSE2__)
-
-/// The same, 16 characters at a time up to the first quote. The block is aligned and as long as a
-/// multiple of 16, with NUL behind the text.
-int Divide(char* block, std::size_t length)
-{
-  __m128i const comma = _mm_set1_epi8(',');
-  __m128i const quote = _mm_set1_epi8('"');
-  int columns = 1;
-  for (std::size_t at = 0; at < length; at += 16)
-  {
-    __m128i* const place = reinterpret_cast<__m128i*>(block + at);
-    __m128i const text = _mm_load_si128(place);
-    __m128i const isComma = _mm_cmpeq_epi8(text, comma);
-    if (_mm_movemask_epi8(_mm_cmpeq_epi8(text, quote)) != 0)
-    {
-      return DivideFrom(block + at, block + length, columns);
-    }
-    _mm_store_si128(place, _mm_andnot_si128(isComma, text));
-    columns += std::popcount(static_cast<unsigned>(_mm_movemask_epi8(isComma)));
-  }
-  return columns;
-}
-
-#else
-
-int Divide(char* block, std::size_t length) { return DivideFrom(block, block + length, 1); }
-
-#endif
-
 /// A block with the text and NUL up to the block's end, which lies on a multiple of 16.
 char* NewBlock(char const* text, std::size_t length)
 {
-  std::size_t const size = (length + 16) & ~static_cast<std::size_t>(15);
+  std::size_t const size = inp_RawDataArrayImpl::BlockSize(length);
   char* const block = static_cast<char*>(mem_OperatorNewThrow(size));
   std::memset(block + size - 16, 0, 16);
   std::memcpy(block, text, length);
   return block;
 }
+
+#if defined(__SSE2__)
+
+/// 16 bytes of all ones, then 16 of zero: read at 16 - n, it keeps the first n bytes of a block.
+alignas(16) constexpr unsigned char c_keepFirst[32] = {255, 255, 255, 255, 255, 255, 255, 255,
+                                                       255, 255, 255, 255, 255, 255, 255, 255};
+
+__m128i Load(void const* from) { return _mm_loadu_si128(static_cast<__m128i const*>(from)); }
+
+/// Copies a line to a block of BlockSize, 16 bytes at a time, with its commas overwritten, and gives
+/// the number of columns; 0 when a quote stands in the line, and then the block is not right.
+int CopyDivided(char* block, char const* line, std::size_t length)
+{
+  __m128i const comma = _mm_set1_epi8(',');
+  __m128i const quote = _mm_set1_epi8('"');
+  __m128i commas = _mm_setzero_si128(); // a count in each byte; no line is as long as 255 blocks
+  __m128i quotes = _mm_setzero_si128();
+  std::size_t const last = length & ~static_cast<std::size_t>(15);
+  auto const copy = [&](std::size_t at, __m128i text)
+  {
+    __m128i const isComma = _mm_cmpeq_epi8(text, comma);
+    commas = _mm_sub_epi8(commas, isComma);
+    quotes = _mm_or_si128(quotes, _mm_cmpeq_epi8(text, quote));
+    _mm_store_si128(reinterpret_cast<__m128i*>(block + at), _mm_andnot_si128(isComma, text));
+  };
+  for (std::size_t at = 0; at < last; at += 16)
+  {
+    copy(at, Load(line + at));
+  }
+  copy(last, _mm_and_si128(Load(line + last), Load(c_keepFirst + 16 - (length - last))));
+  if (_mm_movemask_epi8(quotes) != 0)
+  {
+    return 0;
+  }
+  __m128i const sums = _mm_sad_epu8(commas, _mm_setzero_si128());
+  return 1 + _mm_cvtsi128_si32(sums) + _mm_cvtsi128_si32(_mm_unpackhi_epi64(sums, sums));
+}
+
+#endif
 
 } // namespace
 
@@ -89,16 +98,13 @@ inp_RawDataArrayImpl::inp_RawDataArrayImpl(inp_RawDataArrayImpl const& other)
   {
     while (nrows < other.nrows)
     {
-      MakeRoom();
       char const* end = other.m_rows[nrows];
       for (int j = 0; j < other.ncols[nrows]; ++j)
       {
         end += std::strlen(end) + 1;
       }
-      m_rows[nrows] =
-        NewBlock(other.m_rows[nrows], static_cast<std::size_t>(end - other.m_rows[nrows]));
-      ncols[nrows] = other.ncols[nrows];
-      ++nrows;
+      AddRow(NewBlock(other.m_rows[nrows], static_cast<std::size_t>(end - other.m_rows[nrows])),
+             other.ncols[nrows]);
     }
   }
   catch (std::bad_alloc const&)
@@ -120,12 +126,8 @@ void inp_RawDataArrayImpl::Free()
   delete[] ncols;
 }
 
-void inp_RawDataArrayImpl::MakeRoom()
+void inp_RawDataArrayImpl::Grow()
 {
-  if (nrows < m_capacity)
-  {
-    return;
-  }
   int const capacity = std::max(2 * m_capacity, c_firstCapacity);
   // One array at a time, so that at the peak only one of them stands twice.
   char** const rows = new char*[static_cast<std::size_t>(capacity)];
@@ -139,23 +141,54 @@ void inp_RawDataArrayImpl::MakeRoom()
   m_capacity = capacity;
 }
 
-void inp_RawDataArrayImpl::AppendLine(char const* line, std::size_t length)
+void inp_RawDataArrayImpl::AddRow(char* block, int columns)
 {
-  MakeRoom();
-  char* const block = NewBlock(line, length);
+  if (nrows == m_capacity)
+  {
+    Grow();
+  }
   m_rows[nrows] = block;
-  ncols[nrows] = Divide(block, length);
+  ncols[nrows] = columns;
   ++nrows;
 }
 
-void inp_RawDataArrayImpl::Append(char const* line) { AppendLine(line, std::strlen(line)); }
+void inp_RawDataArrayImpl::AppendLine(char const* line, std::size_t length)
+{
+#if defined(__SSE2__)
+  if (length < c_longestBlockwise)
+  {
+    char* const block = static_cast<char*>(mem_OperatorNewThrow(BlockSize(length)));
+    int const columns = CopyDivided(block, line, length);
+    if (columns > 0)
+    {
+      AddRow(block, columns);
+      return;
+    }
+    std::memcpy(block, line, length);
+    AddRow(block, DivideFrom(block, block + length, 1));
+    return;
+  }
+#endif
+  AppendText(line, length);
+}
+
+void inp_RawDataArrayImpl::AppendText(char const* text, std::size_t length)
+{
+  char* const block = NewBlock(text, length);
+  AddRow(block, DivideFrom(block, block + length, 1));
+}
+
+void inp_RawDataArrayImpl::Append(char const* line) { AppendText(line, std::strlen(line)); }
 
 void inp_RawDataArrayImpl::AppendRaw(char const* line)
 {
-  MakeRoom();
-  m_rows[nrows] = NewBlock(line, std::strlen(line));
-  ncols[nrows] = 1;
-  ++nrows;
+  AddRow(NewBlock(line, std::strlen(line)), 1);
+}
+
+void inp_RawDataArrayImpl::RemoveLastRow()
+{
+  VRXBasAssert(nrows > 0, "nrows > 0");
+  mem_Free(m_rows[--nrows]);
 }
 
 int inp_RawDataArrayImpl::Cols(int i) const
@@ -324,7 +357,7 @@ void inp_RawDataArrayImpl::Set(int i, int j, cow_String const& text)
   char* const block = NewBlock(line.CStr(), length);
   mem_Free(m_rows[i]);
   m_rows[i] = block;
-  ncols[i] = Divide(block, length);
+  ncols[i] = DivideFrom(block, block + length, 1);
 }
 
 void inp_RawDataArrayImpl::Set(int i, int j, double value) { Set(i, j, cow_String(value)); }

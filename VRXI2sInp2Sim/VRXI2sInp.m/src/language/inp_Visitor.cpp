@@ -2,6 +2,7 @@
 
 #include "VRXAspBcuAnalysisIROptions.h"
 #include "VRXBasException.h"
+#include "inp_CurrentPlace.h"
 #include "omi_Singleton.h"
 #include "wip_WIP.h"
 
@@ -80,6 +81,7 @@ void inp_Visitor::Report() const
 // No default: a keyword that the table gains and no operation serves does not compile.
 void inp_Visitor::Visit(inp_Keyword& keyword)
 {
+  inp_CurrentPlace::Set(keyword.fileName, keyword.lineNumber);
   switch (keyword.keyword)
   {
   case inp_kwUndefined:

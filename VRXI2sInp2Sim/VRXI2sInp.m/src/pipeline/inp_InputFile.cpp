@@ -3,7 +3,6 @@
 #include "VRXBasException.h"
 #include "eli_eostream.h"
 #include "inp_Parser.h"
-#include "inp_StageTimer.h"
 #include "inp_Utils.h"
 #include "omi_Singleton.h"
 #include "wip_WIP.h"

@@ -1,6 +1,7 @@
 #include "inp_Parser.h"
 
 #include "VRXBasException.h"
+#include "inp_CurrentPlace.h"
 #include "inp_KeywordTable.h"
 #include "inp_ParserExceptions.h"
 #include "inp_RawDataArrayImpl.h"
@@ -109,23 +110,16 @@ char* inp_Parser::Readline()
   }
   if (!ReadLine(c_longestLine))
   {
-    static char empty[1];
+    static char empty[32];
     m_endOfFile = true;
     m_length = 0;
     return m_line = empty;
   }
   m_line = Line();
   m_length = LineLength();
-  // One character too many at the very end of a file goes without a word.
-  if (CutBytes() > 1 || (CutBytes() == 1 && EndedByLineFeed()))
+  if (CutBytes() != 0 || m_hasPassword || MayHoldAsterisk())
   {
-    SaveWarning(atr_Say(inp_msgLineTruncated, m_lineNumber), m_lineNumber);
-  }
-  if (m_hasPassword || (std::memchr(m_line, '*', static_cast<std::size_t>(m_length)) != nullptr &&
-                        std::strstr(m_line, "** encrypted input") != nullptr))
-  {
-    Decrypt(m_line);
-    m_length = static_cast<int>(std::strlen(m_line));
+    CheckLine();
   }
   while (IsBlank(*m_line))
   {
@@ -137,6 +131,21 @@ char* inp_Parser::Readline()
     m_line[--m_length] = '\0';
   }
   return m_line;
+}
+
+/// What is rare of a line: it was cut, or it is encrypted.
+void inp_Parser::CheckLine()
+{
+  // One character too many at the very end of a file goes without a word.
+  if (CutBytes() > 1 || (CutBytes() == 1 && EndedByLineFeed()))
+  {
+    SaveWarning(atr_Say(inp_msgLineTruncated, m_lineNumber), m_lineNumber);
+  }
+  if (m_hasPassword || std::strstr(m_line, "** encrypted input") != nullptr)
+  {
+    Decrypt(m_line);
+    m_length = static_cast<int>(std::strlen(m_line));
+  }
 }
 
 void inp_Parser::Buffer(char* line)
@@ -164,7 +173,8 @@ bool inp_Parser::IsKeyword(char const* line)
 
 bool inp_Parser::IsOutsideLimits() const
 {
-  return m_limitLines && (m_lineNumber < m_startLine || m_lineNumber > m_endLine);
+  return m_limitLines &&
+         (m_lineNumber < m_startLine || (m_endLine != 0 && m_lineNumber > m_endLine));
 }
 
 void inp_Parser::SkipToNextKeyword(bool collect)
@@ -244,10 +254,10 @@ void inp_Parser::OpenFile()
   }
   if (outcome == aio_utf16)
   {
-    throw nex_AtrException(atr_Say(inp_msgFileIsUtf16, m_fileName));
+    throw nex_AtrException(Placed(atr_Say(inp_msgFileIsUtf16, m_fileName)));
   }
   std::fprintf(stderr, "inp_Parser ERROR: could not open file: '%s'\n", m_fileName.CStr());
-  throw nex_AtrException(atr_Say(inp_msgCouldNotOpen, m_fileName));
+  throw nex_AtrException(Placed(atr_Say(inp_msgCouldNotOpen, m_fileName)));
 }
 
 void inp_Parser::ParseKeywords(bool strict)
@@ -361,6 +371,8 @@ inp_Keyword inp_Parser::ParseKeyword(bool strict)
   VRXBasAssert(line != nullptr, "data != 0");
   VRXBasAssert(IsKeyword(line), "IsKeyword(data)");
   m_keywordLine = m_lineNumber;
+  m_keywordName.Erase();
+  inp_CurrentPlace::Set(m_fileName, m_lineNumber);
   inp_Keyword keyword;
   keyword.lineNumber = m_lineNumber;
   keyword.fileName = FileName();
@@ -392,6 +404,7 @@ void inp_Parser::ResolveName(inp_Keyword& keyword, cow_String const& written)
   if (match.name != nullptr)
   {
     keyword.keyword = table.Enum(*match.name);
+    m_keywordName = *match.name;
   }
   else if (match.ambiguous)
   {
@@ -574,8 +587,12 @@ atr_String inp_Parser::Placed(atr_String message) const
   {
     origin.file = m_fileName;
     origin.line = m_keywordLine;
-    message.SetOrigin(origin);
   }
+  if (origin.keyword.Empty())
+  {
+    origin.keyword = m_keywordName;
+  }
+  message.SetOrigin(origin);
   return message;
 }
 

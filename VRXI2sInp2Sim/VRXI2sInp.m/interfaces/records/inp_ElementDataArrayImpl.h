@@ -1,0 +1,60 @@
+#pragma once
+
+#include "cow_List.h"
+#include "cow_Map.h"
+#include "inp_DataArrayImpl.h"
+
+class inp_DataArray;
+
+/// The rows of *ELEMENT as integers: a label and node labels, in the deck's own layout.
+///
+///     10, n1 ... n15, 0       a row holds 16 numbers; a last cell of 0 says that the element
+///     n16 ... n20             goes on in the next row
+///
+/// A cell of 0 is a blank one. Takes 4 bytes a cell and 12 a row. There are no reals and no texts:
+/// asking for them raises nex_PrimException.
+class inp_ElementDataArrayImpl : public inp_DataArrayImpl
+{
+public:
+  static constexpr int c_nodesInFirstRow = 15;
+  static constexpr int c_nodesInRow = 16;
+
+  inp_ElementDataArrayImpl() = default;
+  /// The rows of a raw array; what a cell begins with as a number, 0 when it begins with none.
+  explicit inp_ElementDataArrayImpl(inp_DataArray const& raw);
+  /// Element label to node labels, in map order.
+  explicit inp_ElementDataArrayImpl(cow_Map<int, cow_List<int>> const& elements);
+  ~inp_ElementDataArrayImpl() override;
+
+  int Rows() const override { return nrows; }
+  int Cols(int i) const override;
+  inp_Types::typeEnm Type(int i, int j) const override;
+  bool IsNone(int i, int j) const override;
+  bool HasValue(int i, int j) const override;
+  int AsInt(int i, int j) const override;
+  double AsDouble(int i, int j) const override;
+  cow_String AsString(int i, int j) const override;
+  cow_String AsStringVerbatim(int i, int j) const override { return AsString(i, j); }
+  void Set(int i, int j, cow_String const& text) override;
+  void Set(int i, int j, double value) override;
+  void Set(int i, int j, int value) override;
+  void Append(char const* line) override;
+  void AppendRaw(char const* line) override;
+  bool HasRowContinuation(int i) const override;
+  inp_ElementDataArrayImpl* Copy() const override;
+
+private:
+  inp_ElementDataArrayImpl(inp_ElementDataArrayImpl const& other);
+  inp_ElementDataArrayImpl& operator=(inp_ElementDataArrayImpl const&) = delete;
+
+  void Allocate(int rowCount, std::size_t cellCount);
+  void Free();
+  void AddRow(int columns);
+  void AddElement(int id, cow_List<int> const& nodes);
+  void CheckIndex(int i, int j) const;
+
+  int nrows = 0;
+  int* ncols = nullptr;
+  int** rows = nullptr;
+  int* m_cells = nullptr; ///< the cells of all rows, one behind the other
+};

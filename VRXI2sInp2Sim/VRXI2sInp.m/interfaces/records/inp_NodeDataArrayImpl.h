@@ -1,0 +1,66 @@
+#pragma once
+
+#include "inp_DataArrayImpl.h"
+
+class inp_DataArray;
+
+/// The rows of *NODE as numbers: a label and six reals each.
+///
+///     column      0        1  2  3         4  5  6
+///     holds       label    x, y, z         components of the normal
+///
+/// Every row has all seven columns; what a data line does not give is 0. A blank line is a row of
+/// label 0. Takes 52 bytes a row, in two blocks however many rows there are.
+///
+/// Reading or writing a column as a type that it does not hold raises nex_PrimException.
+class inp_NodeDataArrayImpl : public inp_DataArrayImpl
+{
+public:
+  static constexpr int c_columns = 7;
+  static constexpr int c_values = 6;
+
+  inp_NodeDataArrayImpl() = default;
+  /// Room for `allocatedSize` rows, of which Append fills all but one.
+  explicit inp_NodeDataArrayImpl(int allocatedSize);
+  ~inp_NodeDataArrayImpl() override;
+
+  int Rows() const override { return nrows; }
+  int Cols(int i) const override;
+  inp_Types::typeEnm Type(int i, int j) const override;
+  bool IsNone(int, int) const override { return false; }
+  bool HasValue(int i, int j) const override;
+  int AsInt(int i, int j) const override;
+  double AsDouble(int i, int j) const override;
+  cow_String AsString(int i, int j) const override;
+  cow_String AsStringVerbatim(int i, int j) const override { return AsString(i, j); }
+  void Set(int i, int j, cow_String const& text) override;
+  void Set(int i, int j, double value) override;
+  void Set(int i, int j, int value) override;
+  void Append(char const* line) override;
+  void AppendRaw(char const* line) override;
+  bool HasRowContinuation(int) const override { return false; }
+  inp_NodeDataArrayImpl* Copy() const override;
+
+  /// Writes the next row. The array does not grow: one row more than is written must be allocated.
+  virtual void Append(int id, double x, double y, double z);
+
+  /// Replaces all rows by those of a raw array. Columns beyond the seventh are passed over.
+  /// Labels are 1 to 999999999. Raises nex_PrimException for the first bad label, or else one
+  /// that names the nodes (102 at most) whose coordinates are no finite numbers; inp_MemoryException
+  /// when memory is exhausted. Exponent letters "D" become "e" in the raw rows.
+  void SetRaw(inp_DataArray const& raw);
+
+private:
+  using Values = double[c_values];
+
+  inp_NodeDataArrayImpl(inp_NodeDataArrayImpl const& other);
+  inp_NodeDataArrayImpl& operator=(inp_NodeDataArrayImpl const&) = delete;
+  void Allocate(int size);
+  void Free();
+  void CheckIndex(int i, int j) const;
+
+  int nrows = 0;
+  int allocatedSize = 0;
+  int* ids = nullptr;
+  Values* values = nullptr;
+};

@@ -1,0 +1,260 @@
+// Data files and manifests.
+
+#include "VRXBasUtlFilePath.h"
+#include "aio_ifstream.h"
+#include "inp_ExpansionMessages.h"
+#include "inp_KeywordExpansionVisitor.h"
+#include "inp_Parser.h"
+#include "inp_RawDataArrayImpl.h"
+#include "utl_CommandLine.h"
+
+#include <cstring>
+
+namespace
+{
+
+constexpr int c_longestLine = 256;
+constexpr int c_longestItem = 255;
+
+cow_String WithoutQuotes(cow_String const& name)
+{
+  int const length = name.Length();
+  bool const quoted = length >= 3 && name.CStr()[0] == '"' && name.CStr()[length - 1] == '"';
+  return quoted ? name.Substr(1, length - 2) : name;
+}
+
+bool IsReference(cow_String const& value)
+{
+  int const length = value.Length();
+  return length >= 3 && value.CStr()[0] == '<' && value.CStr()[length - 1] == '>';
+}
+
+bool IsBlankRow(inp_DataArray const& data, int row)
+{
+  return data.Cols(row) == 0 || (data.Cols(row) == 1 && data.IsNone(row, 0));
+}
+
+/// Some item of a row has more characters than a rewritten item may have.
+bool HasTooLongItem(inp_RawDataArrayImpl const& rows, int row)
+{
+  char const* cell = rows.RowText(row);
+  for (int column = 0; column < rows.Cols(row); ++column, cell += std::strlen(cell) + 1)
+  {
+    if (inp_Utils::LengthWithoutSpaces(cell) > c_longestItem)
+    {
+      return true;
+    }
+  }
+  return false;
+}
+
+} // namespace
+
+void inp_KeywordExpansionVisitor::ProcessInputParameter(inp_Keyword& keyword)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind("input");
+  if (item != nullptr)
+  {
+    ReadInputParameter(item->AsString(), keyword);
+    keyword.parameters.Remove("input");
+  }
+}
+
+void inp_KeywordExpansionVisitor::ReadInputParameter(cow_String const& file, inp_Keyword& keyword)
+{
+  if (file.Length() == 0)
+  {
+    Say(inp_msgInputFileMissing, keyword);
+    return;
+  }
+  cow_String const name = WithoutQuotes(file);
+  cow_String const path = FindFile(cow_String(), name, keyword);
+  if (path.Length() == 0)
+  {
+    return;
+  }
+  includedFiles.Append(name);
+  if (bulkDataProcess && ReadDataLines(path, name, keyword))
+  {
+    DropTrailingBlankRows(keyword);
+  }
+}
+
+/// Looks in the directory given, then in the include path.
+cow_String inp_KeywordExpansionVisitor::FindFile(cow_String const& directory, cow_String const& file,
+                                                 inp_Keyword const& keyword)
+{
+  VRXBasUtlFilePath path(directory, file);
+  if (!path.Exists())
+  {
+    path.SetFilePath(includePath, file);
+  }
+  if (!path.Exists())
+  {
+    Say(inp_msgInputFileDoesNotExist, keyword, file);
+    NoteMissingFile(file, path.FileName());
+    return cow_String();
+  }
+  if (!path.IsReadable())
+  {
+    Say(inp_msgInputFileNotReadable, keyword, file);
+    return cow_String();
+  }
+  if (!path.IsRegular())
+  {
+    Say(inp_msgInputFileNotRegular, keyword, file);
+    return cow_String();
+  }
+  return path.AbsolutePathName();
+}
+
+void inp_KeywordExpansionVisitor::NoteMissingFile(cow_String const& file, cow_String const& baseName)
+{
+  if (file.Length() > 0 && !(file == "None") && (bulkDataProcess || !IsReference(file)))
+  {
+    missingIncludedFiles.AppendUnlessMember(baseName);
+  }
+}
+
+/// Appends the lines of a data file to the keyword's rows. False when the reading was broken off.
+bool inp_KeywordExpansionVisitor::ReadDataLines(cow_String const& path, cow_String const& file,
+                                                inp_Keyword& keyword)
+{
+  aio_ifstream stream;
+  if (stream.Open(path.CStr()) != aio_ifstream::aio_opened)
+  {
+    Say(inp_msgInputFileNotReadable, keyword, file);
+    return false;
+  }
+  inp_RawDataArrayImpl* const rows = dynamic_cast<inp_RawDataArrayImpl*>(&keyword.data.Impl());
+  int lineNumber = 0;
+  bool lastIsEmpty = false;
+  while (stream.ReadLine(c_longestLine))
+  {
+    ++lineNumber;
+    char* const line = stream.Line();
+    if (stream.CutBytes() > 0)
+    {
+      Say(inp_msgDataFileLineTruncated, keyword, lineNumber, file);
+    }
+    if (line[0] == '*' && line[1] != '\0')
+    {
+      if (line[1] == '*')
+      {
+        continue;
+      }
+      Say(inp_msgDataFileHoldsKeyword, keyword, file, cow_String(keyword.Name()).ToUpper());
+      return false;
+    }
+    if (rows == nullptr)
+    {
+      keyword.data.Append(line);
+      continue;
+    }
+    rows->AppendLine(line, static_cast<std::size_t>(stream.LineLength()));
+    if (stream.LineLength() > c_longestItem && HasTooLongItem(*rows, rows->Rows() - 1))
+    {
+      Say(inp_msgDataFileItemTooLong, keyword, lineNumber, file);
+      rows->RemoveLastRow();
+    }
+    lastIsEmpty = stream.LineLength() == 0;
+  }
+  if (stream.Failed())
+  {
+    Say(inp_msgDataFileReadFailed, keyword, file, lineNumber);
+  }
+  // An empty line that ends the file is its end and no row.
+  if (lastIsEmpty && rows != nullptr)
+  {
+    rows->RemoveLastRow();
+  }
+  return true;
+}
+
+/// Where blank rows end the data, the rows before them are made anew from their cleaned items.
+void inp_KeywordExpansionVisitor::DropTrailingBlankRows(inp_Keyword& keyword)
+{
+  inp_DataArray const& data = keyword.data;
+  int rows = data.Rows();
+  while (rows > 0 && IsBlankRow(data, rows - 1))
+  {
+    --rows;
+  }
+  if (rows == data.Rows())
+  {
+    return;
+  }
+  inp_DataArray kept;
+  for (int row = 0; row < rows; ++row)
+  {
+    cow_String line;
+    for (int column = 0; column < data.Cols(row); ++column)
+    {
+      line.Append(column > 0 ? "," : "").Append(data.AsString(row, column));
+    }
+    kept.Append(line.CStr());
+  }
+  keyword.data = kept;
+}
+
+void inp_KeywordExpansionVisitor::VisitManifest(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  Demand(keyword, "evolution", inp_msgEvolutionRequired);
+  hasManifest = true;
+  if (!expandManifest)
+  {
+    return;
+  }
+  inp_DataArray const data(keyword.data);
+  for (int row = 0; row < data.Rows(); ++row)
+  {
+    if (data.Type(row, 0) == inp_Types::inp_STRING)
+    {
+      ReadManifestFile(data.AsStringVerbatim(row, 0), keyword);
+    }
+  }
+}
+
+/// Reads and expands a whole deck. Manifests in it are not followed.
+void inp_KeywordExpansionVisitor::ReadManifestFile(cow_String const& file, inp_Keyword& keyword)
+{
+  if (file.Length() == 0)
+  {
+    Say(inp_msgInputFileMissing, keyword);
+    return;
+  }
+  cow_String const directory = omi_Singleton<utl_CommandLine>::Instance().Option("indir");
+  cow_String name = WithoutQuotes(file);
+  if (!(VRXBasUtlFilePath(directory, name).Extension() == ".inp"))
+  {
+    name.Append(".inp");
+  }
+  cow_String const path = FindFile(directory, name, keyword);
+  if (path.Length() == 0)
+  {
+    return;
+  }
+  includedFiles.Append(name);
+  inp_Parser parser(path, includePath, cow_List<cow_String>(), cow_String(), true, true, false, 0,
+                    0);
+  cow_List<inp_Keyword> keywords = parser.Parse(true);
+  includedFiles.Concatenate(parser.GetIncludedFiles());
+  missingIncludedFiles.Concatenate(parser.GetMissingIncludeFiles());
+  m_warningList.Concatenate(parser.GetWarnings());
+  m_errorList.Concatenate(parser.GetErrors());
+  m_fatalErrorList.Concatenate(parser.GetFatalErrors());
+
+  inp_KeywordExpansionVisitor nested;
+  nested.SetIncludePath(includePath);
+  nested.SetNumberSteps(numberSteps);
+  nested.SetNumberRestartSteps(numberRestartSteps);
+  nested.SetResultsFormatOdb(resultsFormatOdb);
+  nested.VisitList(keywords);
+  includedFiles.Concatenate(nested.includedFiles);
+  missingIncludedFiles.Concatenate(nested.missingIncludedFiles);
+  m_warningList.Concatenate(nested.m_warningList);
+  m_errorList.Concatenate(nested.m_errorList);
+  m_fatalErrorList.Concatenate(nested.m_fatalErrorList);
+  manifestKeywords.Concatenate(keywords);
+}

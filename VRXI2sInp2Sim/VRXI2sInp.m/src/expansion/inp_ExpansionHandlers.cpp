@@ -1,0 +1,420 @@
+// Handlers that do more than their keyword's row says, but for files and structure.
+
+#include "inp_ElementDataArrayImpl.h"
+#include "inp_ExpansionMessages.h"
+#include "inp_KeywordExpansionVisitor.h"
+#include "inp_NodeDataArrayImpl.h"
+#include "inp_ParserExceptions.h"
+
+#include <memory>
+
+namespace
+{
+
+constexpr int c_itemsOfSetRow = 16;
+constexpr int c_itemsOfTimePointsRow = 8;
+constexpr int c_mostBackstresses = 10;
+
+bool IsWord(inp_Keyword const& keyword, cow_String const& parameter, char const* word)
+{
+  return keyword.GetParameterAsString(parameter, cow_String()) == word;
+}
+
+} // namespace
+
+// ---- parameters that must be there ----
+
+#define DEMANDING(stem, parameter, row)                                                            \
+  void inp_KeywordExpansionVisitor::Visit##stem(inp_Keyword& keyword)                              \
+  {                                                                                                \
+    Expand(keyword);                                                                               \
+    Demand(keyword, parameter, row);                                                               \
+  }
+
+DEMANDING(ConnectorDerivedComponent, "name", inp_msgNameRequired)
+DEMANDING(ContactClearance, "name", inp_msgNameRequired)
+DEMANDING(FastenerProperty, "name", inp_msgNameRequired)
+DEMANDING(SpotWeldProperty, "name", inp_msgNameRequired)
+DEMANDING(Capacity, "type", inp_msgTypeRequired)
+DEMANDING(ConnectorDamageEvolution, "type", inp_msgTypeRequired)
+DEMANDING(DamageEvolution, "type", inp_msgTypeRequired)
+DEMANDING(FluidInteractionLaw, "type", inp_msgTypeRequired)
+DEMANDING(GapConvection, "type", inp_msgTypeRequired)
+DEMANDING(SurfacePropertyAssignment, "property", inp_msgPropertyRequired)
+DEMANDING(SpotWeldInteraction, "interactionname", inp_msgInteractionNameRequired)
+DEMANDING(HeatCap, "elset", inp_msgElsetRequired)
+DEMANDING(Transform, "nset", inp_msgNsetRequired)
+
+#undef DEMANDING
+
+void inp_KeywordExpansionVisitor::VisitAmplitude(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  ProcessInputParameter(keyword);
+  Demand(keyword, "name", inp_msgNameRequired);
+}
+
+void inp_KeywordExpansionVisitor::VisitSpatialDistribution(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  ProcessInputParameter(keyword);
+  Demand(keyword, "name", inp_msgNameRequired);
+}
+
+void inp_KeywordExpansionVisitor::VisitFastener(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  Demand(keyword, "property", inp_msgPropertyRequired);
+  Demand(keyword, "interactionname", inp_msgInteractionNameRequired);
+}
+
+void inp_KeywordExpansionVisitor::VisitSpotWeld(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  Demand(keyword, "property", inp_msgPropertyRequired);
+  Demand(keyword, "referencenodeset", inp_msgReferenceNodeSetRequired);
+}
+
+void inp_KeywordExpansionVisitor::VisitCoSimulationControls(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  checkRequiredParameter(keyword, "name");
+}
+
+void inp_KeywordExpansionVisitor::VisitCoupling(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  checkRequiredParameter(keyword, "constraintname");
+  checkRequiredParameter(keyword, "refnode");
+  checkRequiredParameter(keyword, "surface");
+  checkRequiredParameterValue(keyword, "orientation");
+}
+
+void inp_KeywordExpansionVisitor::VisitImport(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  checkRequiredParameter(keyword, "update");
+  if (keyword.HasParameter("hourglass"))
+  {
+    Say(inp_msgImportHourglass, keyword);
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitIntegratedOutputSection(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  checkRequiredParameter(keyword, "name");
+  checkRequiredParameter(keyword, "surface");
+}
+
+void inp_KeywordExpansionVisitor::VisitRigidBody(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  checkRequiredParameter(keyword, "refnode");
+  checkRequiredParameterValue(keyword, "refnode");
+  checkRequiredParameterValue(keyword, "analyticalsurface");
+  if (!keyword.HasParameter("analyticalsurface") && !keyword.HasParameter("elset") &&
+      !keyword.HasParameter("pinnset") && !keyword.HasParameter("tienset"))
+  {
+    Say(inp_msgRigidBodyEmpty, keyword);
+  }
+}
+
+// ---- keywords that are useless without a name or a file ----
+
+void inp_KeywordExpansionVisitor::VisitNset(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (!Demand(keyword, "nset", inp_msgNsetRequired))
+  {
+    keyword = inp_Keyword();
+    return;
+  }
+  TruncateEachDataLineBeyondItemN(keyword, c_itemsOfSetRow);
+}
+
+void inp_KeywordExpansionVisitor::VisitElset(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (!Demand(keyword, "elset", inp_msgElsetRequired))
+  {
+    keyword = inp_Keyword();
+    return;
+  }
+  TruncateEachDataLineBeyondItemN(keyword, c_itemsOfSetRow);
+}
+
+void inp_KeywordExpansionVisitor::VisitInclude(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (!Demand(keyword, "input", inp_msgInputRequired))
+  {
+    keyword = inp_Keyword();
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitTimePoints(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  ProcessInputParameter(keyword);
+  TruncateEachDataLineBeyondItemN(keyword, c_itemsOfTimePointsRow);
+}
+
+// ---- mesh rows ----
+
+/// The rows become numbers. A fault in them is raised with the keyword's place.
+void inp_KeywordExpansionVisitor::VisitNode(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  ProcessInputParameter(keyword);
+  auto rows = std::make_unique<inp_NodeDataArrayImpl>();
+  try
+  {
+    rows->SetRaw(keyword.data);
+  }
+  catch (nex_AtrException const& fault)
+  {
+    if (bulkConversion)
+    {
+      atr_String message = fault.UserReport();
+      atr_Origin origin = message.Origin() != nullptr ? *message.Origin() : atr_Origin();
+      origin.file = keyword.fileName;
+      origin.line = keyword.lineNumber;
+      origin.keyword = keyword.Name();
+      message.SetOrigin(origin);
+      throw nex_AtrException(message);
+    }
+    return;
+  }
+  keyword.data = inp_DataArray(rows.release());
+}
+
+void inp_KeywordExpansionVisitor::VisitElement(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  ProcessInputParameter(keyword);
+  if (keyword.HasParameter("file"))
+  {
+    elementFileParameter = true;
+  }
+  if (m_partName.Length() > 0 || m_instanceName.Length() > 0)
+  {
+    keyword.data = inp_DataArray(new inp_ElementDataArrayImpl(keyword.data));
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitNmap(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  Refuse(inp_msgRefusedOption, keyword, "*NMAP");
+  if (IsWord(keyword, "type", "BLENDED"))
+  {
+    nmapBlended = true;
+  }
+}
+
+// ---- what an assembly of parts does not take ----
+
+#define REFUSING(stem, row, option)                                                                \
+  void inp_KeywordExpansionVisitor::Visit##stem(inp_Keyword& keyword)                              \
+  {                                                                                                \
+    Expand(keyword);                                                                               \
+    Refuse(row, keyword, option);                                                                  \
+  }
+
+REFUSING(MatrixAssemble, inp_msgRefusedOption, "*MATRIX ASSEMBLE")
+REFUSING(SubstructureCopy, inp_msgRefusedThisOption, "*SUBSTRUCTURE COPY")
+REFUSING(SubstructureDelete, inp_msgRefusedOption, "*SUBSTRUCTURE DELETE")
+REFUSING(SubstructureDirectory, inp_msgRefusedOption, "*SUBSTRUCTURE DIRECTORY")
+REFUSING(SubstructureGenerate, inp_msgRefusedOption, "*SUBSTRUCTURE GENERATE")
+REFUSING(SubstructurePath, inp_msgRefusedOption, "*SUBSTRUCTURE PATH")
+REFUSING(SubstructureProperty, inp_msgRefusedOption, "*SUBSTRUCTURE PROPERTY")
+REFUSING(SymmetricModelGeneration, inp_msgRefusedOption, "*SYMMETRIC MODEL GENERATION")
+REFUSING(SymmetricResultsTransfer, inp_msgRefusedOption, "*SYMMETRIC RESULTS TRANSFER")
+
+#undef REFUSING
+
+void inp_KeywordExpansionVisitor::VisitUserElement(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (keyword.HasParameter("file"))
+  {
+    Refuse(inp_msgRefusedOption, keyword, "*USER ELEMENT, FILE=");
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitParameterShapeVariation(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  ProcessInputParameter(keyword);
+  if (keyword.HasParameter("file"))
+  {
+    Refuse(inp_msgRefusedThisOption, keyword, "*PARAMETER SHAPE VARIATION, FILE=");
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitElastic(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (IsWord(keyword, "type", "SHORTFIBER"))
+  {
+    Refuse(inp_msgRefusedShortFiber, keyword);
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitExpansion(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (IsWord(keyword, "type", "SHORTFIBER"))
+  {
+    Refuse(inp_msgRefusedShortFiber, keyword);
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitInitialConditions(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  ProcessInputParameter(keyword);
+  if (keyword.HasParameter("file"))
+  {
+    Refuse(inp_msgRefusedInitialConditions, keyword,
+           keyword.GetParameterAsString("type", cow_String()));
+  }
+  if (keyword.HasParameter("numberbackstresses"))
+  {
+    CheckBackstresses(keyword);
+    if (!IsWord(keyword, "type", "HARDENING"))
+    {
+      Say(inp_msgBackstressesNeedHardening, keyword);
+    }
+  }
+}
+
+// ---- tests of values ----
+
+void inp_KeywordExpansionVisitor::CheckBackstresses(inp_Keyword const& keyword)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind("numberbackstresses");
+  if (item == nullptr)
+  {
+    return;
+  }
+  int const number = keyword.GetParameterAsInt("numberbackstresses", 0);
+  if (number <= 0 || number > c_mostBackstresses)
+  {
+    Say(inp_msgBackstressesOutOfRange, keyword, item->AsString());
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitPlastic(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  CheckBackstresses(keyword);
+  if (IsWord(keyword, "hardening", "USER") && keyword.GetParameterAsInt("properties", 0) > 0)
+  {
+    checkRequiredDataline(keyword);
+  }
+}
+
+/// A name that is a text begins with a letter, or stands in quotes.
+template <int Places>
+void inp_KeywordExpansionVisitor::CheckBeginsWithLetter(inp_Keyword const& keyword,
+                                                        atr_MessageRow<Places> const& row)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind("name");
+  if (item == nullptr || item->Type() != inp_Types::inp_STRING)
+  {
+    return;
+  }
+  char const first = item->AsString().CStr()[0];
+  bool const isLetter = (first >= 'a' && first <= 'z') || (first >= 'A' && first <= 'Z');
+  if (first != '"' && !isLetter)
+  {
+    Say(row, keyword);
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitMaterial(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  Demand(keyword, "name", inp_msgNameRequired);
+  CheckBeginsWithLetter(keyword, inp_msgMaterialNameInvalid);
+}
+
+void inp_KeywordExpansionVisitor::VisitBoundary(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  CheckBeginsWithLetter(keyword, inp_msgBoundaryNameInvalid);
+}
+
+void inp_KeywordExpansionVisitor::VisitMatrixInput(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  ProcessInputParameter(keyword);
+  Refuse(inp_msgRefusedOption, keyword, "*MATRIX INPUT");
+  Demand(keyword, "name", inp_msgNameRequired);
+  CheckBeginsWithLetter(keyword, inp_msgMatrixNameInvalid);
+}
+
+void inp_KeywordExpansionVisitor::VisitSurface(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  Demand(keyword, "name", inp_msgNameRequired);
+  if (keyword.HasParameter("refnode"))
+  {
+    Say(inp_msgSurfaceRefNodeDeprecated, keyword);
+  }
+}
+
+/// The table holds "all " so that ALL, which is short of ALL EXTERIOR, lands on an entry of its own.
+void inp_KeywordExpansionVisitor::VisitContactInclusions(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (keyword.HasParameter("all "))
+  {
+    Say(inp_msgAllExteriorAbbreviated, keyword);
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitDynamic(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (keyword.HasParameter("explicit"))
+  {
+    explicitJob = true;
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitRigidSurface(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  rigidSurfaceKeyword = true;
+}
+
+// ---- handlers that no keyword reaches ----
+
+#define UNREACHED(stem)                                                                            \
+  void inp_KeywordExpansionVisitor::Visit##stem(inp_Keyword& keyword)                              \
+  {                                                                                                \
+    ExpandByRule(keyword, *inp_ExpansionRuleNamed("Visit" #stem));                                 \
+  }
+
+UNREACHED(SloadCase)
+UNREACHED(UserGasketBehavior)
+UNREACHED(WavefrontMinimization)
+UNREACHED(Xxxautocont)
+
+#undef UNREACHED
+
+void inp_KeywordExpansionVisitor::VisitReactiveAcousticSurface(inp_Keyword& keyword)
+{
+  ExpandByRule(keyword, *inp_ExpansionRuleNamed("VisitReactiveAcousticSurface"));
+  ProcessInputParameter(keyword);
+  Refuse(inp_msgRefusedReactiveSurface, keyword);
+}
+
+void inp_KeywordExpansionVisitor::VisitSurfaceImpedance(inp_Keyword& keyword)
+{
+  ExpandByRule(keyword, *inp_ExpansionRuleNamed("VisitSurfaceImpedance"));
+  Refuse(inp_msgRefusedSurfaceImpedance, keyword);
+}

@@ -1,0 +1,59 @@
+#include "inp_ExpansionRules.h"
+
+#include <cstring>
+
+namespace
+{
+
+#define PARAMETERS(...) __VA_ARGS__ __VA_OPT__(, ) nullptr
+#define VALUES(...) __VA_ARGS__, nullptr,
+#define INP_RULE(stem, parameters, ...)                                                            \
+  constexpr char const* const parametersOf##stem[] = {parameters};                                 \
+  constexpr char const* const valuesOf##stem[] = {__VA_ARGS__ nullptr};
+#include "inp_ExpansionRules.def"
+
+constexpr inp_ExpansionRule c_rules[] = {
+#define INP_RULE(stem, parameters, ...) {"Visit" #stem, parametersOf##stem, valuesOf##stem},
+#include "inp_ExpansionRules.def"
+  {nullptr, nullptr, nullptr}};
+
+/// Index of each rule in the table.
+enum ruleEnm : int
+{
+#define INP_RULE(stem, parameters, ...) rule##stem,
+#include "inp_ExpansionRules.def"
+  ruleCount
+};
+static_assert(sizeof c_rules / sizeof *c_rules == ruleCount + 1);
+
+} // namespace
+
+inp_ExpansionRule const* inp_ExpansionRules() { return c_rules; }
+
+inp_ExpansionRule const* inp_ExpansionRuleOf(inp_KeywordEnm keyword)
+{
+  switch (static_cast<int>(keyword))
+  {
+  case inp_kwModalPrint:
+    return &c_rules[rulePrint];
+#define INP_RULE_UNREACHED(stem, parameters, ...)
+#define INP_RULE(stem, parameters, ...)                                                            \
+  case inp_kw##stem:                                                                               \
+    return &c_rules[rule##stem];
+#include "inp_ExpansionRules.def"
+  default:
+    return nullptr;
+  }
+}
+
+inp_ExpansionRule const* inp_ExpansionRuleNamed(char const* handler)
+{
+  for (inp_ExpansionRule const* rule = c_rules; rule->handler != nullptr; ++rule)
+  {
+    if (std::strcmp(rule->handler, handler) == 0)
+    {
+      return rule;
+    }
+  }
+  return nullptr;
+}

@@ -1,0 +1,185 @@
+// The keywords that divide a deck: parts, instances, the assembly, steps.
+
+#include "inp_ExpansionMessages.h"
+#include "inp_KeywordExpansionVisitor.h"
+
+namespace
+{
+
+inp_Item const* FindText(inp_Keyword const& keyword, cow_String const& parameter)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
+  return item != nullptr && item->Type() == inp_Types::inp_STRING ? item : nullptr;
+}
+
+} // namespace
+
+/// From here on the deck is known to be an assembly of parts; what was kept back comes out.
+void inp_KeywordExpansionVisitor::MarkFeatureEnhanced()
+{
+  featureEnhanced = true;
+  m_errorList.Concatenate(deferredErrors);
+  deferredErrors.Clear();
+}
+
+void inp_KeywordExpansionVisitor::VisitPart(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  MarkFeatureEnhanced();
+  SetPartName(keyword);
+  if (!keyword.HasParameter("name"))
+  {
+    Say(inp_msgPartNameMissing, keyword);
+    return;
+  }
+  inp_Item const* const name = FindText(keyword, "name");
+  if (name == nullptr)
+  {
+    Say(inp_msgPartNameInvalid, keyword);
+  }
+  else if (!partNames.insert(name->AsString()).second)
+  {
+    SayFirst(inp_msgPartDefinedTwice, keyword, name->AsString());
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitEndPart(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (!featureEnhanced)
+  {
+    Say(inp_msgEndPartMisplaced, keyword);
+  }
+  m_partName.Erase();
+}
+
+void inp_KeywordExpansionVisitor::VisitInstance(inp_Keyword& keyword)
+{
+  MarkFeatureEnhanced();
+  Expand(keyword);
+  SetInstanceName(keyword);
+  if (keyword.HasParameter("instance"))
+  {
+    return;
+  }
+  bool const hasName = FindText(keyword, "name") != nullptr;
+  bool const hasPart = FindText(keyword, "part") != nullptr;
+  if (!hasName)
+  {
+    Say(inp_msgInstanceNameMissing, keyword);
+  }
+  if (!hasPart)
+  {
+    Say(inp_msgInstancePartMissing, keyword);
+  }
+  if (hasName && hasPart)
+  {
+    RegisterInstance(keyword);
+  }
+}
+
+/// The pair of instance and part is kept even when it is at fault, for the passes that follow.
+void inp_KeywordExpansionVisitor::RegisterInstance(inp_Keyword const& keyword)
+{
+  cow_String const name = FindText(keyword, "name")->AsString();
+  cow_String const part = FindText(keyword, "part")->AsString();
+  if (instanceNames.count(name) > 0)
+  {
+    SayFirst(inp_msgInstanceDefinedTwice, keyword, name);
+  }
+  else if (partNames.count(part) > 0)
+  {
+    instanceNames.insert(name);
+  }
+  else
+  {
+    SayFirst(inp_msgPartNotDefined, keyword, part);
+  }
+  instancePartNames.Insert(name, part);
+}
+
+void inp_KeywordExpansionVisitor::VisitAssembly(inp_Keyword& keyword)
+{
+  MarkFeatureEnhanced();
+  Expand(keyword);
+  SetAssemblyName(keyword);
+  inp_Item const* const item = keyword.parameters.ConstFind("name");
+  cow_String const name = item != nullptr && item->Type() != inp_Types::inp_BOOLEAN
+                            ? item->AsString()
+                            : cow_String();
+  if (name.Length() == 0)
+  {
+    Say(inp_msgAssemblyNameRequired, keyword);
+  }
+  else if (!inp_Utils::IsSetName(name))
+  {
+    Say(inp_msgAssemblyLabelInvalid, keyword, name);
+  }
+  ++assemblyCount;
+  if (assemblyCount > 1)
+  {
+    Say(inp_msgSecondAssembly, keyword);
+  }
+  instanceNames.clear();
+}
+
+void inp_KeywordExpansionVisitor::VisitStep(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  cow_String const number(numberSteps + 1);
+  cow_String name = cow_String("Step-") + number;
+  if (inp_Item const* const item = keyword.parameters.ConstFind("name"))
+  {
+    if (item->Type() == inp_Types::inp_INTEGER)
+    {
+      Say(inp_msgStepNameIsNumber, keyword);
+    }
+    name = item->AsString();
+    if (stepNames.count(name) > 0)
+    {
+      SayFirst(inp_msgStepDefinedTwice, keyword, name);
+      name = number + "-Duplicate-" + name;
+      keyword.parameters.Insert("name", inp_Item::Text(name));
+    }
+  }
+  else
+  {
+    keyword.parameters.Insert("name", inp_Item::Text(name));
+  }
+  stepNames.insert(name);
+  m_stepName = name;
+  ++numberSteps;
+}
+
+template <int Places>
+void inp_KeywordExpansionVisitor::CheckIntegerWith(inp_Keyword const& keyword,
+                                                   cow_String const& parameter,
+                                                   atr_MessageRow<Places> const& row)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
+  if (item != nullptr && item->Type() != inp_Types::inp_INTEGER)
+  {
+    SayOf(parameter, row, keyword);
+  }
+}
+
+void inp_KeywordExpansionVisitor::VisitRestart(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  if (!keyword.HasParameter("read"))
+  {
+    return;
+  }
+  CheckIntegerWith(keyword, "step", inp_msgRestartStepNotInteger);
+  CheckIntegerWith(keyword, "inc", inp_msgRestartIncNotInteger);
+  numberSteps = keyword.HasParameter("step") ? keyword.GetParameterAsInt("step", numberSteps)
+                                             : numberRestartSteps;
+}
+
+/// Parameters and expressions stay as written; they are not this library's to evaluate.
+void inp_KeywordExpansionVisitor::VisitParameter(inp_Keyword&) { parameterized = true; }
+
+void inp_KeywordExpansionVisitor::VisitConflicts(inp_Keyword& keyword)
+{
+  Say(inp_msgConflictsKeyword, keyword);
+}

@@ -1,0 +1,87 @@
+// The stages that complete the flat list and sum it up.
+
+#include "inp_InputFile.h"
+#include "inp_KeywordExpansionVisitor.h"
+#include "inp_ModelParameterVisitor.h"
+#include "inp_PipelineMessages.h"
+#include "inp_StageTimer.h"
+#include "omi_Singleton.h"
+#include "utl_CommandLine.h"
+#include "wip_WIP.h"
+
+namespace
+{
+
+/// Runs the walk, and sees to it that what it has collected is reported even when it is broken off.
+void VisitAndReport(inp_KeywordExpansionVisitor& visitor, cow_List<inp_Keyword>& keywords)
+{
+  try
+  {
+    visitor.VisitList(keywords);
+  }
+  catch (...)
+  {
+    visitor.Report();
+    throw;
+  }
+  visitor.Report();
+}
+
+} // namespace
+
+void inp_InputFile::ExpandKeywords()
+{
+  inp_StageTimer const timer("Expand Keywords");
+  inp_KeywordExpansionVisitor visitor;
+  visitor.SetIncludePath(includePath);
+  visitor.SetNumberSteps(numberSteps);
+  visitor.SetNumberRestartSteps(numberRestartSteps);
+  utl_CommandLine const& commandLine = omi_Singleton<utl_CommandLine>::Instance();
+  visitor.SetResultsFormatOdb(!commandLine.HasOption("resultsFormat") ||
+                              commandLine.Option("resultsFormat") == "odb");
+  VisitAndReport(visitor, keywords);
+  featureEnhanced = visitor.FeatureEnhanced();
+  instancePartNames = visitor.ConstGetInstancePartNames();
+  parameterized = visitor.IsParameterized();
+  hasManifest = visitor.HasManifest();
+  expansionFacts = {visitor.GetIncludedFiles(), visitor.GetMissingIncludedFiles()};
+
+  bool const rigidSurfaceInExplicit = visitor.IsExplicitJob() && visitor.HasRigidSurfaceKeyword();
+  if (rigidSurfaceInExplicit)
+  {
+    omi_Singleton<wip_WIP>::Instance().Error(atr_Say(inp_msgRigidSurfaceInExplicit), wip_error);
+  }
+  DiscardEmptyKeywords();
+  partConvertible = featureEnhanced ||
+                    (partConvertible && !visitor.IsElementFileParameter() &&
+                     !rigidSurfaceInExplicit && !visitor.HasNmapBlended());
+}
+
+void inp_InputFile::DiscardEmptyKeywords()
+{
+  bool hasEmpty = false;
+  for (inp_Keyword const& keyword : keywords)
+  {
+    hasEmpty = hasEmpty || keyword.Is(inp_kwUndefined);
+  }
+  if (!hasEmpty)
+  {
+    return;
+  }
+  cow_List<inp_Keyword> kept(cow_ListConstruct(), keywords.Length());
+  for (inp_Keyword const& keyword : keywords)
+  {
+    if (!keyword.Is(inp_kwUndefined))
+    {
+      kept.Append(keyword);
+    }
+  }
+  keywords = kept;
+}
+
+void inp_InputFile::setModelParameters()
+{
+  inp_StageTimer const timer("Set Model Parameters");
+  inp_ModelParameterVisitor visitor(modelParameters);
+  visitor.VisitListAndReport(keywords);
+}

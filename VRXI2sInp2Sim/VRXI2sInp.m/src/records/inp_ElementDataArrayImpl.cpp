@@ -1,0 +1,246 @@
+#include "inp_ElementDataArrayImpl.h"
+
+#include "VRXBasException.h"
+#include "inp_DataArray.h"
+#include "inp_Numbers.h"
+#include "inp_ParserExceptions.h"
+#include "inp_RawDataArrayImpl.h"
+#include "inp_RecordMessages.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <new>
+
+namespace
+{
+
+template <class Row>
+[[noreturn]] void Raise(Row const& row)
+{
+  throw nex_AtrException(atr_Say(row));
+}
+
+/// Rows that an element of so many nodes takes.
+int RowsOfElement(int nodes)
+{
+  int const overFirst = nodes - inp_ElementDataArrayImpl::c_nodesInFirstRow;
+  return overFirst <= 0 ? 1 : static_cast<int>(std::ceil(overFirst * 0.0625)) + 1;
+}
+
+/// The number at the head of a cell, and the cell's end.
+int ReadCell(char const* cell, char const*& end)
+{
+  char const* at = cell;
+  while (*at == ' ')
+  {
+    ++at;
+  }
+  int value = 0;
+  char const* const digits = at;
+  for (; *at >= '0' && *at <= '9'; ++at)
+  {
+    value = at - digits < 9 ? 10 * value + (*at - '0') : 0;
+  }
+  if (*at == '\0' && at - digits <= 9)
+  {
+    end = at;
+    return value;
+  }
+  end = at + std::strlen(at);
+  return inp_TextToInt(cell);
+}
+
+} // namespace
+
+inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(inp_DataArray const& raw)
+{
+  std::size_t cells = 0;
+  for (int row = 0; row < raw.Rows(); ++row)
+  {
+    cells += static_cast<std::size_t>(raw.Cols(row));
+  }
+  Allocate(raw.Rows(), cells);
+  auto const* const texts = dynamic_cast<inp_RawDataArrayImpl const*>(&raw.Impl());
+  for (int row = 0; row < raw.Rows(); ++row)
+  {
+    int const columns = raw.Cols(row);
+    AddRow(columns);
+    char const* text = texts != nullptr ? texts->RowText(row) : nullptr;
+    for (int column = 0; column < columns; ++column)
+    {
+      if (texts == nullptr)
+      {
+        rows[row][column] = raw.AsInt(row, column);
+      }
+      else
+      {
+        rows[row][column] = ReadCell(text, text);
+        ++text;
+      }
+    }
+  }
+}
+
+inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(cow_Map<int, cow_List<int>> const& elements)
+{
+  int rowCount = 0;
+  std::size_t cells = 0;
+  cow_ConstMapIterator<int, cow_List<int>> element(elements);
+  for (element.First(); !element.IsDone(); element.Next())
+  {
+    int const nodes = element.CurrentValue().Length();
+    rowCount += RowsOfElement(nodes);
+    cells += static_cast<std::size_t>(nodes + RowsOfElement(nodes));
+  }
+  Allocate(rowCount, cells);
+  for (element.First(); !element.IsDone(); element.Next())
+  {
+    AddElement(element.CurrentKey(), element.CurrentValue());
+  }
+}
+
+inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(inp_ElementDataArrayImpl const& other)
+  : inp_DataArrayImpl(other)
+{
+  std::size_t cells = 0;
+  for (int row = 0; row < other.nrows; ++row)
+  {
+    cells += static_cast<std::size_t>(other.ncols[row]);
+  }
+  Allocate(other.nrows, cells);
+  for (int row = 0; row < other.nrows; ++row)
+  {
+    AddRow(other.ncols[row]);
+    std::copy(other.rows[row], other.rows[row] + other.ncols[row], rows[row]);
+  }
+}
+
+inp_ElementDataArrayImpl::~inp_ElementDataArrayImpl() { Free(); }
+
+void inp_ElementDataArrayImpl::Allocate(int rowCount, std::size_t cellCount)
+{
+  try
+  {
+    std::size_t const count = static_cast<std::size_t>(rowCount);
+    ncols = static_cast<int*>(mem_OperatorNewThrowBuiltin(count * sizeof(int)));
+    rows = static_cast<int**>(mem_OperatorNewThrowBuiltin(count * sizeof(int*)));
+    m_cells = static_cast<int*>(mem_OperatorNewThrowBuiltin(cellCount * sizeof(int)));
+  }
+  catch (std::bad_alloc const&)
+  {
+    Free();
+    throw inp_MemoryException();
+  }
+}
+
+void inp_ElementDataArrayImpl::Free()
+{
+  mem_Free(ncols);
+  mem_Free(rows);
+  mem_Free(m_cells);
+}
+
+/// The next row; its cells are for the caller to fill.
+void inp_ElementDataArrayImpl::AddRow(int columns)
+{
+  rows[nrows] = nrows == 0 ? m_cells : rows[nrows - 1] + ncols[nrows - 1];
+  ncols[nrows] = columns;
+  ++nrows;
+}
+
+void inp_ElementDataArrayImpl::AddElement(int id, cow_List<int> const& nodes)
+{
+  int given = 0;
+  int limit = c_nodesInFirstRow;
+  do
+  {
+    bool const isFirst = given == 0;
+    int const left = nodes.Length() - given;
+    int const count = std::min(left, limit);
+    AddRow(isFirst + count + (left > limit));
+    int* cell = rows[nrows - 1];
+    if (isFirst)
+    {
+      *cell++ = id;
+    }
+    for (int i = 0; i < count; ++i)
+    {
+      *cell++ = nodes.ConstGet(given++);
+    }
+    if (left > limit)
+    {
+      *cell = 0;
+    }
+    limit = c_nodesInRow;
+  } while (given < nodes.Length());
+}
+
+void inp_ElementDataArrayImpl::CheckIndex(int i, int j) const
+{
+  VRXBasAssert(i >= 0 && i < nrows, "i >= 0 && i < nrows");
+  VRXBasAssert(j >= 0 && j < ncols[i], "j >= 0 && j < ncols[i]");
+}
+
+int inp_ElementDataArrayImpl::Cols(int i) const
+{
+  VRXBasAssert(i >= 0 && i < nrows, "i >= 0 && i < nrows");
+  return ncols[i];
+}
+
+inp_Types::typeEnm inp_ElementDataArrayImpl::Type(int i, int j) const
+{
+  return IsNone(i, j) ? inp_Types::inp_NONE : inp_Types::inp_INTEGER;
+}
+
+bool inp_ElementDataArrayImpl::IsNone(int i, int j) const
+{
+  CheckIndex(i, j);
+  return rows[i][j] == 0;
+}
+
+bool inp_ElementDataArrayImpl::HasValue(int i, int j) const
+{
+  return i >= 0 && i < nrows && j >= 0 && j < ncols[i] && rows[i][j] != 0;
+}
+
+int inp_ElementDataArrayImpl::AsInt(int i, int j) const
+{
+  CheckIndex(i, j);
+  return rows[i][j];
+}
+
+double inp_ElementDataArrayImpl::AsDouble(int, int) const { Raise(inp_msgElementDataNotDouble); }
+
+cow_String inp_ElementDataArrayImpl::AsString(int i, int j) const
+{
+  CheckIndex(i, j);
+  return cow_String(rows[i][j]);
+}
+
+void inp_ElementDataArrayImpl::Set(int, int, cow_String const&)
+{
+  Raise(inp_msgElementIllegalOperation);
+}
+
+void inp_ElementDataArrayImpl::Set(int, int, double) { Raise(inp_msgElementIllegalOperation); }
+
+void inp_ElementDataArrayImpl::Set(int i, int j, int value)
+{
+  CheckIndex(i, j);
+  rows[i][j] = value;
+}
+
+void inp_ElementDataArrayImpl::Append(char const*) { Raise(inp_msgElementGenericLine); }
+
+void inp_ElementDataArrayImpl::AppendRaw(char const*) { Raise(inp_msgElementGenericLine); }
+
+bool inp_ElementDataArrayImpl::HasRowContinuation(int i) const
+{
+  return rows[i][ncols[i] - 1] == 0;
+}
+
+inp_ElementDataArrayImpl* inp_ElementDataArrayImpl::Copy() const
+{
+  return new inp_ElementDataArrayImpl(*this);
+}

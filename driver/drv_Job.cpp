@@ -1,0 +1,201 @@
+#include "drv_Job.h"
+
+#include "atr_Message.h"
+#include "drv_CrashBarrier.h"
+#include "drv_Exit.h"
+#include "inp_CurrentPlace.h"
+#include "inp_ParserExceptions.h"
+#include "omi_Singleton.h"
+#include "omi_Timer.h"
+#include "typ_DebugFlags.h"
+#include "utl_CommandLine.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr int c_debugFlag = 30;
+
+constexpr char c_oneLineAboveKeywords[] = "A data line above the first keyword belongs to none and is not used.";
+constexpr char c_linesAboveKeywords[] =
+  "%d data lines above the first keyword, from line %d on, belong to none and are not used.";
+
+wip_WIP& Sink() { return omi_Singleton<wip_WIP>::Instance(); }
+
+std::string TimingLine(char const* step, double seconds, double megabytes)
+{
+  char line[128];
+  double const throughput = seconds > 0 ? megabytes / seconds : 0;
+  std::snprintf(line, sizeof line, "timing: %-10s %10.6f s %10.1f MB/s\n", step, seconds, throughput);
+  return line;
+}
+
+/// Refused before the library sees the deck: what is no file must not make it wait.
+void RefuseUnlessRegular(std::string const& deck)
+{
+  struct stat status = {};
+  if (::stat(deck.c_str(), &status) != 0)
+  {
+    throw drv_Failure("cannot read the deck '" + deck + "': " + std::strerror(errno));
+  }
+  if (S_ISDIR(status.st_mode))
+  {
+    throw drv_Failure("cannot read the deck '" + deck + "': it is a folder");
+  }
+  if (!S_ISREG(status.st_mode))
+  {
+    throw drv_Failure("cannot read the deck '" + deck + "': it is a pipe, a socket or a device, and a deck is a file");
+  }
+}
+
+} // namespace
+
+struct drv_Job::Step
+{
+  char const* name;
+  drv_stageEnm stage; ///< that it belongs to
+  void (*run)(drv_Job& job);
+};
+
+/// The road of a deck, in the order that the library asks for.
+drv_Job::Step const drv_Job::c_steps[] = {
+  {"parse", drv_parse, &drv_Job::Parse},
+  {"expand", drv_expand, [](drv_Job& job) { job.m_model.ExpandKeywords(); }},
+  {"parameters", drv_final, [](drv_Job& job) { job.m_model.setModelParameters(); }},
+};
+
+drv_Job::drv_Job(drv_Options const& options)
+  : m_options(options), m_reporter(options), m_model(*new inp_InputFile)
+{
+}
+
+bool drv_Job::Run()
+{
+  CheckReadable();
+  SetUp();
+  for (Step const& step : c_steps)
+  {
+    if (step.stage <= m_options.stage && !RunStep(step.name, step.stage, step.run))
+    {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool drv_Job::FoundErrors() const { return Sink().ErrorCount() > 0; }
+
+void drv_Job::CheckReadable() const
+{
+  std::string const& deck = m_options.deck;
+  if (deck == "-")
+  {
+    throw drv_Failure("a deck cannot be read from standard input; name its file");
+  }
+  RefuseUnlessRegular(deck);
+  int const descriptor = ::open(deck.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  char first;
+  if (descriptor < 0 || ::read(descriptor, &first, 1) < 0)
+  {
+    throw drv_Failure("cannot read the deck '" + deck + "': " + std::strerror(errno));
+  }
+  ::close(descriptor);
+}
+
+void drv_Job::SetUp()
+{
+  m_model.includePath = cow_String(m_options.includePath.c_str());
+  typ_DebugFlags::SetDebugFlags(c_debugFlag, m_options.debugLevel);
+  for (auto const& [name, value] : m_options.libraryOptions)
+  {
+    utl_CommandLine::Instance().SetOption(name.c_str(), cow_String(value.c_str()));
+  }
+}
+
+bool drv_Job::RunStep(char const* step, drv_stageEnm stage, void (*run)(drv_Job& job))
+{
+  drv_TheCrashContext().stage = drv_StageName(stage);
+  m_reporter.SetStage(stage);
+  omi_Timer timer;
+  try
+  {
+    run(*this);
+  }
+  catch (inp_MemoryException const&)
+  {
+    throw std::bad_alloc();
+  }
+  catch (nex_AtrException const& fault)
+  {
+    return EndedBy(fault.UserReport(), stage);
+  }
+  timer.Stop();
+  m_times.push_back({step, timer.ElapsedSeconds()});
+  inp_CurrentPlace::Clear();
+  return true;
+}
+
+/// A fault that no keyword could be made answerable for. One of the file is no fault of the deck's
+/// author, but of the one who calls the program. Always false.
+bool drv_Job::EndedBy(atr_String const& words, drv_stageEnm stage) const
+{
+  std::string_view const code = words.Origin() != nullptr ? words.Origin()->code : "";
+  if (code == "FileIsUtf16" || code == "CouldNotOpen")
+  {
+    std::string text(words.View());
+    text.erase(text.find_last_not_of("\n") + 1);
+    throw drv_Failure(text);
+  }
+  Sink().Error(words, stage == drv_parse ? wip_readerFatal : wip_passFatal);
+  return false;
+}
+
+void drv_Job::Parse(drv_Job& job)
+{
+  job.m_model.Parse(cow_String(job.m_options.deck.c_str()));
+  job.WarnOfSkippedLines();
+}
+
+void drv_Job::WarnOfSkippedLines() const
+{
+  inp_InputFile::ReaderFacts const& facts = m_model.readerFacts;
+  if (facts.skippedDataLines == 0)
+  {
+    return;
+  }
+  atr_String message = facts.skippedDataLines == 1
+                         ? atr(c_oneLineAboveKeywords)
+                         : atr(c_linesAboveKeywords, facts.skippedDataLines, facts.firstSkippedLine);
+  atr_Origin origin;
+  origin.code = "DataAboveKeywords";
+  origin.file = m_model.inputFileName;
+  origin.line = facts.firstSkippedLine;
+  message.SetOrigin(origin);
+  Sink().Warning(message);
+}
+
+std::string drv_Job::Timings() const
+{
+  double const megabytes = static_cast<double>(m_model.readerFacts.bytesRead) / 1e6;
+  double total = 0;
+  std::string text;
+  for (Time const& time : m_times)
+  {
+    text += TimingLine(time.step, time.seconds, megabytes);
+    total += time.seconds;
+  }
+  text += TimingLine("total", total, megabytes);
+  rusage usage = {};
+  ::getrusage(RUSAGE_SELF, &usage);
+  char line[64];
+  std::snprintf(line, sizeof line, "timing: %-10s %10.1f MB\n", "peak",
+                static_cast<double>(usage.ru_maxrss) * 1024 / 1e6);
+  return text + line;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "drv_Options.h"
+#include "drv_Reporter.h"
+#include "inp_InputFile.h"
+
+#include <string>
+#include <vector>
+
+/// One deck on its way through the stages that the options ask for.
+class drv_Job
+{
+public:
+  explicit drv_Job(drv_Options const& options);
+
+  /// Runs the stages; their messages are shown as they come. False when a fault of the deck ended
+  /// the run before its end, so that there is nothing to write. Raises drv_Failure for a deck that
+  /// cannot be read.
+  bool Run();
+
+  /// Never destroyed: giving back a large model piece by piece takes longer than ending the process.
+  inp_InputFile& Model() { return m_model; }
+  drv_stageEnm Stage() const { return m_options.stage; }
+  bool FoundErrors() const;
+
+  /// A line a stage: seconds, and megabytes (10^6 bytes) of the deck a second; then a total, and
+  /// the peak of memory.
+  std::string Timings() const;
+
+private:
+  struct Time
+  {
+    char const* step;
+    double seconds;
+  };
+
+  void SetUp();
+  void CheckReadable() const;
+  bool RunStep(char const* step, drv_stageEnm stage, void (*run)(drv_Job& job));
+  bool EndedBy(class atr_String const& words, drv_stageEnm stage) const;
+  void WarnOfSkippedLines() const;
+
+  static void Parse(drv_Job& job);
+
+  struct Step;
+  static Step const c_steps[];
+
+  drv_Options const& m_options;
+  drv_Reporter m_reporter;
+  inp_InputFile& m_model;
+  drv_stageEnm m_stage = drv_parse;
+  std::vector<Time> m_times;
+};

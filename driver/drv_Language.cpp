@@ -1,0 +1,328 @@
+#include "drv_Language.h"
+
+#include "drv_Exit.h"
+#include "drv_Hints.h"
+#include "drv_JsonWriter.h"
+#include "drv_Options.h"
+#include "drv_Output.h"
+#include "drv_Utf8.h"
+#include "inp_ExpansionRules.h"
+#include "inp_KeywordTable.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+namespace
+{
+
+using Words = std::vector<std::string>;
+
+constexpr int c_columns = 80;
+
+inp_KeywordTable const& Table() { return thr_ThreadSingleton<inp_KeywordTable>::Instance(); }
+
+struct ElementType
+{
+  char const* name;
+  int fewest;
+  int most;
+};
+
+constexpr ElementType c_elementTypes[] = {
+#define INP_ELEMENT_TYPE(name, fewest, most) {name, fewest, most},
+#include "inp_ElementTypes.def"
+};
+
+// ---- what the tables say
+
+/// A table of words that one or more parameters take.
+struct Enumeration
+{
+  Words parameters;
+  Words values;
+};
+
+Words TakeWords(char const* const* from)
+{
+  Words words;
+  for (; *from != nullptr; ++from)
+  {
+    words.emplace_back(*from);
+  }
+  return words;
+}
+
+/// Parameters next to each other that take the same words share a table.
+std::vector<Enumeration> EnumerationsOf(inp_ExpansionRule const& rule)
+{
+  std::vector<Enumeration> enumerations;
+  for (char const* const* run = rule.values; *run != nullptr; run = inp_NextValues(run))
+  {
+    Words const values = TakeWords(run + 1);
+    bool const isShared = !enumerations.empty() && enumerations.back().values == values;
+    if (!isShared)
+    {
+      enumerations.push_back({{}, values});
+    }
+    enumerations.back().parameters.emplace_back(*run);
+  }
+  return enumerations;
+}
+
+/// The words of every table that the parameter has.
+Words ValuesOf(inp_ExpansionRule const& rule, std::string const& parameter)
+{
+  Words values;
+  for (char const* const* run = rule.values; *run != nullptr; run = inp_NextValues(run))
+  {
+    if (parameter == *run)
+    {
+      Words const more = TakeWords(run + 1);
+      values.insert(values.end(), more.begin(), more.end());
+    }
+  }
+  return values;
+}
+
+Words ParametersOf(inp_KeywordEnm keyword)
+{
+  inp_ExpansionRule const* const rule = inp_ExpansionRuleOf(keyword);
+  return rule != nullptr ? TakeWords(rule->parameters) : Words();
+}
+
+std::string Upper(std::string_view name)
+{
+  return std::string(cow_String(name).ToUpper().View());
+}
+
+/// "*NODE"; the root of the hierarchy, which no deck names, is "the model".
+std::string ShownName(inp_KeywordEnm keyword)
+{
+  return keyword == inp_kwModel ? "the model" : "*" + Upper(Table().Name(keyword).View());
+}
+
+Words ShownNames(cow_List<int> const& keywords)
+{
+  Words names;
+  for (int const keyword : keywords)
+  {
+    names.push_back(ShownName(static_cast<inp_KeywordEnm>(keyword)));
+  }
+  return names;
+}
+
+std::string Joined(Words const& words)
+{
+  std::string text;
+  for (std::string const& word : words)
+  {
+    text += (text.empty() ? "" : ", ") + word;
+  }
+  return text;
+}
+
+// ---- for people
+
+/// Words behind a label, over as many lines as they need.
+std::string Paragraph(std::string const& label, std::size_t indent, Words const& words)
+{
+  std::string text;
+  std::string line = "  " + label;
+  line.append(indent - std::min(indent, line.size()), ' ');
+  for (std::size_t i = 0; i < words.size(); ++i)
+  {
+    std::string const word = words[i] + (i + 1 < words.size() ? "," : "");
+    bool const isFirst = line.size() == indent;
+    if (!isFirst && line.size() + 1 + word.size() > c_columns)
+    {
+      text += line + "\n";
+      line.assign(indent, ' ');
+    }
+    line += (line.size() == indent ? "" : " ") + word;
+  }
+  line.erase(line.find_last_not_of(' ') + 1);
+  return text + line + "\n";
+}
+
+/// "a, b and 3 more".
+std::string FewOf(Words const& words)
+{
+  constexpr std::size_t most = 2;
+  if (words.size() <= most)
+  {
+    return Joined(words);
+  }
+  return Joined({words.begin(), words.begin() + most}) + " and " +
+         std::to_string(words.size() - most) + " more";
+}
+
+std::string Listing()
+{
+  char line[128];
+  std::snprintf(line, sizeof line, "%-37s %5s %10s %5s  %s\n", "KEYWORD", "VALUE", "PARAMETERS",
+                "HOLDS", "STANDS BELOW");
+  std::string text = line;
+  for (inp_KeywordRow const* row = inp_KeywordTable::Rows(); row->name != nullptr; ++row)
+  {
+    inp_KeywordEnm const keyword = static_cast<inp_KeywordEnm>(row->value);
+    if (keyword == inp_kwUndefined || keyword == inp_kwModel)
+    {
+      continue;
+    }
+    std::snprintf(line, sizeof line, "%-37s %5d %10d %5d  ", ShownName(keyword).c_str(), row->value,
+                  static_cast<int>(ParametersOf(keyword).size()),
+                  Table().Suboptions(row->value).Length());
+    text += line + FewOf(ShownNames(Table().ParentKeywords(keyword)));
+    text.erase(text.find_last_not_of(' ') + 1);
+    text += '\n';
+  }
+  return text;
+}
+
+std::string ParameterLines(inp_KeywordEnm keyword)
+{
+  Words const parameters = ParametersOf(keyword);
+  std::size_t widest = 0;
+  for (std::string const& parameter : parameters)
+  {
+    widest = std::max(widest, parameter.size());
+  }
+  std::string text;
+  for (std::string const& parameter : parameters)
+  {
+    Words const values = ValuesOf(*inp_ExpansionRuleOf(keyword), parameter);
+    text += Paragraph("  " + Upper(parameter), widest + 6, values);
+  }
+  return text;
+}
+
+std::string Description(inp_KeywordEnm keyword)
+{
+  constexpr std::size_t indent = 16;
+  cow_List<int> const parents = Table().ParentKeywords(keyword);
+  cow_List<int> const& below = Table().Suboptions(keyword);
+  std::string text = ShownName(keyword) + " (value " + std::to_string(keyword) + ")\n\n";
+  text += Paragraph("stands below", indent, parents.Empty() ? Words{"nothing"} : ShownNames(parents));
+  text += Paragraph("holds", indent, below.Empty() ? Words{"nothing"} : ShownNames(below));
+  std::string const parameters = ParameterLines(keyword);
+  return text + (parameters.empty() ? "  parameters    none\n" : "  parameters\n" + parameters);
+}
+
+// ---- for programs
+
+void WriteWords(drv_JsonWriter& json, Words const& words)
+{
+  json.BeginArray();
+  for (std::string const& word : words)
+  {
+    json.String(word);
+  }
+  json.EndArray();
+}
+
+void WriteNames(drv_JsonWriter& json, cow_List<int> const& keywords)
+{
+  json.BeginArray();
+  for (int const keyword : keywords)
+  {
+    json.String(Table().Name(static_cast<inp_KeywordEnm>(keyword)).View());
+  }
+  json.EndArray();
+}
+
+void WriteKeyword(drv_JsonWriter& json, inp_KeywordRow const& row)
+{
+  json.Break(2).BeginObject().Key("name").String(row.name).Key("value").Number(row.value);
+  json.Key("suboptions");
+  WriteNames(json, Table().Suboptions(row.value));
+  json.Key("parents");
+  WriteNames(json, Table().ParentKeywords(static_cast<inp_KeywordEnm>(row.value)));
+  json.EndObject();
+}
+
+void WriteRule(drv_JsonWriter& json, inp_ExpansionRule const& rule)
+{
+  json.Break(2).BeginObject().Key("handler").String(rule.handler).Key("parameters");
+  WriteWords(json, TakeWords(rule.parameters));
+  json.Key("enumerated").BeginArray();
+  for (Enumeration const& enumeration : EnumerationsOf(rule))
+  {
+    json.BeginObject().Key("parameters");
+    WriteWords(json, enumeration.parameters);
+    json.Key("values");
+    WriteWords(json, enumeration.values);
+    json.EndObject();
+  }
+  json.EndArray().EndObject();
+}
+
+void WriteElementType(drv_JsonWriter& json, ElementType const& type)
+{
+  json.Break(2).BeginObject().Key("name").String(type.name);
+  json.Key("minNodes").Number(type.fewest).Key("maxNodes").Number(type.most).EndObject();
+}
+
+/// All tables, or what concerns one keyword.
+std::string Json(inp_KeywordEnm const* only)
+{
+  std::string text;
+  drv_JsonWriter json(text, drv_JsonWriter::spaced);
+  json.BeginObject().Key("keywords").BeginArray();
+  for (inp_KeywordRow const* row = inp_KeywordTable::Rows(); row->name != nullptr; ++row)
+  {
+    if (only == nullptr || row->value == *only)
+    {
+      WriteKeyword(json, *row);
+    }
+  }
+  json.EndArray().Break(1).Key("rules").BeginArray();
+  inp_ExpansionRule const* const ruleOfOne = only != nullptr ? inp_ExpansionRuleOf(*only) : nullptr;
+  for (inp_ExpansionRule const* rule = inp_ExpansionRules(); rule->handler != nullptr; ++rule)
+  {
+    if (only == nullptr || rule == ruleOfOne)
+    {
+      WriteRule(json, *rule);
+    }
+  }
+  json.EndArray().Break(1).Key("elementTypes").BeginArray();
+  for (ElementType const& type : c_elementTypes)
+  {
+    if (only == nullptr || *only == inp_kwElement)
+    {
+      WriteElementType(json, type);
+    }
+  }
+  json.EndArray().EndObject();
+  return text + "\n";
+}
+
+/// By name or abbreviation; an asterisk in front and blanks do not matter, nor does the case.
+inp_KeywordEnm Find(std::string const& written)
+{
+  cow_String name(std::string_view(written.c_str()));
+  name.Trim(" \t").LeftTrim("*").ToLower();
+  inp_KeywordTable::Match const match = Table().Resolve(name);
+  if (match.name != nullptr)
+  {
+    return Table().Enum(*match.name);
+  }
+  std::string const question = drv_DidYouMeanKeyword(std::string(name.View()));
+  throw drv_Failure("'" + drv_Printable(written, 60) +
+                    (match.ambiguous ? "' stands for several keywords" : "' is no keyword") +
+                    (question.empty() ? "" : "; " + question));
+}
+
+} // namespace
+
+void drv_ShowLanguage(drv_Options const& options, drv_Output& output)
+{
+  if (options.name.empty())
+  {
+    output.Write(options.asJson ? Json(nullptr) : Listing());
+    return;
+  }
+  inp_KeywordEnm const keyword = Find(options.name);
+  output.Write(options.asJson ? Json(&keyword) : Description(keyword));
+}

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "DeckFiles.h"
+#include "inp_Parser.h"
+
+#include <string>
+
+/// How a file is read; the defaults are those of an analysis.
+struct DeckReadingOptions
+{
+  bool strict = true;
+  bool keepData = true;
+  int startLine = 0;
+  int endLine = 0;
+};
+
+/// Everything that the reader makes of a file below a test's folder, as text to compare. File names
+/// come without the folder, and that of the deck itself not at all.
+struct DeckReading
+{
+  DeckReading(DeckFiles const& files, std::string const& name, DeckReadingOptions options = {})
+    : m_files(files), m_file(files.Path(name))
+  {
+    inp_Parser parser(m_file.c_str(), files.Folder().c_str(), cow_List<cow_String>(), "", true,
+                      options.keepData, false, options.startLine, options.endLine);
+    list = parser.Parse(options.strict);
+    for (inp_Keyword const& keyword : list)
+      keywords += Listed(keyword) + "\n";
+    AddMessages("fatal", parser.GetFatalErrors());
+    AddMessages("error", parser.GetErrors());
+    AddMessages("warning", parser.GetWarnings());
+    skipped = Joined(parser.GetSkippedDataLines());
+    included = Joined(parser.GetIncludedFiles());
+    missing = Joined(parser.GetMissingIncludeFiles());
+  }
+
+  cow_List<inp_Keyword> list;
+  /// A line each: "line name {comment; comment} parameter, parameter=value: cell|cell / cell".
+  std::string keywords;
+  /// A line each: "line error Code(keyword): words"; fatal errors first, warnings last.
+  std::string messages;
+  std::string skipped, included, missing; ///< joined by "; "
+
+private:
+  std::string Place(cow_String const& file, int line) const
+  {
+    bool const isDeck = file.Empty() || file == m_file.c_str();
+    std::string const name = isDeck ? "" : m_files.WithoutFolder(file.CStr()) + ":";
+    return name + std::to_string(line) + " ";
+  }
+
+  static std::string Joined(cow_List<cow_String> const& texts)
+  {
+    std::string joined;
+    for (int i = 0; i < texts.Length(); ++i)
+      joined += (i > 0 ? "; " : "") + std::string(texts.ConstGet(i).View());
+    return joined;
+  }
+
+  std::string Listed(inp_Keyword const& keyword) const
+  {
+    std::string text = Place(keyword.fileName, keyword.lineNumber) + keyword.Name().CStr();
+    if (keyword.comments.Length() > 0)
+      text += " {" + Joined(keyword.comments) + "}";
+    char const* separator = " ";
+    cow_ConstMapSortedIt<cow_String, inp_Item> parameter(keyword.parameters);
+    for (parameter.First(); !parameter.IsDone(); parameter.Next(), separator = ", ")
+    {
+      inp_Item const& value = parameter.CurrentValue();
+      text += separator + std::string(parameter.CurrentKey().View());
+      if (value.Type() != inp_Types::inp_BOOLEAN)
+        text += "=" + std::string(value.AsString().View());
+    }
+    for (int i = 0; i < keyword.data.Rows(); ++i)
+      for (int j = 0; j < keyword.data.Cols(i); ++j)
+        text += (j > 0 ? "|" : i > 0 ? " / " : ": ") +
+                std::string(keyword.data.AsStringVerbatim(i, j).View());
+    return text;
+  }
+
+  void AddMessages(char const* severity, cow_List<atr_String> const& list)
+  {
+    for (atr_String const& message : list)
+    {
+      atr_Origin const* const origin = message.Origin();
+      if (origin == nullptr)
+      {
+        messages += "without origin: ";
+      }
+      else
+      {
+        messages += Place(origin->file, origin->line) + severity + " " + origin->code;
+        messages += "(" + std::string(origin->keyword.View()) + "): ";
+      }
+      messages += m_files.WithoutFolder(message.CStr()) + "\n";
+    }
+  }
+
+  DeckFiles const& m_files;
+  std::string m_file;
+};

@@ -233,6 +233,7 @@ void drv_RaiseCrashBarrier()
   cow_SetOutOfRangeHook(OnBadIndex);
   std::set_terminate(OnTerminate);
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   for (int const signal : {SIGINT, SIGTERM, SIGHUP})
   {
     HandleInterrupt(signal);

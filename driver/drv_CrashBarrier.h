@@ -7,15 +7,15 @@
 struct drv_CrashContext
 {
   char const* deck = "";  ///< the deck's name; must live on
-  char const* stage = ""; ///< the stage at work; a literal
+  char const* stage = ""; ///< the stage at work; must live on
   bool asJson = false;    ///< the words are one JSON object, as diagnostics are
 };
 
 drv_CrashContext& drv_TheCrashContext();
 
 /// Catches what would end the process without words: a bad list index, an uncaught exception, the
-/// signals of a crash (a stack that is used up among them). A closed pipe becomes an error of
-/// writing. Also opens what the caller closed of the three standard descriptors, so that no file of
+/// signals of a crash (a stack that is used up among them). A closed pipe and a file that grows too
+/// large become errors of writing. Also opens what the caller closed of the three standard descriptors, so that no file of
 /// ours takes their numbers. To be called first.
 void drv_RaiseCrashBarrier();
 

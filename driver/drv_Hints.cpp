@@ -1,6 +1,7 @@
 #include "drv_Hints.h"
 
 #include "atr_String.h"
+#include "drv_Words.h"
 #include "inp_ExpansionRules.h"
 #include "inp_KeywordTable.h"
 #include "inp_Spelling.h"
@@ -14,32 +15,9 @@ namespace
 constexpr int c_mostNames = 3;
 constexpr std::size_t c_mostListed = 12;
 
-std::string Joined(std::vector<std::string> const& words)
+std::string DidYouMean(drv_Words const& words)
 {
-  std::string joined;
-  for (std::string const& word : words)
-  {
-    joined += (joined.empty() ? "" : ", ") + word;
-  }
-  return joined;
-}
-
-/// "a", "a or b", "a, b or c".
-std::string Alternatives(std::vector<std::string> const& words)
-{
-  std::string joined;
-  for (std::size_t i = 0; i < words.size(); ++i)
-  {
-    bool const isLast = i + 1 == words.size();
-    joined += i == 0 ? "" : isLast ? " or " : ", ";
-    joined += words[i];
-  }
-  return joined;
-}
-
-std::string DidYouMean(std::vector<std::string> const& words)
-{
-  return words.empty() ? "" : "did you mean " + Alternatives(words) + "?";
+  return words.empty() ? "" : "did you mean " + drv_Alternatives(words) + "?";
 }
 
 std::string NearKeywords(atr_Origin const& origin, std::string const&)
@@ -53,49 +31,35 @@ inp_KeywordEnm KeywordOf(atr_Origin const& origin)
   return thr_ThreadSingleton<inp_KeywordTable>::Instance().Enum(name.ToLower());
 }
 
-std::string Upper(std::string_view text)
-{
-  return std::string(cow_String(text).ToUpper().View());
-}
-
-/// As many as can be taken in at a glance.
-std::string Listed(std::vector<std::string> const& words)
-{
-  if (words.size() <= c_mostListed)
-  {
-    return Joined(words);
-  }
-  return Joined({words.begin(), words.begin() + c_mostListed}) + ", ...";
-}
-
 std::string NearParameters(atr_Origin const& origin, std::string const&)
 {
   inp_ExpansionRule const* const rule = inp_ExpansionRuleOf(KeywordOf(origin));
-  std::string const keyword = "*" + Upper(origin.keyword.View());
+  std::string const keyword = "*" + drv_Upper(origin.keyword.View());
   if (rule == nullptr || rule->parameters[0] == nullptr)
   {
     return keyword + " takes no parameters";
   }
   std::vector<std::string_view> candidates;
-  std::vector<std::string> all;
+  drv_Words all;
   for (char const* const* parameter = rule->parameters; *parameter != nullptr; ++parameter)
   {
     candidates.push_back(*parameter);
-    all.push_back(Upper(*parameter));
+    all.push_back(drv_Upper(*parameter));
   }
-  std::vector<std::string> near;
-  for (std::string_view const word : inp_NearestWords(origin.subject.View(), candidates, c_mostNames))
+  drv_Words near;
+  for (std::string_view const word :
+       inp_NearestWords(origin.subject.View(), candidates, c_mostNames))
   {
-    near.push_back(Upper(word));
+    near.push_back(drv_Upper(word));
   }
-  return near.empty() ? keyword + " takes " + Listed(all) : DidYouMean(near);
+  return near.empty() ? keyword + " takes " + drv_FirstOf(all, c_mostListed) : DidYouMean(near);
 }
 
 /// The words of the parameter at fault.
 std::string AllowedValues(atr_Origin const& origin, std::string const&)
 {
   inp_ExpansionRule const* const rule = inp_ExpansionRuleOf(KeywordOf(origin));
-  std::vector<std::string> words;
+  drv_Words words;
   char const* const* run = rule != nullptr ? rule->values : nullptr;
   for (; run != nullptr && *run != nullptr; run = inp_NextValues(run))
   {
@@ -104,7 +68,9 @@ std::string AllowedValues(atr_Origin const& origin, std::string const&)
       words.emplace_back(*word);
     }
   }
-  return words.empty() ? "" : Upper(origin.subject.View()) + " takes " + Listed(words);
+  return words.empty()
+           ? ""
+           : drv_Upper(origin.subject.View()) + " takes " + drv_FirstOf(words, c_mostListed);
 }
 
 std::string SearchedFolders(atr_Origin const&, std::string const& includePath)
@@ -123,14 +89,10 @@ struct Row
 };
 
 constexpr Row c_rows[] = {
-  {"UnknownKeyword", NearKeywords},
-  {"AmbiguousKeyword", NearKeywords},
-  {"MissingIncludeFile", SearchedFolders},
-  {"InputFileDoesNotExist", SearchedFolders},
-  {"UnknownParameter", NearParameters},
-  {"AmbiguousParameter", NearParameters},
-  {"IllegalValue", AllowedValues},
-  {"AmbiguousValue", AllowedValues},
+  {"UnknownKeyword", NearKeywords},        {"AmbiguousKeyword", NearKeywords},
+  {"MissingIncludeFile", SearchedFolders}, {"InputFileDoesNotExist", SearchedFolders},
+  {"UnknownParameter", NearParameters},    {"AmbiguousParameter", NearParameters},
+  {"IllegalValue", AllowedValues},         {"AmbiguousValue", AllowedValues},
 };
 
 } // namespace
@@ -138,10 +100,10 @@ constexpr Row c_rows[] = {
 std::string drv_DidYouMeanKeyword(std::string const& name)
 {
   inp_KeywordTable const& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
-  std::vector<std::string> words;
+  drv_Words words;
   for (cow_String const& near : table.NearestNames(cow_String(std::string_view(name)), c_mostNames))
   {
-    words.push_back("*" + std::string(cow_String(near).ToUpper().View()));
+    words.push_back("*" + drv_Upper(near.View()));
   }
   return DidYouMean(words);
 }

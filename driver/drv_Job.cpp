@@ -23,7 +23,8 @@ namespace
 
 constexpr int c_debugFlag = 30;
 
-constexpr char c_oneLineAboveKeywords[] = "A data line above the first keyword belongs to none and is not used.";
+constexpr char c_oneLineAboveKeywords[] =
+  "A data line above the first keyword belongs to none and is not used.";
 constexpr char c_linesAboveKeywords[] =
   "%d data lines above the first keyword, from line %d on, belong to none and are not used.";
 
@@ -33,7 +34,8 @@ std::string TimingLine(char const* step, double seconds, double megabytes)
 {
   char line[128];
   double const throughput = seconds > 0 ? megabytes / seconds : 0;
-  std::snprintf(line, sizeof line, "timing: %-10s %10.6f s %10.1f MB/s\n", step, seconds, throughput);
+  std::snprintf(line, sizeof line, "timing: %-10s %10.6f s %10.1f MB/s\n", step, seconds,
+                throughput);
   return line;
 }
 
@@ -51,7 +53,8 @@ void RefuseUnlessRegular(std::string const& deck)
   }
   if (!S_ISREG(status.st_mode))
   {
-    throw drv_Failure("cannot read the deck '" + deck + "': it is a pipe, a socket or a device, and a deck is a file");
+    throw drv_Failure("cannot read the deck '" + deck +
+                      "': it is a pipe, a socket or a device, and a deck is a file");
   }
 }
 
@@ -78,6 +81,7 @@ drv_Job::drv_Job(drv_Options const& options)
 
 bool drv_Job::Run()
 {
+  drv_TheCrashContext().stage = drv_StageName(drv_parse);
   CheckReadable();
   SetUp();
   for (Step const& step : c_steps)
@@ -170,9 +174,10 @@ void drv_Job::WarnOfSkippedLines() const
   {
     return;
   }
-  atr_String message = facts.skippedDataLines == 1
-                         ? atr(c_oneLineAboveKeywords)
-                         : atr(c_linesAboveKeywords, facts.skippedDataLines, facts.firstSkippedLine);
+  atr_String message =
+    facts.skippedDataLines == 1
+      ? atr(c_oneLineAboveKeywords)
+      : atr(c_linesAboveKeywords, facts.skippedDataLines, facts.firstSkippedLine);
   atr_Origin origin;
   origin.code = "DataAboveKeywords";
   origin.file = m_model.inputFileName;

@@ -48,6 +48,5 @@ private:
   drv_Options const& m_options;
   drv_Reporter m_reporter;
   inp_InputFile& m_model;
-  drv_stageEnm m_stage = drv_parse;
   std::vector<Time> m_times;
 };

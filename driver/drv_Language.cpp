@@ -6,6 +6,7 @@
 #include "drv_Options.h"
 #include "drv_Output.h"
 #include "drv_Utf8.h"
+#include "drv_Words.h"
 #include "inp_ExpansionRules.h"
 #include "inp_KeywordTable.h"
 
@@ -16,8 +17,6 @@
 
 namespace
 {
-
-using Words = std::vector<std::string>;
 
 constexpr int c_columns = 80;
 
@@ -40,13 +39,13 @@ constexpr ElementType c_elementTypes[] = {
 /// A table of words that one or more parameters take.
 struct Enumeration
 {
-  Words parameters;
-  Words values;
+  drv_Words parameters;
+  drv_Words values;
 };
 
-Words TakeWords(char const* const* from)
+drv_Words TakeWords(char const* const* from)
 {
-  Words words;
+  drv_Words words;
   for (; *from != nullptr; ++from)
   {
     words.emplace_back(*from);
@@ -60,7 +59,7 @@ std::vector<Enumeration> EnumerationsOf(inp_ExpansionRule const& rule)
   std::vector<Enumeration> enumerations;
   for (char const* const* run = rule.values; *run != nullptr; run = inp_NextValues(run))
   {
-    Words const values = TakeWords(run + 1);
+    drv_Words const values = TakeWords(run + 1);
     bool const isShared = !enumerations.empty() && enumerations.back().values == values;
     if (!isShared)
     {
@@ -72,40 +71,35 @@ std::vector<Enumeration> EnumerationsOf(inp_ExpansionRule const& rule)
 }
 
 /// The words of every table that the parameter has.
-Words ValuesOf(inp_ExpansionRule const& rule, std::string const& parameter)
+drv_Words ValuesOf(inp_ExpansionRule const& rule, std::string const& parameter)
 {
-  Words values;
+  drv_Words values;
   for (char const* const* run = rule.values; *run != nullptr; run = inp_NextValues(run))
   {
     if (parameter == *run)
     {
-      Words const more = TakeWords(run + 1);
+      drv_Words const more = TakeWords(run + 1);
       values.insert(values.end(), more.begin(), more.end());
     }
   }
   return values;
 }
 
-Words ParametersOf(inp_KeywordEnm keyword)
+drv_Words ParametersOf(inp_KeywordEnm keyword)
 {
   inp_ExpansionRule const* const rule = inp_ExpansionRuleOf(keyword);
-  return rule != nullptr ? TakeWords(rule->parameters) : Words();
-}
-
-std::string Upper(std::string_view name)
-{
-  return std::string(cow_String(name).ToUpper().View());
+  return rule != nullptr ? TakeWords(rule->parameters) : drv_Words();
 }
 
 /// "*NODE"; the root of the hierarchy, which no deck names, is "the model".
 std::string ShownName(inp_KeywordEnm keyword)
 {
-  return keyword == inp_kwModel ? "the model" : "*" + Upper(Table().Name(keyword).View());
+  return keyword == inp_kwModel ? "the model" : "*" + drv_Upper(Table().Name(keyword).View());
 }
 
-Words ShownNames(cow_List<int> const& keywords)
+drv_Words ShownNames(cow_List<int> const& keywords)
 {
-  Words names;
+  drv_Words names;
   for (int const keyword : keywords)
   {
     names.push_back(ShownName(static_cast<inp_KeywordEnm>(keyword)));
@@ -113,20 +107,10 @@ Words ShownNames(cow_List<int> const& keywords)
   return names;
 }
 
-std::string Joined(Words const& words)
-{
-  std::string text;
-  for (std::string const& word : words)
-  {
-    text += (text.empty() ? "" : ", ") + word;
-  }
-  return text;
-}
-
 // ---- for people
 
-/// Words behind a label, over as many lines as they need.
-std::string Paragraph(std::string const& label, std::size_t indent, Words const& words)
+/// drv_Words behind a label, over as many lines as they need.
+std::string Paragraph(std::string const& label, std::size_t indent, drv_Words const& words)
 {
   std::string text;
   std::string line = "  " + label;
@@ -147,14 +131,14 @@ std::string Paragraph(std::string const& label, std::size_t indent, Words const&
 }
 
 /// "a, b and 3 more".
-std::string FewOf(Words const& words)
+std::string FewOf(drv_Words const& words)
 {
   constexpr std::size_t most = 2;
   if (words.size() <= most)
   {
-    return Joined(words);
+    return drv_Joined(words);
   }
-  return Joined({words.begin(), words.begin() + most}) + " and " +
+  return drv_Joined({words.begin(), words.begin() + most}) + " and " +
          std::to_string(words.size() - most) + " more";
 }
 
@@ -183,7 +167,7 @@ std::string Listing()
 
 std::string ParameterLines(inp_KeywordEnm keyword)
 {
-  Words const parameters = ParametersOf(keyword);
+  drv_Words const parameters = ParametersOf(keyword);
   std::size_t widest = 0;
   for (std::string const& parameter : parameters)
   {
@@ -192,8 +176,8 @@ std::string ParameterLines(inp_KeywordEnm keyword)
   std::string text;
   for (std::string const& parameter : parameters)
   {
-    Words const values = ValuesOf(*inp_ExpansionRuleOf(keyword), parameter);
-    text += Paragraph("  " + Upper(parameter), widest + 6, values);
+    drv_Words const values = ValuesOf(*inp_ExpansionRuleOf(keyword), parameter);
+    text += Paragraph("  " + drv_Upper(parameter), widest + 6, values);
   }
   return text;
 }
@@ -204,15 +188,16 @@ std::string Description(inp_KeywordEnm keyword)
   cow_List<int> const parents = Table().ParentKeywords(keyword);
   cow_List<int> const& below = Table().Suboptions(keyword);
   std::string text = ShownName(keyword) + " (value " + std::to_string(keyword) + ")\n\n";
-  text += Paragraph("stands below", indent, parents.Empty() ? Words{"nothing"} : ShownNames(parents));
-  text += Paragraph("holds", indent, below.Empty() ? Words{"nothing"} : ShownNames(below));
+  text +=
+    Paragraph("stands below", indent, parents.Empty() ? drv_Words{"nothing"} : ShownNames(parents));
+  text += Paragraph("holds", indent, below.Empty() ? drv_Words{"nothing"} : ShownNames(below));
   std::string const parameters = ParameterLines(keyword);
   return text + (parameters.empty() ? "  parameters    none\n" : "  parameters\n" + parameters);
 }
 
 // ---- for programs
 
-void WriteWords(drv_JsonWriter& json, Words const& words)
+void WriteWords(drv_JsonWriter& json, drv_Words const& words)
 {
   json.BeginArray();
   for (std::string const& word : words)

@@ -2,6 +2,7 @@
 
 #include "drv_Exit.h"
 #include "drv_Output.h"
+#include "drv_Words.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,9 +15,7 @@
 namespace
 {
 
-using Words = std::vector<std::string>;
-
-Words const c_stages = {"parse", "expand", "final"};
+drv_Words const c_stages = {"parse", "expand", "final"};
 
 /// Options that the library reads by name.
 struct LibraryOption
@@ -28,29 +27,20 @@ struct LibraryOption
 };
 
 constexpr LibraryOption c_libraryOptions[] = {
-  {"--results-format", "resultsFormat", "F", "format of the job's results, odb or another"},
-  {"--indir", "indir", "DIR", "where the decks that a *MANIFEST names are looked for first"},
+  {"--results-format", "resultsFormat", "F", "format of the job's results; odb when not given"},
+  {"--indir", "indir", "DIR", "where the decks of a *MANIFEST are looked for first"},
 };
 
-constexpr char c_statuses[] = "Exit status: 0 no errors (warnings allowed), 1 errors in the deck, 2 the command "
-                              "could\nnot run, 3 internal failure.";
+constexpr char c_statuses[] =
+  "Exit status: 0 no errors (warnings allowed), 1 errors in the deck, 2 the\n"
+  "command could not run, 3 internal failure.";
 
-std::string Join(Words const& words, char const* separator)
-{
-  std::string joined;
-  for (std::string const& word : words)
-  {
-    joined += (joined.empty() ? "" : separator) + word;
-  }
-  return joined;
-}
-
-CLI::Validator OneOf(Words const& words)
+CLI::Validator OneOf(drv_Words const& words)
 {
   auto const check = [words](std::string const& value)
   {
     bool const isKnown = std::find(words.begin(), words.end(), value) != words.end();
-    return isKnown ? "" : "'" + value + "' is not one of " + Join(words, ", ");
+    return isKnown ? "" : "'" + value + "' is not one of " + drv_Joined(words);
   };
   return CLI::Validator(check, "");
 }
@@ -61,7 +51,7 @@ class Formatter : public CLI::Formatter
 public:
   Formatter()
   {
-    column_width(30);
+    column_width(28);
     label("Positionals", "Arguments");
     label("SUBCOMMAND", "COMMAND [OPTIONS]");
   }
@@ -84,18 +74,21 @@ public:
     return usage + "\n";
   }
 
-  std::string make_help(CLI::App const* app, std::string name, CLI::AppFormatMode mode) const override
+  std::string make_help(CLI::App const* app, std::string name,
+                        CLI::AppFormatMode mode) const override
   {
     std::string const footer = app->get_footer();
-    return make_usage(app, name) + "\n" + app->get_description() + "\n" + make_subcommands(app, mode) +
-           make_positionals(app) + make_groups(app, mode) + (footer.empty() ? "" : "\n" + footer + "\n");
+    return make_usage(app, name) + "\n" + app->get_description() + "\n" +
+           make_subcommands(app, mode) + make_positionals(app) + make_groups(app, mode) +
+           (footer.empty() ? "" : "\n" + footer + "\n");
   }
 
   std::string make_option_name(CLI::Option const* option, bool isPositional) const override
   {
     std::string name = CLI::Formatter::make_option_name(option, isPositional);
     std::size_t const comma = name.find(',');
-    return comma == std::string::npos ? "    " + name : name.insert(comma + 1, " ");
+    std::string const margin = isPositional ? "" : "    ";
+    return comma == std::string::npos ? margin + name : name.insert(comma + 1, " ");
   }
 
   std::string make_option_usage(CLI::Option const* option) const override
@@ -128,19 +121,19 @@ private:
 
   CLI::App m_app;
   drv_Options m_options;
-  Words m_commands;
+  drv_Words m_commands;
   std::string m_color = "auto";
   std::string m_diagnostics = "text";
   std::string m_stage = c_stages.back();
   std::string m_what = "keywords";
   std::string m_include;
   std::array<std::string, std::size(c_libraryOptions)> m_libraryValues;
-  Words m_nameWords;
+  drv_Words m_nameWords;
 };
 
 Reader::Reader()
-  : m_app("Reads the input deck of a finite-element analysis, says what is wrong with it, and shows "
-          "what\nit holds.")
+  : m_app("Reads the input deck of a finite-element analysis, says what is wrong with it,\n"
+          "and shows what it holds.")
 {
   m_app.formatter(std::make_shared<Formatter>());
   m_app.name("inpdeck");
@@ -177,25 +170,35 @@ CLI::App* Reader::AddDeckCommand(drv_commandEnm command, char const* name, char 
   added->add_option("DECK", m_options.deck, "the deck's file")
     ->required()
     ->multi_option_policy(CLI::MultiOptionPolicy::Throw);
-  added->add_option("-I,--include", m_include,
-                    "where include and data files are looked for behind the\n"
-                    "working directory; the deck's own folder when not given")
+  added
+    ->add_option("-I,--include", m_include,
+                 "where include and data files are looked for after\n"
+                 "the working directory; the deck's own folder when\nnot given")
     ->option_text("DIR");
-  added->add_option("--stage", m_stage, "stop behind this stage: " + Join(c_stages, ", ") + " (all stages,\nthe default)")
+  added
+    ->add_option("--stage", m_stage,
+                 "stop behind this stage: " + drv_Joined(c_stages) + "\n(all stages, the default)")
     ->option_text("STAGE")
     ->check(OneOf(c_stages));
   AddLibraryOptions(added);
-  added->add_option("--diagnostics", m_diagnostics, "form of the diagnostics on standard error: text, json (an\nobject a line)")
+  added
+    ->add_option("--diagnostics", m_diagnostics,
+                 "how diagnostics are written to standard error: text,\njson (an object a line)")
     ->option_text("FORM")
     ->check(OneOf({"text", "json"}));
-  added->add_option("--color", m_color, "colour of text diagnostics: auto (on a terminal), always,\nnever")
+  added
+    ->add_option("--color", m_color,
+                 "colour of text diagnostics: auto (on a terminal, the\ndefault), always, never")
     ->option_text("WHEN")
     ->check(OneOf({"auto", "always", "never"}));
-  added->add_option("--debug", m_options.debugLevel, "print what the library does: 1 times, 2 more")
+  added
+    ->add_option("--debug", m_options.debugLevel,
+                 "print what the library does: 1 the times of stages,\n2 more")
     ->option_text("N")
     ->check(CLI::Range(0, 99));
   added->add_flag("--quiet", m_options.quiet, "no summary");
-  added->add_flag("--timings", m_options.timings, "time and throughput of each stage, on standard error");
+  added->add_flag("--timings", m_options.timings,
+                  "time and throughput of each stage, on standard\nerror");
   return added;
 }
 
@@ -211,15 +214,20 @@ void Reader::AddLibraryOptions(CLI::App* command)
 void Reader::AddOutput(CLI::App* command)
 {
   command
-    ->add_option("-o,--output", m_options.outputFile,
-                 "write to this file, which appears whole or not at all,\ninstead of standard output")
+    ->add_option(
+      "-o,--output", m_options.outputFile,
+      "write to this file, which appears whole or not at\nall, and not to standard output")
     ->option_text("FILE");
 }
 
 void Reader::AddLanguage()
 {
-  CLI::App* const language = AddCommand(drv_language, "language", "Show the vocabulary of the deck language.");
-  language->add_option("NAME", m_nameWords, "a keyword, or a beginning that no other keyword has; without\nit, all keywords are listed")
+  CLI::App* const language =
+    AddCommand(drv_language, "language", "Show the vocabulary of the deck language.");
+  language
+    ->add_option(
+      "NAME", m_nameWords,
+      "a keyword, or a beginning that no other keyword has;\nall keywords are listed without it")
     ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   language->add_flag("--json", m_options.asJson, "write JSON");
 }
@@ -237,7 +245,8 @@ std::optional<drv_Options> Reader::Read(int argc, char** argv)
       Refuse(fault, argc, argv);
     }
     drv_Output output("");
-    output.Write(fault.get_name() == "CallForHelp" ? m_app.help() : fault.what() + std::string("\n"));
+    output.Write(fault.get_name() == "CallForHelp" ? m_app.help()
+                                                   : fault.what() + std::string("\n"));
     output.Finish();
     return std::nullopt;
   }
@@ -253,10 +262,10 @@ void Reader::Refuse(CLI::ParseError const& fault, int argc, char** argv) const
   {
     throw drv_Failure(fault.what() + std::string("\nTry 'inpdeck ") + first + " --help'.");
   }
-  std::string const words = first.empty()      ? "no command is given"
+  std::string const words = first.empty()     ? "no command is given"
                             : first[0] == '-' ? fault.what()
                                               : "'" + first + "' is no command";
-  throw drv_Failure(words + "; the commands are " + Join(m_commands, ", ") +
+  throw drv_Failure(words + "; the commands are " + drv_Joined(m_commands) +
                     "\nTry 'inpdeck --help'.");
 }
 
@@ -295,7 +304,10 @@ void Reader::Complete()
       m_options.libraryOptions.emplace_back(c_libraryOptions[i].name, m_libraryValues[i]);
     }
   }
-  m_options.name = Join(m_nameWords, "");
+  for (std::string const& word : m_nameWords)
+  {
+    m_options.name += word;
+  }
 }
 
 } // namespace

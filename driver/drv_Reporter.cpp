@@ -1,5 +1,6 @@
 #include "drv_Reporter.h"
 
+#include "drv_CrashBarrier.h"
 #include "drv_Exit.h"
 #include "drv_Hints.h"
 #include "drv_JsonWriter.h"
@@ -39,7 +40,7 @@ struct JsonDiagnostic
 {
   char const* severity;
   int level; ///< below 0 for none
-  drv_stageEnm stage;
+  char const* stage;
   std::string_view file; ///< "" for none
   int line;              ///< 0 for none
   std::string_view message;
@@ -51,7 +52,7 @@ std::string ToJson(JsonDiagnostic const& diagnostic)
   drv_JsonWriter json(text, drv_JsonWriter::compact);
   json.BeginObject().Key("severity").String(diagnostic.severity).Key("level");
   diagnostic.level < 0 ? json.Null() : json.Number(diagnostic.level);
-  json.Key("stage").String(drv_StageName(diagnostic.stage)).Key("file");
+  json.Key("stage").String(diagnostic.stage).Key("file");
   diagnostic.file.empty() ? json.Null() : json.String(diagnostic.file);
   json.Key("line");
   diagnostic.line <= 0 ? json.Null() : json.Number(diagnostic.line);
@@ -79,9 +80,9 @@ void drv_Reporter::Message(wip_Message const& message)
 std::string drv_Reporter::AsJson(wip_Message const& message) const
 {
   atr_Origin const* const origin = message.text.Origin();
-  return ToJson({SeverityOf(message), message.isWarning ? -1 : message.level, m_stage,
-                 origin != nullptr ? origin->file.View() : "", origin != nullptr ? origin->line : 0,
-                 message.text.View()});
+  return ToJson({SeverityOf(message), message.isWarning ? -1 : message.level,
+                 drv_StageName(m_stage), origin != nullptr ? origin->file.View() : "",
+                 origin != nullptr ? origin->line : 0, message.text.View()});
 }
 
 std::string drv_Reporter::AsText(wip_Message const& message)
@@ -112,13 +113,15 @@ std::string drv_Reporter::DeckLine(std::string const& file, int line, std::strin
   std::string text;
   if (std::optional<std::string> const deckLine = m_deckLines.Line(file, line))
   {
-    std::string const shown = drv_Printable(*deckLine, c_shownColumns - static_cast<int>(c_gutter) - 3);
+    std::string const shown =
+      drv_Printable(*deckLine, c_shownColumns - static_cast<int>(c_gutter) - 3);
     text = Painted(c_blue, number + " |") + (shown.empty() ? "" : " " + shown) + "\n";
   }
   if (!hint.empty())
   {
     std::string const gutter(number.size(), ' ');
-    text += Painted(c_blue, gutter + " |") + " " + Painted(c_green, drv_PrintableLines(hint)) + "\n";
+    text +=
+      Painted(c_blue, gutter + " |") + " " + Painted(c_green, drv_PrintableLines(hint)) + "\n";
   }
   return text;
 }
@@ -137,11 +140,12 @@ std::string drv_Reporter::ShownPath(std::string const& file) const
   return isBelow && !m_options.deck.starts_with('/') ? file.substr(folder.size()) : file;
 }
 
-void drv_SayFailure(drv_Options const& options, drv_stageEnm stage, std::string const& words)
+void drv_SayFailure(drv_Options const& options, std::string const& words)
 {
   if (options.jsonDiagnostics)
   {
-    drv_WriteToStderr(ToJson({"fatal", wip_readerFatal, stage, options.deck, 0, words}));
+    drv_WriteToStderr(
+      ToJson({"fatal", wip_readerFatal, drv_TheCrashContext().stage, options.deck, 0, words}));
     return;
   }
   std::string const severity = options.colored ? "\033[1;31merror:\033[0m" : "error:";

@@ -42,7 +42,7 @@ private:
 
 /// Writes words of the program itself, as a diagnostic without a place in the deck, in the form that
 /// the options ask for.
-void drv_SayFailure(drv_Options const& options, drv_stageEnm stage, std::string const& words);
+void drv_SayFailure(drv_Options const& options, std::string const& words);
 
 /// Writes to standard error; ends the program when nobody reads it any more.
 void drv_WriteToStderr(std::string const& text);

@@ -2,6 +2,7 @@
 
 #include "drv_Job.h"
 #include "drv_Utf8.h"
+#include "drv_Words.h"
 #include "inp_KeywordTable.h"
 #include "omi_Singleton.h"
 
@@ -32,7 +33,7 @@ struct Census
   int elementRows = 0;
   std::map<int, int> kinds;
   std::map<std::string, int> elementTypes;
-  std::vector<std::string> materials;
+  drv_Words materials;
   std::vector<Step> steps;
 
   int Of(inp_KeywordEnm kind) const
@@ -65,11 +66,6 @@ int ElementRows(inp_DataArray const& data)
     goesOn = data.HasRowContinuation(row);
   }
   return elements;
-}
-
-std::string Upper(std::string_view name)
-{
-  return std::string(cow_String(name).ToUpper().View());
 }
 
 /// The keywords that say what is computed in a step.
@@ -122,7 +118,7 @@ void Count(inp_Keyword const& keyword, Census& census)
   {
     int const rows = ElementRows(keyword.data);
     census.elementRows += rows;
-    census.elementTypes[Upper(TextOf(keyword, "type"))] += rows;
+    census.elementTypes[drv_Upper(TextOf(keyword, "type"))] += rows;
   }
   else if (keyword.Is(inp_kwMaterial))
   {
@@ -135,7 +131,7 @@ void Count(inp_Keyword const& keyword, Census& census)
   else if (!census.steps.empty() && census.steps.back().procedure.empty() &&
            IsProcedure(keyword.keyword))
   {
-    census.steps.back().procedure = "*" + Upper(keyword.Name().View());
+    census.steps.back().procedure = "*" + drv_Upper(keyword.Name().View());
   }
   Count(keyword.suboptions, census);
 }
@@ -162,7 +158,8 @@ std::string CountsOf(Census const& census, std::vector<inp_KeywordEnm> const& ki
   {
     if (int const count = census.Of(kind))
     {
-      text += (text.empty() ? "" : ", ") + std::to_string(count) + " *" + Upper(table.Name(kind).View());
+      text += (text.empty() ? "" : ", ") + std::to_string(count) + " *" +
+              drv_Upper(table.Name(kind).View());
     }
   }
   return text;
@@ -177,29 +174,20 @@ std::string CountsOf(std::map<std::string, int> const& counts)
   std::string text;
   for (auto const& [name, count] : sorted)
   {
-    text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + (name.empty() ? "of no type" : name);
+    text += (text.empty() ? "" : ", ") + std::to_string(count) + " " +
+            (name.empty() ? "of no type" : name);
   }
   return text;
 }
 
-std::string Joined(std::vector<std::string> const& words)
+std::string JoinedNames(cow_List<cow_String> const& words)
 {
-  std::string text;
-  for (std::string const& word : words)
-  {
-    text += (text.empty() ? "" : ", ") + word;
-  }
-  return text;
-}
-
-std::string Joined(cow_List<cow_String> const& words)
-{
-  std::vector<std::string> list;
+  drv_Words list;
   for (cow_String const& word : words)
   {
     list.emplace_back(word.View());
   }
-  return Joined(list);
+  return drv_Joined(list);
 }
 
 std::string Size(long long bytes)
@@ -249,7 +237,8 @@ std::string Steps(std::vector<Step> const& steps)
   {
     std::string name = drv_Printable(steps[i].name, 30);
     name.append(widest - std::min(widest, name.size()), ' ');
-    std::string const procedure = steps[i].procedure.empty() ? "(no procedure)" : steps[i].procedure;
+    std::string const procedure =
+      steps[i].procedure.empty() ? "(no procedure)" : steps[i].procedure;
     text += margin + name + "  " + drv_Printable(procedure, 14) + "\n";
   }
   return shown < steps.size()
@@ -261,7 +250,7 @@ std::string Findings()
 {
   wip_WIP const& sink = omi_Singleton<wip_WIP>::Instance();
   int const fatal = sink.ErrorCount(wip_readerFatal) + sink.ErrorCount(wip_passFatal);
-  std::vector<std::string> words;
+  drv_Words words;
   if (fatal > 0)
   {
     words.push_back(Plural(fatal, "fatal error"));
@@ -274,12 +263,13 @@ std::string Findings()
   {
     words.push_back(Plural(warnings, "warning"));
   }
-  return Row("Findings", sink.ErrorCount() + sink.WarningCount(), Joined(words));
+  return Row("Findings", sink.ErrorCount() + sink.WarningCount(), drv_Joined(words));
 }
 
 std::string Form(Census const& census)
 {
-  bool const isAssembly = census.Of(inp_kwPart) + census.Of(inp_kwInstance) + census.Of(inp_kwAssembly) > 0;
+  bool const isAssembly =
+    census.Of(inp_kwPart) + census.Of(inp_kwInstance) + census.Of(inp_kwAssembly) > 0;
   return isAssembly ? "assembly" : "flat model";
 }
 
@@ -294,10 +284,10 @@ std::string drv_Summary(drv_Job& job)
   int const included = facts.includedFiles.Length();
   int const missing = facts.missingIncludeFiles.Length();
 
-  std::string text = drv_Printable(model.inputFileName.View(), c_columns - 30) + ": " + Form(census) +
-                     ", " + Size(facts.bytesRead) + "\n\n";
-  text += RowUnlessNone("Include files", included, Joined(facts.includedFiles));
-  text += RowUnlessNone("Missing files", missing, Joined(facts.missingIncludeFiles));
+  std::string text = drv_Printable(model.inputFileName.View(), c_columns - 30) + ": " +
+                     Form(census) + ", " + Size(facts.bytesRead) + "\n\n";
+  text += RowUnlessNone("Include files", included, JoinedNames(facts.includedFiles));
+  text += RowUnlessNone("Missing files", missing, JoinedNames(facts.missingIncludeFiles));
   text += Row("Keywords", census.keywords, Plural(static_cast<int>(census.kinds.size()), "kind"));
   text += RowUnlessNone("Parts", census.Of(inp_kwPart));
   text += RowUnlessNone("Instances", census.Of(inp_kwInstance));
@@ -309,7 +299,7 @@ std::string drv_Summary(drv_Job& job)
   text += RowUnlessNone("Sets", census.Of(inp_kwNset) + census.Of(inp_kwElset),
                         CountsOf(census, {inp_kwNset, inp_kwElset}));
   text += RowUnlessNone("Surfaces", census.Of(inp_kwSurface));
-  text += RowUnlessNone("Materials", census.Of(inp_kwMaterial), Joined(census.materials));
+  text += RowUnlessNone("Materials", census.Of(inp_kwMaterial), drv_Joined(census.materials));
   text += Row("Steps", static_cast<int>(census.steps.size())) + Steps(census.steps);
   return text + Findings();
 }

@@ -97,7 +97,7 @@ drv_statusEnm Run(int argc, char** argv)
   }
   catch (drv_Failure const& failure)
   {
-    drv_SayFailure(options, drv_parse, failure.what());
+    drv_SayFailure(options, failure.what());
     return drv_cannotRun;
   }
   // 2. Should the program fail from here on, it says so in the form that was asked for.
@@ -110,16 +110,13 @@ drv_statusEnm Run(int argc, char** argv)
   }
   catch (drv_Failure const& failure)
   {
-    drv_SayFailure(options, options.stage, failure.what());
+    drv_SayFailure(options, failure.what());
     return drv_cannotRun;
   }
 }
 
 /// Whatever comes up here is a fault of the program.
-[[noreturn]] void FailBy(char const* what, char const* detail)
-{
-  drv_FailInternally(what, detail);
-}
+[[noreturn]] void FailBy(char const* what, char const* detail) { drv_FailInternally(what, detail); }
 
 } // namespace
 

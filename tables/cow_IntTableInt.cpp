@@ -9,10 +9,7 @@ bool cow_IntTableInt::Insert(int const& key, int const& value)
   return m_table.Get()->Insert(key, value);
 }
 
-bool cow_IntTableInt::Remove(int const& key)
-{
-  return IsMember(key) && m_table.Get()->Remove(key);
-}
+bool cow_IntTableInt::Remove(int const& key) { return IsMember(key) && m_table.Get()->Remove(key); }
 
 cow_IntTableInt::Table const& cow_IntTableInt::EmptyTable()
 {

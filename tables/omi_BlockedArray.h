@@ -34,8 +34,8 @@ class omi_BlockedArray
 public:
   /// Makes an empty array with 2 to the power `shift` cells a block. Allocates nothing.
   explicit omi_BlockedArray(unsigned shift) { SetShift(shift); }
-  omi_BlockedArray(omi_BlockedArray const& other);            // deep
-  omi_BlockedArray(omi_BlockedArray&& other) noexcept;        // leaves the other empty
+  omi_BlockedArray(omi_BlockedArray const& other);     // deep
+  omi_BlockedArray(omi_BlockedArray&& other) noexcept; // leaves the other empty
   omi_BlockedArray& operator=(omi_BlockedArray other) noexcept
   {
     Swap(other);
@@ -77,8 +77,7 @@ public:
   void Adopt(omi_BlockedArray& from, unsigned first);
 
   /// Joins blocks to larger ones of 2 to the power `shift` cells. For plain data, whose cells move.
-  void Reshape(unsigned shift)
-    requires std::is_trivially_copyable_v<T>;
+  void Reshape(unsigned shift) requires std::is_trivially_copyable_v<T>;
 
   /// Frees all blocks and the block table; the block size stays.
   void Clear();
@@ -170,8 +169,7 @@ void omi_BlockedArray<T>::Adopt(omi_BlockedArray& from, unsigned first)
 }
 
 template <class T>
-void omi_BlockedArray<T>::Reshape(unsigned shift)
-  requires std::is_trivially_copyable_v<T>
+void omi_BlockedArray<T>::Reshape(unsigned shift) requires std::is_trivially_copyable_v<T>
 {
   if (shift <= blockShift)
   {
@@ -230,8 +228,7 @@ std::size_t omi_BlockedArray<T>::Bytes() const
 template <class T>
 T* omi_BlockedArray<T>::NewBlock()
 {
-  void* const memory =
-    VRXBasOmiDefaultAllocator::allocate(std::size_t{cellsPerBlock} * sizeof(T));
+  void* const memory = VRXBasOmiDefaultAllocator::allocate(std::size_t{cellsPerBlock} * sizeof(T));
   auto* const block = static_cast<T*>(memory);
   try
   {

@@ -103,7 +103,7 @@ private:
   {
     std::unique_ptr<omi_UintTable<T>> guard(half);
     nonNegatives = new omi_UintTable<T>;
-    guard.release();
+    static_cast<void>(guard.release());
   }
 
   static unsigned Magnitude(int key)

@@ -31,7 +31,8 @@ void omi_Set::InsertRun(int first, int last, unsigned step)
   {
     std::int64_t const span = std::min(last, -1) - from;
     std::int64_t const nearest = from + span / step * step; // the last of the run below zero
-    SetEach(negatives, static_cast<std::uint64_t>(-nearest), static_cast<std::uint64_t>(-from), step);
+    SetEach(negatives, static_cast<std::uint64_t>(-nearest), static_cast<std::uint64_t>(-from),
+            step);
     from = nearest + step;
   }
   if (from <= last)

@@ -64,7 +64,8 @@ class omi_SetIT
 {
 public:
   /// Stands on the smallest member.
-  explicit omi_SetIT(omi_Set const& set) : m_negatives(set.negatives), m_nonNegatives(set.nonNegatives)
+  explicit omi_SetIT(omi_Set const& set)
+    : m_negatives(set.negatives), m_nonNegatives(set.nonNegatives)
   {
     First();
   }

@@ -57,7 +57,8 @@ public:
 /// never moves, and a reference to one stays good until `Clear`.
 ///
 /// Figures, for values of 8 bytes on a two-core x86-64 virtual machine; lookups are IsMember and
-/// ConstGet in random order. Bytes are those asked of the allocator.
+/// ConstGet in random order. Bytes are those asked of the allocator, and inserts find its memory
+/// warm: scattered keys take ten times as long where each block is a fresh page.
 ///
 ///     keys                                  bytes a key    insert   lookup    next
 ///     1 .. 1000000                                 8.3       5 ns     7 ns    4 ns

@@ -16,9 +16,9 @@ struct inpM_OmiSetData;
 ///     copy += others;                  // 32 members at a time
 ///
 /// Up to 16384 members stand in a sorted array as long as bits would need more than twice its memory;
-/// all else is an omi_Set. So ten members cost some 150 bytes wherever they lie, a million consecutive
-/// ones 128 KiB, and a run is a run of bits: 1 to 999999999 takes 120 MiB. Ask `EstimateBytes` before
-/// inserting a run whose ends come from a deck.
+/// all else is an omi_Set. So ten members cost 116 bytes with the handle, wherever they lie, and a
+/// million consecutive ones 128 KB. A run is stored bit by bit: 1 to 999999999 takes 125 MB. Ask
+/// `EstimateBytes` before inserting a run whose ends come from a deck.
 ///
 /// Labels are 1 to 999999999, yet every int is taken. Sizes are ints: a set of more than 2^31 - 1
 /// members is beyond them. Belongs to one thread at a time.
@@ -106,8 +106,8 @@ public:
 private:
   inpM_OmiSet m_share;
   bool m_isAscending;
-  int const* m_few;         // the sorted array, or null for a set of bits
-  std::size_t m_count{0};   // of the array
+  int const* m_few;       // the sorted array, or null for a set of bits
+  std::size_t m_count{0}; // of the array
   std::size_t m_place{0};
   omi_SetIT m_many;
 };

@@ -108,9 +108,8 @@ bool inpM_OmiSetData::Insert(int item)
   {
     return many->Insert(item);
   }
-  auto const place = few.empty() || few.back() < item
-                       ? few.end()
-                       : std::lower_bound(few.begin(), few.end(), item);
+  auto const place =
+    few.empty() || few.back() < item ? few.end() : std::lower_bound(few.begin(), few.end(), item);
   if (place != few.end() && *place == item)
   {
     return false;
@@ -255,10 +254,7 @@ void inpM_OmiSet::Clear() { *this = inpM_OmiSet(); }
 bool inpM_OmiSet::IsMember(int item) const { return !m_data.IsNull() && m_data->IsMember(item); }
 bool inpM_OmiSet::IsEmpty() const { return m_data.IsNull() || m_data->IsEmpty(); }
 
-int inpM_OmiSet::Size() const
-{
-  return m_data.IsNull() ? 0 : static_cast<int>(m_data->Size());
-}
+int inpM_OmiSet::Size() const { return m_data.IsNull() ? 0 : static_cast<int>(m_data->Size()); }
 
 cow_List<int> inpM_OmiSet::ConstGetArrayCounterpart() const
 {
@@ -360,7 +356,9 @@ std::size_t inpM_OmiSet::EstimateBytes(int start, int end, int step)
 }
 
 inpM_OmiSetIT::inpM_OmiSetIT(inpM_OmiSet const& set, bool isAscending)
-  : m_share(set), m_isAscending(isAscending), m_few(nullptr),
+  : m_share(set),
+    m_isAscending(isAscending),
+    m_few(nullptr),
     m_many(!set.m_data.IsNull() && set.m_data->many ? *set.m_data->many : NoBits())
 {
   if (!m_share.m_data.IsNull() && !m_share.m_data->many)

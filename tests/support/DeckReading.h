@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DeckFiles.h"
+#include "KeywordText.h"
 #include "inp_Parser.h"
 
 #include <string>
@@ -59,28 +60,12 @@ private:
 
   std::string Listed(inp_Keyword const& keyword) const
   {
-    std::string text = Place(keyword.fileName, keyword.lineNumber) + keyword.Name().CStr();
-    if (keyword.comments.Length() > 0)
-      text += " {" + Joined(keyword.comments) + "}";
-    char const* separator = " ";
-    cow_ConstMapSortedIt<cow_String, inp_Item> parameter(keyword.parameters);
-    for (parameter.First(); !parameter.IsDone(); parameter.Next(), separator = ", ")
-    {
-      inp_Item const& value = parameter.CurrentValue();
-      text += separator + std::string(parameter.CurrentKey().View());
-      if (value.Type() != inp_Types::inp_BOOLEAN)
-        text += "=" + std::string(value.AsString().View());
-    }
-    for (int i = 0; i < keyword.data.Rows(); ++i)
-      for (int j = 0; j < keyword.data.Cols(i); ++j)
-        text += (j > 0 ? "|" : i > 0 ? " / " : ": ") +
-                std::string(keyword.data.AsStringVerbatim(i, j).View());
-    return text;
+    return Place(keyword.fileName, keyword.lineNumber) + KeywordText(keyword);
   }
 
-  void AddMessages(char const* severity, cow_List<atr_String> const& list)
+  void AddMessages(char const* severity, cow_List<atr_String> const& texts)
   {
-    for (atr_String const& message : list)
+    for (atr_String const& message : texts)
     {
       atr_Origin const* const origin = message.Origin();
       if (origin == nullptr)

@@ -29,6 +29,50 @@ double ConvertByLibrary(char const* text, char const** end)
   return value;
 }
 
+/// 0 to 9, or more for what is no digit.
+unsigned DigitOf(char c) { return static_cast<unsigned>(c) - '0'; }
+
+/// Reads a decimal of the form that nearly every coordinate has, [-]digits[.digits], and gives its
+/// end; null for every other form. Up to 15 digits fit a double's mantissa and powers of ten up to 22
+/// are exact, so that the one division is the only rounding: the result is the nearest double.
+char const* ReadPlainDecimal(char const* at, double& value)
+{
+  static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                      1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  constexpr std::ptrdiff_t mostDigits = 15;
+  bool const negative = *at == '-';
+  at += negative;
+  // Too many digits make the sum wrong; they are counted afterwards.
+  unsigned long long mantissa = 0;
+  char const* const first = at;
+  for (unsigned digit; (digit = DigitOf(*at)) <= 9; ++at)
+  {
+    mantissa = 10 * mantissa + digit;
+  }
+  std::ptrdiff_t digits = at - first;
+  std::ptrdiff_t decimals = 0;
+  if (*at == '.')
+  {
+    char const* const fraction = ++at;
+    for (unsigned digit; (digit = DigitOf(*at)) <= 9; ++at)
+    {
+      mantissa = 10 * mantissa + digit;
+    }
+    decimals = at - fraction;
+    digits += decimals;
+  }
+  // What may go on as a number, in whatever form, is not a plain decimal.
+  bool const ends = *at == '\0' || *at == ' ' || *at == ',' || *at == '\t' || *at == '\r';
+  if (digits == 0 || digits > mostDigits || !ends)
+  {
+    return nullptr;
+  }
+  double const magnitude =
+    static_cast<double>(static_cast<long long>(mantissa)) / powers[decimals];
+  value = negative ? -magnitude : magnitude;
+  return at;
+}
+
 bool IsHexadecimal(char const* digits) { return digits[0] == '0' && (digits[1] | 0x20) == 'x'; }
 
 } // namespace
@@ -59,6 +103,15 @@ int inp_TextToInt(char const* text)
 double inp_TextToDouble(char const* text, char const** end)
 {
   char const* at = SkipWhiteSpace(text);
+  double plain = 0.0;
+  if (char const* const last = ReadPlainDecimal(at, plain))
+  {
+    if (end != nullptr)
+    {
+      *end = last;
+    }
+    return plain;
+  }
   if (*at == '+' && at[1] != '-' && at[1] != '+')
   {
     ++at;

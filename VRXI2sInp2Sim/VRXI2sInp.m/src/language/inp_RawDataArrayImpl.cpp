@@ -145,7 +145,15 @@ void inp_RawDataArrayImpl::AddRow(char* block, int columns)
 {
   if (nrows == m_capacity)
   {
-    Grow();
+    try
+    {
+      Grow();
+    }
+    catch (std::bad_alloc const&)
+    {
+      mem_Free(block);
+      throw;
+    }
   }
   m_rows[nrows] = block;
   ncols[nrows] = columns;

@@ -29,9 +29,12 @@ inp_Item const* FindAbbreviated(inp_Keyword const& keyword, cow_String const& fu
   return nullptr;
 }
 
+/// A parameter without a value has no text.
 cow_String TextOf(inp_Item const* item)
 {
-  return item == nullptr || item->Type() == inp_Types::inp_NONE ? cow_String() : item->AsString();
+  bool const hasText = item != nullptr && item->Type() != inp_Types::inp_NONE &&
+                       item->Type() != inp_Types::inp_BOOLEAN;
+  return hasText ? item->AsString() : cow_String();
 }
 
 cow_String WithoutQuotes(cow_String const& name)

@@ -36,16 +36,16 @@ int ReadCell(char const* cell, char const*& end)
   {
     ++at;
   }
-  int value = 0;
   char const* const digits = at;
-  for (; *at >= '0' && *at <= '9'; ++at)
+  unsigned value = 0;
+  for (unsigned digit; (digit = static_cast<unsigned>(*at) - '0') <= 9; ++at)
   {
-    value = at - digits < 9 ? 10 * value + (*at - '0') : 0;
+    value = 10 * value + digit;
   }
   if (*at == '\0' && at - digits <= 9)
   {
     end = at;
-    return value;
+    return static_cast<int>(value);
   }
   end = at + std::strlen(at);
   return inp_TextToInt(cell);
@@ -55,27 +55,28 @@ int ReadCell(char const* cell, char const*& end)
 
 inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(inp_DataArray const& raw)
 {
-  std::size_t cells = 0;
+  std::size_t cellCount = 0;
   for (int row = 0; row < raw.Rows(); ++row)
   {
-    cells += static_cast<std::size_t>(raw.Cols(row));
+    cellCount += static_cast<std::size_t>(raw.Cols(row));
   }
-  Allocate(raw.Rows(), cells);
+  Allocate(raw.Rows(), cellCount);
   auto const* const texts = dynamic_cast<inp_RawDataArrayImpl const*>(&raw.Impl());
   for (int row = 0; row < raw.Rows(); ++row)
   {
     int const columns = raw.Cols(row);
     AddRow(columns);
+    int* const cells = rows[row];
     char const* text = texts != nullptr ? texts->RowText(row) : nullptr;
     for (int column = 0; column < columns; ++column)
     {
-      if (texts == nullptr)
+      if (text == nullptr)
       {
-        rows[row][column] = raw.AsInt(row, column);
+        cells[column] = raw.AsInt(row, column);
       }
       else
       {
-        rows[row][column] = ReadCell(text, text);
+        cells[column] = ReadCell(text, text);
         ++text;
       }
     }

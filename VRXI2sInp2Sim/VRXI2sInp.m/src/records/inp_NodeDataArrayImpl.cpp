@@ -105,9 +105,10 @@ bool ReadValue(char* cell, double& value, char*& cellEnd)
   return good;
 }
 
-/// Reads the values of a row. False when one of them is no number.
+/// Reads the values of a row; those that it does not have are 0. False when one is no number.
 bool ReadValues(char* text, int columns, double* values)
 {
+  std::fill(values, values + inp_NodeDataArrayImpl::c_values, 0.0);
   bool good = true;
   char* end = text + std::strlen(text);
   int const last = std::min(columns, inp_NodeDataArrayImpl::c_columns);
@@ -153,7 +154,12 @@ inp_RawDataArrayImpl const& AsRaw(inp_DataArray const& data,
 
 } // namespace
 
-inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(int size) { Allocate(size); }
+inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(int size)
+{
+  Allocate(size);
+  std::memset(ids, 0, static_cast<std::size_t>(size) * sizeof(int));
+  std::memset(values, 0, static_cast<std::size_t>(size) * sizeof(Values));
+}
 
 inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(inp_NodeDataArrayImpl const& other)
   : inp_DataArrayImpl(other)
@@ -167,7 +173,7 @@ inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(inp_NodeDataArrayImpl const& other)
 
 inp_NodeDataArrayImpl::~inp_NodeDataArrayImpl() { Free(); }
 
-/// All rows zeroed. Nothing is kept of the present ones.
+/// Nothing is kept of the present rows; the new ones hold anything.
 void inp_NodeDataArrayImpl::Allocate(int size)
 {
   Free();
@@ -182,8 +188,6 @@ void inp_NodeDataArrayImpl::Allocate(int size)
     Free();
     throw inp_MemoryException();
   }
-  std::memset(ids, 0, rows * sizeof(int));
-  std::memset(values, 0, rows * sizeof(Values));
   allocatedSize = size;
 }
 
@@ -213,7 +217,8 @@ void inp_NodeDataArrayImpl::SetRaw(inp_DataArray const& data)
   for (int row = 0; row < nrows; ++row)
   {
     ids[row] = ReadLabel(raw, row);
-    if (ids[row] != 0 && !ReadValues(raw.RowText(row), raw.Cols(row), values[row]))
+    int const columns = ids[row] != 0 ? raw.Cols(row) : 0;
+    if (!ReadValues(raw.RowText(row), columns, values[row]))
     {
       badNodes.Insert(ids[row]);
     }

@@ -65,8 +65,8 @@ constinit CommonStore store;
 
 constexpr std::size_t largestChunk = std::size_t{32} << 20;
 constexpr std::size_t hugePage = std::size_t{2} << 20;
-// A block of its own from this size on takes whole huge pages: at most an eighth more than it needs.
-constexpr std::size_t worthHugePages = 8 * hugePage;
+// A block of its own from this size on takes whole huge pages: at most half as much again as it needs.
+constexpr std::size_t worthHugePages = 2 * hugePage;
 
 // A chunk of whole huge pages is asked for as such: first touches of small pages, not the work on
 // their content, are what filling a large deck's rows would otherwise wait for.

@@ -132,6 +132,7 @@ bool inp_KeywordExpansionVisitor::ReadDataLines(cow_String const& path, cow_Stri
   while (stream.ReadLine(c_longestLine))
   {
     ++lineNumber;
+    lastIsEmpty = false;
     char* const line = stream.Line();
     if (stream.CutBytes() > 0)
     {

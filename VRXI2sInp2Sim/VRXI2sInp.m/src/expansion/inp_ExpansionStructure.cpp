@@ -3,6 +3,10 @@
 #include "inp_ExpansionMessages.h"
 #include "inp_KeywordExpansionVisitor.h"
 
+#include <algorithm>
+#include <limits>
+#include <string>
+
 namespace
 {
 
@@ -126,7 +130,8 @@ void inp_KeywordExpansionVisitor::VisitAssembly(inp_Keyword& keyword)
 void inp_KeywordExpansionVisitor::VisitStep(inp_Keyword& keyword)
 {
   Expand(keyword);
-  cow_String const number(numberSteps + 1);
+  long long const count = numberSteps + 1LL;
+  cow_String const number(std::string_view(std::to_string(count)));
   cow_String name = cow_String("Step-") + number;
   if (inp_Item const* const item = keyword.parameters.ConstFind("name"))
   {
@@ -148,7 +153,7 @@ void inp_KeywordExpansionVisitor::VisitStep(inp_Keyword& keyword)
   }
   stepNames.insert(name);
   m_stepName = name;
-  ++numberSteps;
+  numberSteps = static_cast<int>(std::min<long long>(count, std::numeric_limits<int>::max()));
 }
 
 template <int Places>

@@ -40,6 +40,16 @@ int DivideFrom(char* text, char const* end, int columns)
   return columns;
 }
 
+template <class T>
+T* Enlarged(T* array, int used, int capacity)
+{
+  T* const larger =
+    static_cast<T*>(mem_OperatorNewThrowBuiltin(static_cast<std::size_t>(capacity) * sizeof(T)));
+  std::copy(array, array + used, larger);
+  mem_Free(array);
+  return larger;
+}
+
 /// A block with the text and NUL up to the block's end, which lies on a multiple of 16.
 char* NewBlock(char const* text, std::size_t length)
 {
@@ -122,22 +132,16 @@ void inp_RawDataArrayImpl::Free()
   {
     mem_Free(m_rows[i]);
   }
-  delete[] m_rows;
-  delete[] ncols;
+  mem_Free(m_rows);
+  mem_Free(ncols);
 }
 
 void inp_RawDataArrayImpl::Grow()
 {
   int const capacity = std::max(2 * m_capacity, c_firstCapacity);
   // One array at a time, so that at the peak only one of them stands twice.
-  char** const rows = new char*[static_cast<std::size_t>(capacity)];
-  std::copy(m_rows, m_rows + nrows, rows);
-  delete[] m_rows;
-  m_rows = rows;
-  int* const columns = new int[static_cast<std::size_t>(capacity)];
-  std::copy(ncols, ncols + nrows, columns);
-  delete[] ncols;
-  ncols = columns;
+  m_rows = Enlarged(m_rows, nrows, capacity);
+  ncols = Enlarged(ncols, nrows, capacity);
   m_capacity = capacity;
 }
 

@@ -41,7 +41,7 @@ int PlainLabel(char const* cell)
   {
     label = 10 * label + (*cell - '0');
   }
-  while (IsSpace(*cell))
+  while (*cell == ' ' || *cell == '\t' || *cell == '\r')
   {
     ++cell;
   }

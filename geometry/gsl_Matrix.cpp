@@ -1,0 +1,239 @@
+#include "gsl_Matrix.h"
+
+#include "VRXBasException.h"
+#include "gsl_Plane.h"
+#include "gsl_Util.h"
+#include "omi_Singleton.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+static_assert(std::is_trivially_copyable_v<gsl_Matrix>);
+
+namespace
+{
+constexpr double epsilon = std::numeric_limits<double>::epsilon();
+
+double Tolerance() { return omi_Singleton<gsl_Util>::Instance().tolerance; }
+
+// An angle carries the rounding of its conversion from degrees, so a sine or cosine smaller than that
+// is a zero meant: without this a quarter turn would put 6e-17 of x into y.
+double WithoutRounding(double sineOrCosine, double radians)
+{
+  return std::abs(sineOrCosine) <= 2.0 * epsilon * std::abs(radians) ? 0.0 : sineOrCosine;
+}
+
+// A direction of any length: not measured by the tolerance, which is meant for lengths in the deck.
+gsl_Vector UnitAxis(gsl_Vector const& axis)
+{
+  double const magnitude = axis.ComputeMagnitude();
+  bool const hasLength = std::isfinite(magnitude) && magnitude >= std::numeric_limits<double>::min();
+  if (!hasLength || std::abs(magnitude - 1.0) <= 4.0 * epsilon)
+  {
+    return axis;
+  }
+  return {axis.X() / magnitude, axis.Y() / magnitude, axis.Z() / magnitude};
+}
+} // namespace
+
+gsl_Matrix gsl_Matrix::InverseRigidTransform() const
+{
+  gsl_Matrix inverse;
+  gsl_Vector back = Column(3);
+  back.Negate();
+  for (int i = 0; i < 3; ++i)
+  {
+    inverse.SetColumn(i, Row(i));
+    inverse.m_rows[i][3] = Column(i).DotProduct(back);
+  }
+  inverse.UpdateIsIdentity();
+  return inverse;
+}
+
+void gsl_Matrix::SetTranslation(gsl_Vector const& translation)
+{
+  SetColumn(3, translation);
+  UpdateIsIdentity();
+}
+
+void gsl_Matrix::GetTranslation(gsl_Vector& translation) const { translation = Column(3); }
+
+void gsl_Matrix::SetRotationVectors(gsl_Vector const& a, gsl_Vector const& b, gsl_Vector const& c)
+{
+  SetColumn(0, UnitAxis(a));
+  SetColumn(1, UnitAxis(b));
+  SetColumn(2, UnitAxis(c));
+  UpdateIsIdentity();
+}
+
+void gsl_Matrix::SetRow(int i, gsl_Vector const& row)
+{
+  VRXBasAssert(i >= 0 && i < 3, "a rotation has the rows 0, 1 and 2");
+  m_rows[i][0] = row.X();
+  m_rows[i][1] = row.Y();
+  m_rows[i][2] = row.Z();
+  UpdateIsIdentity();
+}
+
+void gsl_Matrix::AsArray(double values[][4]) const
+{
+  std::copy_n(&m_rows[0][0], 12, &values[0][0]);
+  values[3][0] = values[3][1] = values[3][2] = 0.0;
+  values[3][3] = 1.0;
+}
+
+void gsl_Matrix::Concatenate(gsl_Matrix const& next)
+{
+  gsl_Matrix product;
+  for (int i = 0; i < 3; ++i)
+  {
+    gsl_Vector column = Column(i);
+    next.Transform(column);
+    product.SetColumn(i, column);
+  }
+  gsl_Vector translation = Column(3);
+  translation.RotateAndTransform(next);
+  product.SetColumn(3, translation);
+  product.RemoveDrift();
+  product.UpdateIsIdentity();
+  *this = product;
+}
+
+// The rotation as 1 + sine * U + (1 - cosine) * U * U, U * v being the cross product axis x v; the
+// translation is what keeps the axis in place, from the part of the point across the axis alone, so
+// that a point far out along the axis costs no digits.
+gsl_Matrix gsl_Matrix::AxisRotation(gsl_Point const& point, gsl_Vector const& direction,
+                                    double radians)
+{
+  gsl_Matrix rotation;
+  gsl_Vector axis = direction;
+  if (!axis.Normalize())
+  {
+    return rotation;
+  }
+  double const sine = WithoutRounding(std::sin(radians), radians);
+  double const cosine = WithoutRounding(std::cos(radians), radians);
+  double const half = std::sin(0.5 * radians);
+  double const versine = cosine == 0.0 ? 1.0 : 2.0 * half * half;
+  gsl_Vector const units[] = {{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}};
+  for (int i = 0; i < 3; ++i)
+  {
+    double const along = axis.DotProduct(units[i]);
+    rotation.SetColumn(i, units[i] * cosine + axis * (along * versine) +
+                            axis.CrossProduct(units[i]) * sine);
+  }
+  gsl_Vector const position(point);
+  gsl_Vector const across = position - axis * axis.DotProduct(position);
+  rotation.SetColumn(3, across * versine - axis.CrossProduct(across) * sine);
+  rotation.UpdateIsIdentity();
+  return rotation;
+}
+
+bool gsl_Matrix::GetAxisRotation(gsl_Point& point, gsl_Vector& direction, double& radians) const
+{
+  point.Set(m_rows[0][3], m_rows[1][3], m_rows[2][3]);
+  direction.Set(0.0, 0.0, 1.0);
+  radians = 0.0;
+  if (!(Determinant() > 0.5)) // 1 for a rotation; about -1, or 0 where an axis failed
+  {
+    return false;
+  }
+  // Twice the axis times the sine, and twice the cosine: together good at every angle.
+  gsl_Vector twist(m_rows[2][1] - m_rows[1][2], m_rows[0][2] - m_rows[2][0],
+                   m_rows[1][0] - m_rows[0][1]);
+  double const cosine = 0.5 * (m_rows[0][0] + m_rows[1][1] + m_rows[2][2] - 1.0);
+  double const angle = std::atan2(0.5 * twist.ComputeMagnitude(), cosine);
+  if (cosine < 0.0)
+  {
+    direction = AxisOfWideTurn(twist, cosine);
+    radians = angle;
+  }
+  else if (angle > Tolerance() && twist.Normalize())
+  {
+    direction = twist;
+    radians = angle;
+  }
+  return true;
+}
+
+gsl_Matrix gsl_Matrix::Reflection(gsl_Plane const& plane)
+{
+  gsl_Vector const& normal = plane.Direction();
+  gsl_Matrix reflection;
+  for (int i = 0; i < 3; ++i)
+  {
+    gsl_Vector const unit = reflection.Column(i);
+    reflection.SetColumn(i, unit - normal * (2.0 * normal.DotProduct(unit)));
+  }
+  reflection.SetColumn(3, normal * (2.0 * normal.DotProduct(gsl_Vector(plane.Point()))));
+  reflection.UpdateIsIdentity();
+  return reflection;
+}
+
+double gsl_Matrix::Determinant() const { return Column(0).DotProduct(Column(1).CrossProduct(Column(2))); }
+
+void gsl_Matrix::SetColumn(int i, gsl_Vector const& column)
+{
+  m_rows[0][i] = column.X();
+  m_rows[1][i] = column.Y();
+  m_rows[2][i] = column.Z();
+}
+
+// One step of R -> R (3 - R'R) / 2 takes a rotation that rounding has bent to the nearest true one, far
+// below rounding. What is bent by more than rounding was given so, and is not ours to mend.
+void gsl_Matrix::RemoveDrift()
+{
+  gsl_Vector const columns[] = {Column(0), Column(1), Column(2)};
+  double excess[3][3];
+  double drift = 0.0;
+  for (int i = 0; i < 3; ++i)
+  {
+    for (int j = 0; j < 3; ++j)
+    {
+      excess[i][j] = columns[i].DotProduct(columns[j]) - (i == j ? 1.0 : 0.0);
+      drift = std::max(drift, std::abs(excess[i][j]));
+    }
+  }
+  if (drift <= 8.0 * epsilon || drift > Tolerance())
+  {
+    return;
+  }
+  for (int j = 0; j < 3; ++j)
+  {
+    SetColumn(j, columns[j] - 0.5 * (columns[0] * excess[0][j] + columns[1] * excess[1][j] +
+                                     columns[2] * excess[2][j]));
+  }
+}
+
+// Beyond a quarter turn the sine fades, and the axis is read off the symmetric part of the rotation,
+// cosine + (1 - cosine) * axis * axis'. Its sign comes from the twist, except at a half turn, which has
+// none.
+gsl_Vector gsl_Matrix::AxisOfWideTurn(gsl_Vector const& twist, double cosine) const
+{
+  int largest = m_rows[0][0] >= m_rows[1][1] ? 0 : 1;
+  largest = m_rows[largest][largest] >= m_rows[2][2] ? largest : 2;
+  gsl_Vector const unit(largest == 0 ? 1.0 : 0.0, largest == 1 ? 1.0 : 0.0, largest == 2 ? 1.0 : 0.0);
+  gsl_Vector axis = 0.5 * (Column(largest) + Row(largest)) - unit * cosine;
+  axis.Normalize();
+  if (twist.ComputeMagnitude() > Tolerance() && axis.DotProduct(twist) < 0.0)
+  {
+    axis.Negate();
+  }
+  return axis;
+}
+
+// Written so that an entry that is no number makes no identity.
+void gsl_Matrix::UpdateIsIdentity()
+{
+  gsl_Util const& util = omi_Singleton<gsl_Util>::Instance();
+  m_isIdentity = true;
+  for (int i = 0; i < 3; ++i)
+  {
+    for (int j = 0; j < 4; ++j)
+    {
+      m_isIdentity = m_isIdentity && util.IsZero(m_rows[i][j] - (i == j ? 1.0 : 0.0));
+    }
+  }
+}

@@ -25,6 +25,7 @@ function(inpdeck_target name headers sources)
   endif()
   target_include_directories(${name} ${reach}
     $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/${headers}> $<INSTALL_INTERFACE:include/inpdeck>)
+  target_compile_features(${name} ${reach} cxx_std_20)
   target_link_libraries(${name} ${reach} ${ARGN})
   set_property(GLOBAL APPEND PROPERTY INPDECK_TARGETS ${name})
   set_property(GLOBAL APPEND PROPERTY INPDECK_HEADER_FOLDERS ${headers})

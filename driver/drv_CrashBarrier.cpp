@@ -134,7 +134,7 @@ void SendAsJson(char const* what, char const* detail, char const* request)
     text.Add("null");
   }
   text.Add(R"(,"message":"Internal failure: )").AddEscaped(what).AddEscaped(detail);
-  text.Add(" ").AddEscaped(request).Add("\"}\n").Send();
+  text.Add(". ").AddEscaped(request).Add("\"}\n").Send();
 }
 
 [[noreturn]] void Fail(char const* what, char const* detail, char const* request)

@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <new>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -75,7 +76,7 @@ drv_Job::Step const drv_Job::c_steps[] = {
 };
 
 drv_Job::drv_Job(drv_Options const& options)
-  : m_options(options), m_reporter(options), m_model(*new inp_InputFile)
+  : m_options(options), m_reporter(options), m_model(omi_Singleton<inp_InputFile>::Instance())
 {
 }
 
@@ -132,10 +133,6 @@ bool drv_Job::RunStep(char const* step, drv_stageEnm stage, void (*run)(drv_Job&
   {
     run(*this);
   }
-  catch (inp_MemoryException const&)
-  {
-    throw std::bad_alloc();
-  }
   catch (nex_AtrException const& fault)
   {
     return EndedBy(fault.UserReport(), stage);
@@ -151,6 +148,10 @@ bool drv_Job::RunStep(char const* step, drv_stageEnm stage, void (*run)(drv_Job&
 bool drv_Job::EndedBy(atr_String const& words, drv_stageEnm stage) const
 {
   std::string_view const code = words.Origin() != nullptr ? words.Origin()->code : "";
+  if (code == "OutOfMemory")
+  {
+    throw std::bad_alloc();
+  }
   if (code == "FileIsUtf16" || code == "CouldNotOpen")
   {
     std::string text(words.View());

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// One deck on its way through the stages that the options ask for.
+/// The process's deck on its way through the stages that the options ask for.
 class drv_Job
 {
 public:

@@ -29,7 +29,8 @@ double WithoutRounding(double sineOrCosine, double radians)
 gsl_Vector UnitAxis(gsl_Vector const& axis)
 {
   double const magnitude = axis.ComputeMagnitude();
-  bool const hasLength = std::isfinite(magnitude) && magnitude >= std::numeric_limits<double>::min();
+  bool const hasLength =
+    std::isfinite(magnitude) && magnitude >= std::numeric_limits<double>::min();
   if (!hasLength || std::abs(magnitude - 1.0) <= 4.0 * epsilon)
   {
     return axis;
@@ -79,9 +80,11 @@ void gsl_Matrix::SetRow(int i, gsl_Vector const& row)
 
 void gsl_Matrix::AsArray(double values[][4]) const
 {
-  std::copy_n(&m_rows[0][0], 12, &values[0][0]);
-  values[3][0] = values[3][1] = values[3][2] = 0.0;
-  values[3][3] = 1.0;
+  static constexpr double lastRow[] = {0.0, 0.0, 0.0, 1.0};
+  for (int i = 0; i < 4; ++i)
+  {
+    std::copy_n(i < 3 ? m_rows[i] : lastRow, 4, values[i]);
+  }
 }
 
 void gsl_Matrix::Concatenate(gsl_Matrix const& next)
@@ -101,9 +104,9 @@ void gsl_Matrix::Concatenate(gsl_Matrix const& next)
   *this = product;
 }
 
-// The rotation as 1 + sine * U + (1 - cosine) * U * U, U * v being the cross product axis x v; the
-// translation is what keeps the axis in place, from the part of the point across the axis alone, so
-// that a point far out along the axis costs no digits.
+// Of a vector the part along the axis stays and the part across it turns, so the axis keeps its place
+// without rounding. The translation, point - R * point, is made from the part across alone, so that
+// neither a point far out along the axis nor a small angle costs digits.
 gsl_Matrix gsl_Matrix::AxisRotation(gsl_Point const& point, gsl_Vector const& direction,
                                     double radians)
 {
@@ -115,15 +118,15 @@ gsl_Matrix gsl_Matrix::AxisRotation(gsl_Point const& point, gsl_Vector const& di
   }
   double const sine = WithoutRounding(std::sin(radians), radians);
   double const cosine = WithoutRounding(std::cos(radians), radians);
-  double const half = std::sin(0.5 * radians);
-  double const versine = cosine == 0.0 ? 1.0 : 2.0 * half * half;
-  gsl_Vector const units[] = {{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}};
   for (int i = 0; i < 3; ++i)
   {
-    double const along = axis.DotProduct(units[i]);
-    rotation.SetColumn(i, units[i] * cosine + axis * (along * versine) +
-                            axis.CrossProduct(units[i]) * sine);
+    gsl_Vector const unit = rotation.Column(i);
+    gsl_Vector const along = axis * axis.DotProduct(unit);
+    rotation.SetColumn(i, along + (unit - along) * cosine + axis.CrossProduct(unit) * sine);
   }
+  double const halfSine = std::sin(0.5 * radians);
+  double const versine =
+    cosine == 0.0 ? 1.0 : 2.0 * halfSine * halfSine; // 1 - cosine, in all digits
   gsl_Vector const position(point);
   gsl_Vector const across = position - axis * axis.DotProduct(position);
   rotation.SetColumn(3, across * versine - axis.CrossProduct(across) * sine);
@@ -172,7 +175,10 @@ gsl_Matrix gsl_Matrix::Reflection(gsl_Plane const& plane)
   return reflection;
 }
 
-double gsl_Matrix::Determinant() const { return Column(0).DotProduct(Column(1).CrossProduct(Column(2))); }
+double gsl_Matrix::Determinant() const
+{
+  return Column(0).DotProduct(Column(1).CrossProduct(Column(2)));
+}
 
 void gsl_Matrix::SetColumn(int i, gsl_Vector const& column)
 {
@@ -214,7 +220,8 @@ gsl_Vector gsl_Matrix::AxisOfWideTurn(gsl_Vector const& twist, double cosine) co
 {
   int largest = m_rows[0][0] >= m_rows[1][1] ? 0 : 1;
   largest = m_rows[largest][largest] >= m_rows[2][2] ? largest : 2;
-  gsl_Vector const unit(largest == 0 ? 1.0 : 0.0, largest == 1 ? 1.0 : 0.0, largest == 2 ? 1.0 : 0.0);
+  gsl_Vector const unit(largest == 0 ? 1.0 : 0.0, largest == 1 ? 1.0 : 0.0,
+                        largest == 2 ? 1.0 : 0.0);
   gsl_Vector axis = 0.5 * (Column(largest) + Row(largest)) - unit * cosine;
   axis.Normalize();
   if (twist.ComputeMagnitude() > Tolerance() && axis.DotProduct(twist) < 0.0)

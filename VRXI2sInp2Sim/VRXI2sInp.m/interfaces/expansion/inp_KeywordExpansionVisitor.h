@@ -17,8 +17,8 @@
 /// keyword may carry stands in inp_ExpansionRules.def; handlers with a body are those that do more.
 ///
 /// A keyword with a fault stays in the list, unless it is useless without what is missing: then it is
-/// blanked, that is, becomes an "undefined keyword". A value <name> refers to a parameter of the deck
-/// and passes everywhere as it stands.
+/// blanked, that is, becomes an "undefined keyword". A value <name> refers to a parameter of the deck;
+/// it is no word of a table and passes there.
 ///
 /// Reports:  errors, warnings and fatal errors with their keyword's place; the walk goes on.
 /// Raises:   nex_PrimException for node rows that cannot be converted (see SetBulkConversion).
@@ -119,9 +119,12 @@ private:
 
   /// The file's absolute path, empty when it cannot be read, which is then reported.
   cow_String FindFile(cow_String const& directory, cow_String const& file, inp_Keyword const& keyword);
-  void NoteMissingFile(cow_String const& file, cow_String const& baseName);
+  void NoteMissing(cow_List<cow_String> const& names);
   bool ReadDataLines(cow_String const& path, cow_String const& file, inp_Keyword& keyword);
   static void DropTrailingBlankRows(inp_Keyword& keyword);
+  bool ParseManifest(cow_String const& path, inp_Keyword const& keyword,
+                     cow_List<inp_Keyword>& keywords);
+  void TakeOver(inp_KeywordExpansionVisitor const& nested);
 
   /// A message about the keyword's parameter `subject`.
   template <int Places, class... Arguments>
@@ -174,6 +177,7 @@ private:
   cow_List<cow_String> includedFiles;
   inpM_InstanceMap<cow_String> instancePartNames;
   cow_List<cow_String> missingIncludedFiles;
+  NameSet missingNames; ///< those of missingIncludedFiles
   cow_List<inp_Keyword> manifestKeywords;
 };
 

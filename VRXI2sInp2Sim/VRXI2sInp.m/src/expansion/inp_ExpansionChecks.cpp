@@ -118,7 +118,7 @@ void inp_KeywordExpansionVisitor::CheckEnumerated(inp_Keyword& keyword, char con
   }
 }
 
-/// A parameter that is there must be the word None, or have no value.
+/// A parameter that is there must be the word None. One without "=" counts as TRUE, and is refused.
 void inp_KeywordExpansionVisitor::CheckNone(inp_Keyword& keyword, cow_String const& parameter)
 {
   inp_Item const* const item = keyword.parameters.ConstFind(parameter);

@@ -5,6 +5,7 @@
 #include "inp_ExpansionMessages.h"
 #include "inp_KeywordExpansionVisitor.h"
 #include "inp_Parser.h"
+#include "inp_ParserExceptions.h"
 #include "inp_RawDataArrayImpl.h"
 #include "utl_CommandLine.h"
 
@@ -92,7 +93,10 @@ cow_String inp_KeywordExpansionVisitor::FindFile(cow_String const& directory, co
   if (!path.Exists())
   {
     Say(inp_msgInputFileDoesNotExist, keyword, file);
-    NoteMissingFile(file, path.FileName());
+    if (file.Length() > 0 && !(file == "None") && (bulkDataProcess || !IsReference(file)))
+    {
+      NoteMissing(cow_List<cow_String>(path.FileName()));
+    }
     return cow_String();
   }
   if (!path.IsReadable())
@@ -108,11 +112,15 @@ cow_String inp_KeywordExpansionVisitor::FindFile(cow_String const& directory, co
   return path.AbsolutePathName();
 }
 
-void inp_KeywordExpansionVisitor::NoteMissingFile(cow_String const& file, cow_String const& baseName)
+/// Each name once.
+void inp_KeywordExpansionVisitor::NoteMissing(cow_List<cow_String> const& names)
 {
-  if (file.Length() > 0 && !(file == "None") && (bulkDataProcess || !IsReference(file)))
+  for (cow_String const& name : names)
   {
-    missingIncludedFiles.AppendUnlessMember(baseName);
+    if (missingNames.insert(name).second)
+    {
+      missingIncludedFiles.Append(name);
+    }
   }
 }
 
@@ -237,25 +245,58 @@ void inp_KeywordExpansionVisitor::ReadManifestFile(cow_String const& file, inp_K
     return;
   }
   includedFiles.Append(name);
-  inp_Parser parser(path, includePath, cow_List<cow_String>(), cow_String(), true, true, false, 0,
-                    0);
-  cow_List<inp_Keyword> keywords = parser.Parse(true);
-  includedFiles.Concatenate(parser.GetIncludedFiles());
-  missingIncludedFiles.Concatenate(parser.GetMissingIncludeFiles());
-  m_warningList.Concatenate(parser.GetWarnings());
-  m_errorList.Concatenate(parser.GetErrors());
-  m_fatalErrorList.Concatenate(parser.GetFatalErrors());
-
+  cow_List<inp_Keyword> keywords;
+  if (!ParseManifest(path, keyword, keywords))
+  {
+    return;
+  }
   inp_KeywordExpansionVisitor nested;
   nested.SetIncludePath(includePath);
   nested.SetNumberSteps(numberSteps);
   nested.SetNumberRestartSteps(numberRestartSteps);
   nested.SetResultsFormatOdb(resultsFormatOdb);
-  nested.VisitList(keywords);
+  try
+  {
+    nested.VisitList(keywords);
+  }
+  catch (...)
+  {
+    TakeOver(nested);
+    throw;
+  }
+  TakeOver(nested);
+  manifestKeywords.Concatenate(keywords);
+}
+
+/// False when the deck cannot be read, which is then reported.
+bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyword const& keyword,
+                                                cow_List<inp_Keyword>& keywords)
+{
+  inp_Parser parser(path, includePath, cow_List<cow_String>(), cow_String(), true, true, false, 0,
+                    0);
+  try
+  {
+    keywords = parser.Parse(true);
+  }
+  catch (nex_AtrException const& fault)
+  {
+    m_fatalErrorList.Append(inp_Utils::MessageInKeyword(keyword, fault.UserReport()));
+    return false;
+  }
+  includedFiles.Concatenate(parser.GetIncludedFiles());
+  NoteMissing(parser.GetMissingIncludeFiles());
+  m_warningList.Concatenate(parser.GetWarnings());
+  m_errorList.Concatenate(parser.GetErrors());
+  m_fatalErrorList.Concatenate(parser.GetFatalErrors());
+  return true;
+}
+
+/// What the walk over a manifest's deck has collected.
+void inp_KeywordExpansionVisitor::TakeOver(inp_KeywordExpansionVisitor const& nested)
+{
   includedFiles.Concatenate(nested.includedFiles);
-  missingIncludedFiles.Concatenate(nested.missingIncludedFiles);
+  NoteMissing(nested.missingIncludedFiles);
   m_warningList.Concatenate(nested.m_warningList);
   m_errorList.Concatenate(nested.m_errorList);
   m_fatalErrorList.Concatenate(nested.m_fatalErrorList);
-  manifestKeywords.Concatenate(keywords);
 }

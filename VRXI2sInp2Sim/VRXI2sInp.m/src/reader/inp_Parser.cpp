@@ -401,9 +401,10 @@ void inp_Parser::ResolveName(inp_Keyword& keyword, cow_String const& written)
 {
   inp_KeywordTable const& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
   inp_KeywordTable::Match const match = table.Resolve(written);
-  if (match.name != nullptr)
+  keyword.keyword = match.name != nullptr ? table.Enum(*match.name) : inp_kwUndefined;
+  // The row for "no keyword" has a name, too, and "undef" would abbreviate it.
+  if (keyword.keyword != inp_kwUndefined)
   {
-    keyword.keyword = table.Enum(*match.name);
     m_keywordName = *match.name;
   }
   else if (match.ambiguous)

@@ -1,0 +1,160 @@
+#include "inpM_SortedSet.h"
+
+#include "inpM_IdMap.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace
+{
+inpM_OmiSet Trimmed(inpM_OmiSet const& ids, int first, int last, int step)
+{
+  cow_List<int> kept;
+  std::int64_t const stride = std::max(step, 1);
+  for (inpM_OmiSetIT it(ids); !it.IsDone() && it.CurrentItem() <= last; it.Next())
+  {
+    if (it.CurrentItem() >= first && (std::int64_t{it.CurrentItem()} - first) % stride == 0)
+    {
+      kept.Append(it.CurrentItem());
+    }
+  }
+  return kept.Length() == ids.Size() ? ids : inpM_OmiSet(kept);
+}
+
+inpM_OmiSet Renumbered(inpM_OmiSet const& ids, inpM_IdMap const& idMap, bool toUser)
+{
+  if (!idMap.HasIds())
+  {
+    return ids;
+  }
+  cow_IntTableInt const& table = toUser ? idMap.ConstGetToUser() : idMap.ConstGetToNew();
+  cow_List<int> numbers;
+  for (inpM_OmiSetIT it(ids); !it.IsDone(); it.Next())
+  {
+    int number = 0;
+    if (table.ConstGetValue(it.CurrentItem(), number))
+    {
+      numbers.Append(number);
+    }
+  }
+  return inpM_OmiSet(numbers);
+}
+} // namespace
+
+inpM_SortedSet::inpM_SortedSet(inpM_SortedSet const& other)
+  : inpM_BaseSet(other), m_ids(other.m_ids),
+    m_instances(other.m_instances ? std::make_unique<InstanceTree>(*other.m_instances) : nullptr)
+{
+}
+
+inpM_SortedSet::~inpM_SortedSet() = default;
+
+void inpM_SortedSet::Add(cow_String const& instanceName, cow_List<int> const& ids)
+{
+  Add(instanceName, inpM_OmiSet(ids));
+}
+
+// One at a time while they are few: most sets are read a row at a time.
+void inpM_SortedSet::Add(cow_List<int> const& ids)
+{
+  if (ids.Length() > 32)
+  {
+    m_ids += inpM_OmiSet(ids);
+    return;
+  }
+  for (int id : ids)
+  {
+    m_ids.Insert(id);
+  }
+}
+
+void inpM_SortedSet::Add(cow_String const& instanceName, inpM_OmiSet const& ids)
+{
+  if (ids.IsEmpty())
+  {
+    return;
+  }
+  if (instanceName.Length() == 0)
+  {
+    m_ids += ids;
+    return;
+  }
+  if (!m_instances)
+  {
+    m_instances = std::make_unique<InstanceTree>();
+  }
+  if (!m_instances->InsertUnlessMember(instanceName, ids))
+  {
+    *m_instances->Find(instanceName) += ids;
+  }
+}
+
+void inpM_SortedSet::Add(inpM_BaseSet const& other)
+{
+  m_ids += other.ConstGetOwnIds();
+  InstanceTree const added = other.ConstGetInstanceTree();
+  if (!m_instances && added.Size() != 0)
+  {
+    m_instances = std::make_unique<InstanceTree>(added);
+    return;
+  }
+  cow_BtreeIterator<cow_String, inpM_OmiSet> it(added);
+  for (it.First(); !it.IsDone(); it.Next())
+  {
+    Add(it.CurrentKey(), it.CurrentValue());
+  }
+}
+
+cow_List<int> inpM_SortedSet::ConstGetIds(cow_String const& instanceName) const
+{
+  if (instanceName.Length() == 0)
+  {
+    return ConstGetIds();
+  }
+  inpM_OmiSet const* const ids = m_instances ? m_instances->ConstFind(instanceName) : nullptr;
+  return ids == nullptr ? cow_List<int>() : ids->ConstGetArrayCounterpart();
+}
+
+inpM_BaseSet::InstanceTree inpM_SortedSet::ConstGetInstanceTree() const
+{
+  return m_instances ? *m_instances : InstanceTree();
+}
+
+// Leaves out the instances that have no ids afterwards.
+template <class Change>
+void inpM_SortedSet::ChangeInstances(Change const& change)
+{
+  InstanceTree const old = ConstGetInstanceTree();
+  m_instances.reset();
+  cow_BtreeIterator<cow_String, inpM_OmiSet> it(old);
+  for (it.First(); !it.IsDone(); it.Next())
+  {
+    Add(it.CurrentKey(), change(it.CurrentKey(), it.CurrentValue()));
+  }
+}
+
+void inpM_SortedSet::TrimGeneratedSets(int first, int last, int step)
+{
+  m_ids = Trimmed(m_ids, first, last, step);
+  ChangeInstances([&](cow_String const&, inpM_OmiSet const& ids)
+                  { return Trimmed(ids, first, last, step); });
+}
+
+void inpM_SortedSet::Renumber(inpM_IdMap const& idMap, bool toUser)
+{
+  m_ids = Renumbered(m_ids, idMap, toUser);
+  ChangeInstances([&](cow_String const& name, inpM_OmiSet const& ids)
+                  { return Renumbered(ids, idMap.ConstGet(name), toUser); });
+}
+
+std::size_t inpM_SortedSet::Bytes() const
+{
+  std::size_t bytes = sizeof(*this) + m_ids.Bytes();
+  InstanceTree const instances = ConstGetInstanceTree();
+  cow_BtreeIterator<cow_String, inpM_OmiSet> it(instances);
+  for (it.First(); !it.IsDone(); it.Next())
+  {
+    bytes += sizeof(cow_String) + sizeof(inpM_OmiSet) + it.CurrentValue().Bytes();
+  }
+  return bytes;
+}

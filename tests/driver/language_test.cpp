@@ -1,0 +1,115 @@
+#include "Inpdeck.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+
+namespace
+{
+
+using Language = Inpdeck;
+using nlohmann::json;
+
+TEST_F(Language, ListsEveryKeyword)
+{
+  std::string const listing = Run({"language"}).out;
+  EXPECT_TRUE(listing.starts_with(
+    "KEYWORD                               VALUE PARAMETERS HOLDS  STANDS BELOW\n"
+    "*ACOUSTICCONTRIBUTION                  1654          4     0  *STEP\n"))
+    << listing.substr(0, 300);
+  EXPECT_EQ(std::count(listing.begin(), listing.end(), '\n'), 607); // all but the two unnamed ones
+}
+
+TEST_F(Language, ShowsOneKeywordByAnyOfItsNames)
+{
+  std::string const density = "*DENSITY (value 1004)\n"
+                              "\n"
+                              "  stands below  *MATERIAL\n"
+                              "  holds         *DESIGNVARIATION\n"
+                              "  parameters\n"
+                              "    DEPENDENCIES\n"
+                              "    POREFLUID\n"
+                              "    SLURRY\n";
+  for (std::vector<std::string> const& name : std::vector<std::vector<std::string>>{
+         {"density"}, {"*DENSITY"}, {"dens"}, {"* Den sity"}, {"*DEN", "SITY"}})
+  {
+    std::vector<std::string> arguments{"language"};
+    arguments.insert(arguments.end(), name.begin(), name.end());
+    EXPECT_EQ(Run(arguments), (ProgramRun{0, density, ""})) << testing::PrintToString(name);
+  }
+}
+
+TEST_F(Language, ShowsTheWordsThatAParameterTakes)
+{
+  std::string const text = Run({"language", "amplitude"}).out;
+  EXPECT_NE(text.find("    DEFINITION     ACTUATOR, BUBBLE, DECAY, EQUALLYSPACED, MODULATED, "
+                      "PERIODIC,\n"
+                      "                   HICKS, SOLUTIONDEPENDENT, TABULAR, SMOOTHSTEP, USER\n"
+                      "    FIXEDINTERVAL\n"),
+            std::string::npos)
+    << text;
+}
+
+TEST_F(Language, RefusesNamesThatStandForNoneOrSeveral)
+{
+  struct
+  {
+    char const* name;
+    char const* words;
+  } const cases[] = {
+    {"nodee", "'nodee' is no keyword; did you mean *NODE?"},
+    {"elem", "'elem' stands for several keywords; did you mean *ELEMENT, *ELEMENTOUTPUT or "
+             "*ELEMENTRESPONSE?"},
+    {"zzzzzz", "'zzzzzz' is no keyword"},
+    {"\x1B", "'\\x1B' is no keyword"},
+  };
+  for (auto const& c : cases)
+  {
+    EXPECT_EQ(Run({"language", c.name}),
+              (ProgramRun{2, "", "inpdeck: error: " + std::string(c.words) + "\n"}));
+  }
+}
+
+TEST_F(Language, AsJsonHoldsTheTables)
+{
+  json const all = json::parse(Run({"language", "--json"}).out);
+  EXPECT_EQ(all["keywords"].size(), 608u);
+  EXPECT_EQ(all["rules"].size(), 521u);
+  EXPECT_EQ(all["elementTypes"].size(), 807u);
+  EXPECT_EQ(all["keywords"][1], (json{{"name", "acousticcontribution"},
+                                      {"value", 1654},
+                                      {"suboptions", json::array()},
+                                      {"parents", {"step"}}}));
+
+  json const one = json::parse(Run({"language", "--json", "*BUCKLING REDUCTION"}).out);
+  EXPECT_EQ(one["keywords"].size(), 1u);
+  EXPECT_EQ(one["rules"], json::parse(R"([{"handler": "VisitBucklingReductionFactors",
+                             "parameters": ["axis1", "axis2"],
+                             "enumerated": [{"parameters": ["axis1", "axis2"],
+                                             "values": ["TYPE1", "TYPE2", "TYPE3"]}]}])"));
+  EXPECT_EQ(one["elementTypes"], json::array());
+}
+
+// A keyword stands below another one exactly when that one holds it.
+TEST_F(Language, ParentsAndSuboptionsAgree)
+{
+  json const all = json::parse(Run({"language", "--json"}).out);
+  std::vector<std::pair<std::string, std::string>> held, stands;
+  for (json const& keyword : all["keywords"])
+  {
+    for (json const& below : keyword["suboptions"])
+    {
+      held.emplace_back(keyword["name"], below);
+    }
+    for (json const& parent : keyword["parents"])
+    {
+      stands.emplace_back(parent, keyword["name"]);
+    }
+  }
+  std::sort(held.begin(), held.end());
+  held.erase(std::unique(held.begin(), held.end()), held.end());
+  std::sort(stands.begin(), stands.end());
+  EXPECT_EQ(held, stands);
+}
+
+} // namespace

@@ -1,0 +1,388 @@
+#include "DeckExpansion.h"
+#include "DeckFiles.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+struct Case
+{
+  char const* what;
+  char const* deck;
+  char const* keywords;
+  char const* messages;
+};
+
+template <std::size_t Size>
+void Check(Case const (&cases)[Size])
+{
+  for (Case const& c : cases)
+  {
+    SCOPED_TRACE(c.what);
+    DeckExpansion const expansion(c.deck);
+    EXPECT_EQ(expansion.keywords, c.keywords);
+    EXPECT_EQ(expansion.messages, c.messages);
+  }
+}
+
+/// What handlers use, in the open.
+struct Handler : inp_KeywordExpansionVisitor
+{
+  using inp_KeywordExpansionVisitor::ExpandEnumData;
+  using inp_KeywordExpansionVisitor::ExpandParameters;
+
+  std::string Messages() const
+  {
+    std::string text;
+    for (atr_String const& message : m_warningList)
+      text += MessageText("warning", message, "") + "\n";
+    for (atr_String const& message : m_errorList)
+      text += MessageText("error", message, "") + "\n";
+    return text;
+  }
+};
+
+/// A keyword of the rule's own kind with one parameter.
+inp_Keyword KeywordWith(inp_KeywordEnm kind, cow_String const& parameter, inp_Item const& item)
+{
+  inp_Keyword keyword(kind);
+  keyword.parameters.Insert(parameter, item);
+  return keyword;
+}
+
+struct Rule
+{
+  char const* stem;
+  inp_KeywordEnm keyword;
+  bool isByHand;
+};
+
+constexpr Rule c_rules[] = {
+#define INP_RULE(stem, ...) {#stem, inp_kw##stem, false},
+#define INP_RULE_BY_HAND(stem, ...) {#stem, inp_kw##stem, true},
+#define INP_RULE_UNREACHED(stem, ...)
+#include "inp_ExpansionRules.def"
+};
+
+/// What the walk says of a keyword; what a handler of its own misses beside its tables does not count.
+std::string Objections(Rule const& rule, inp_Keyword& keyword)
+{
+  inp_KeywordExpansionVisitor visitor;
+  visitor.Visit(keyword);
+  std::string objections;
+  for (auto const* list :
+       {&visitor.GetWarningList(), &visitor.GetErrorList(), &visitor.GetFatalErrorList()})
+    for (atr_String const& message : *list)
+    {
+      std::string const code = message.Origin()->code;
+      if (!rule.isByHand || code == "UnknownParameter" || code == "AmbiguousParameter" ||
+          code == "IllegalValue" || code == "AmbiguousValue")
+        objections += " " + code;
+    }
+  return objections;
+}
+
+} // namespace
+
+TEST(inp_KeywordExpansionVisitor, CompletesParameterNames)
+{
+  Case const cases[] = {
+    {"an abbreviation",
+     "*ORIENTATION, NAM=O, SYS=R\n",
+     "orientation name=O, system=RECTANGULAR\n",
+     ""},
+    {"of several entries the first in the order of the table",
+     "*ORIENTATION, D=NODES\n*DYNAMIC, I=NO\n",
+     "orientation definition=NODES\ndynamic initial=NO\n",
+     ""},
+    {"a spelling that goes on behind an entry",
+     "*ORIENTATION, NAME OF IT=O\n*ORNL, ABC=1\n",
+     "orientation name=O\nornl a=1\n",
+     ""},
+    {"of entries that begin each other the longest that agrees",
+     "*HYPERELASTIC, N=2, NEOHOOKEAN\n*CONNECTOR HARDENING, RATE, RATE FILTER FACTOR=1\n",
+     "hyperelastic n=2, neohooke\nconnectorhardening rate, ratefilterfactor=1\n",
+     ""},
+    {"case and blanks do not count", "*Output, Mode List\n", "output modelist\n", ""},
+    {"unknown ones stay as spelled",
+     "*ORIENTATION, NAME=O, Colour = red x, SYSTEMS=S\n",
+     "orientation colour=red x, name=O, system=SPHERICAL\n",
+     "1 error: Unknown parameter: colour. The parameter may be misspelled, obsolete, or invalid.\n"},
+    {"a keyword without a rule knows none",
+     "*HEADING, A\n*STEP, NAME=S\n*END STEP, B=1\n",
+     "heading a\nstep name=S\nendstep b=1\n",
+     "1 error: Unknown parameter: a. The parameter may be misspelled, obsolete, or invalid.\n"
+     "3 error: Unknown parameter: b. The parameter may be misspelled, obsolete, or invalid.\n"},
+    {"an unknown one may still be enumerated",
+     "*DFLUX, REGION TYPE=EUL\n",
+     "dflux regiontype=EULERIAN\n",
+     "1 error: Unknown parameter: regiontype. The parameter may be misspelled, obsolete, or "
+     "invalid.\n"},
+    {"an entry that stands twice is met once by its name, and twice by what goes on behind it",
+     "*DAMPING CONTROLS, VISCOUS=NONE, STRUCT=NONE\n*DAMPING CONTROLS, VISCOUSLY=NONE\n",
+     "dampingcontrols structural=NONE, viscous=NONE\ndampingcontrols viscous=NONE\n",
+     "2 error: Ambiguous parameter: viscously\n"},
+    {"names of models with capitals are never reached",
+     "*UNDEX CHARGE PROPERTY, HICKS\n",
+     "undexchargeproperty hicks\n",
+     "1 error: Unknown parameter: hicks. The parameter may be misspelled, obsolete, or invalid.\n"},
+  };
+  Check(cases);
+}
+
+TEST(inp_KeywordExpansionVisitor, ReportsAnAmbiguityEvenWhenALongerEntryWins)
+{
+  char const* const table[] = {"ab", "ab", "abcd", "abcde", nullptr};
+  Handler handler;
+  inp_Keyword keyword = KeywordWith(inp_kwStatic, "abcdef", inp_Item(true));
+  handler.ExpandParameters(keyword, table);
+  EXPECT_EQ(KeywordText(keyword), "static abcde");
+  EXPECT_EQ(handler.Messages(), "0 error: Ambiguous parameter: abcdef\n");
+}
+
+TEST(inp_KeywordExpansionVisitor, CleansValues)
+{
+  Case const cases[] = {
+    {"upper case without blanks, but for quoted text",
+     "*MATERIAL, NAME= Steel one \n*MATERIAL, NAME=\"Steel one\"\n*MATERIAL, NAME=a\"b c\"d e\n",
+     "material name=STEELONE\nmaterial name=\"Steel one\"\nmaterial name=A\"b c\"DE\n",
+     ""},
+    {"numbers stay numbers",
+     "*MATERIAL, NAME=M, RTOL=1.5D3\n*BOUNDARY, STEP=007\n",
+     "material name=M, rtol=1500.\nboundary step=7\n",
+     ""},
+    {"file names keep their case",
+     "*USER ELEMENT, FILE=My File.inp\n*IMPORT, UPDATE=NO, LIBRARY=\"My Lib\"\n*WAVE, DATA FILE=W v\n",
+     "userelement file=MyFile.inp\nimport library=\"My Lib\", update=NO\nwave datafile=Wv\n",
+     ""},
+    {"so do the names of steps and of shape parameters",
+     "*STEP, NAME=Load Case\n*PARAMETER SHAPE VARIATION, PARAMETER=a B\n",
+     "step name=LoadCase\nparametershapevariation parameter=aB\n",
+     ""},
+    {"a value of an unknown parameter is not touched",
+     "*DESIGN SHAPE VARIATION, PARAMETER=a B\n",
+     "designshapevariation parameter=a B\n",
+     "1 error: Unknown parameter: parameter. The parameter may be misspelled, obsolete, or "
+     "invalid.\n"},
+  };
+  Check(cases);
+}
+
+TEST(inp_KeywordExpansionVisitor, KeepsTheCaseOfReferencesWhereDataAreNotRead)
+{
+  char const* const deck = "*ORIENTATION, NAME=<a B>, SYSTEM=<sys>\n*ORIENTATION, NAME=b<a>\n";
+  DeckExpansion const analysis(deck);
+  EXPECT_EQ(analysis.keywords, "orientation name=<AB>, system=<SYS>\norientation name=B<A>\n");
+  EXPECT_EQ(analysis.messages, "");
+  DeckExpansion const listing(
+    deck, [](inp_KeywordExpansionVisitor& visitor) { visitor.SetBulkDataProcess(false); });
+  EXPECT_EQ(listing.keywords, "orientation name=<aB>, system=<sys>\norientation name=B<A>\n");
+  EXPECT_EQ(listing.messages, "");
+}
+
+TEST(inp_KeywordExpansionVisitor, WarnsOfTwoSpellingsOfOneParameter)
+{
+  Case const cases[] = {
+    {"the one that the parameter map holds later counts",
+     "*ORIENTATION, NAME=first, NA=second\n",
+     "orientation name=SECOND\n",
+     "1 warning: Repeated parameter: name.  New definition of \"SECOND\" overrides previous "
+     "setting.\n"},
+    {"each repeat is one",
+     "*STATIC, STA=1, STAB=2, STABI=3\n",
+     "static stabilize=3\n",
+     "1 warning: Repeated parameter: stabilize.  New definition of \"2\" overrides previous "
+     "setting.\n"
+     "1 warning: Repeated parameter: stabilize.  New definition of \"3\" overrides previous "
+     "setting.\n"},
+    {"one without a value counts as TRUE",
+     "*STATIC, STA, STAB\n",
+     "static stabilize\n",
+     "1 warning: Repeated parameter: stabilize.  New definition of \"TRUE\" overrides previous "
+     "setting.\n"},
+  };
+  Check(cases);
+
+  char const* const table[] = {"name", nullptr};
+  Handler handler;
+  inp_Keyword keyword = KeywordWith(inp_kwStatic, "n", inp_Item(1));
+  keyword.parameters.Insert("na", inp_Item::Text(""));
+  handler.ExpandParameters(keyword, table);
+  EXPECT_EQ(handler.Messages(),
+            "0 warning: Repeated parameter: na.  New definition overrides previous setting.\n");
+}
+
+TEST(inp_KeywordExpansionVisitor, CompletesWords)
+{
+  Case const cases[] = {
+    {"abbreviated, in any case, by any abbreviation of the parameter",
+     "*BOUNDARY, OP=n, TYPE=vel, REGION=s\n",
+     "boundary op=NEW, regiontype=SLIDING, type=VELOCITY\n",
+     ""},
+    {"exact ones, whatever begins with them",
+     "*SOLID SECTION, CONTROLS=C\n*INITIAL CONDITIONS, TYPE=STRESS\n",
+     "solidsection controls=C\ninitialconditions type=STRESS\n",
+     ""},
+    {"digits", "*CLOAD, SECTOR NUMBER=2\n*BOUNDARY, LOAD CASE=1\n",
+     "cload sectornumber=2\nboundary loadcase=1\n", ""},
+    {"no word of the table",
+     "*BOUNDARY, OP=modify\n*BOUNDARY, LOAD CASE=3\n*BOUNDARY, OP=1.5\n*BOUNDARY, OP=\"MOD\"\n",
+     "boundary op=MODIFY\nboundary loadcase=3\nboundary op=1.5\nboundary op=\"MOD\"\n",
+     "1 error: Illegal value \"MODIFY\" for parameter \"op\".  The value may be misspelled, "
+     "obsolete, or invalid.\n"
+     "2 error: Illegal value \"3\" for parameter \"loadcase\".  The value may be misspelled, "
+     "obsolete, or invalid.\n"
+     "3 error: Illegal value \"1.5\" for parameter \"op\".  The value may be misspelled, obsolete, "
+     "or invalid.\n"
+     "4 error: Illegal value \"\"MOD\"\" for parameter \"op\".  The value may be misspelled, "
+     "obsolete, or invalid.\n"},
+    {"several of them",
+     "*ELASTIC, TYPE=SH\n*ELASTIC, TYPE=SHEA\n",
+     "elastic type=SH\nelastic type=SHEAR\n",
+     "1 error: Ambiguous value \"SH\" for parameter \"type\".\n"},
+    {"a parameter without a value has none to complete",
+     "*BOUNDARY, OP, TYPE=\n*STEP, NLGEOM, NAME=S\n",
+     "boundary op, type\nstep name=S, nlgeom\n",
+     ""},
+    {"a reference is none, unless in quotes",
+     "*BOUNDARY, OP=<op>\n*BOUNDARY, OP=\"<op>\"\n",
+     "boundary op=<OP>\nboundary op=\"<op>\"\n",
+     "2 error: Illegal value \"\"<op>\"\" for parameter \"op\".  The value may be misspelled, "
+     "obsolete, or invalid.\n"},
+  };
+  Check(cases);
+}
+
+TEST(inp_KeywordExpansionVisitor, ASecondTableOfAParameterServesWhatTheFirstDoesNotKnow)
+{
+  Case const cases[] = {
+    {"first", "*CLAY HARDENING, TYPE=T\n", "clayhardening type=TENSION\n", ""},
+    {"second", "*CLAY HARDENING, TYPE=OF\n", "clayhardening type=OFF\n", ""},
+    {"both, the first", "*RESPONSE SPECTRUM, COMP=SRSS\n", "responsespectrum comp=SRSS\n", ""},
+    {"ambiguous in the first, and so not looked for in the second",
+     "*RESPONSE SPECTRUM, COMP=R\n*RESPONSE SPECTRUM, COMP=A\n",
+     "responsespectrum comp=R\nresponsespectrum comp=ALGEBRAIC\n",
+     "1 error: Ambiguous value \"R\" for parameter \"comp\".\n"},
+    {"none, said once",
+     "*CONTACT PAIR, ADJUST=0.1\n*CONTACT PAIR, ADJUST=N\n",
+     "contactpair adjust=0.1\ncontactpair adjust=NO\n",
+     "1 error: Illegal value \"0.1\" for parameter \"adjust\".  The value may be misspelled, "
+     "obsolete, or invalid.\n"},
+  };
+  Check(cases);
+}
+
+TEST(inp_KeywordExpansionVisitor, CountsTheWordsThatFit)
+{
+  char const* const table[] = {"EXPONENTIAL", "EXPLICIT", "EXP-2", "EXPLICITLY", "LINEAR", nullptr};
+  struct
+  {
+    char const* value;
+    int count;
+    char const* result;
+  } const cases[] = {
+    {"", 0, "before"},        {" \t ", 0, "before"},       {"LIN", 1, "LINEAR"},
+    {"lin", 1, "LINEAR"},     {" \tlinear \t", 1, "LINEAR"}, {"LINEARLY", 0, "before"},
+    {"EXP", 4, "EXPLICITLY"}, {"EXPLICIT", 1, "EXPLICIT"}, {"EXPLICITL", 1, "EXPLICITLY"},
+    {"EXPL", 2, "EXPLICITLY"}, {"EX P", 0, "before"},
+  };
+  for (auto const& c : cases)
+  {
+    cow_String result("before");
+    EXPECT_EQ(inp_KeywordExpansionVisitor::inp_ExpandEnum(result, table, c.value), c.count)
+      << c.value;
+    EXPECT_EQ(result, c.result) << c.value;
+  }
+}
+
+TEST(inp_KeywordExpansionVisitor, CompletesWordsInDataLines)
+{
+  char const* const table[] = {"MASTER", "SLAVE", "SLIDING", nullptr};
+  Handler handler;
+  inp_Keyword keyword(inp_kwContactPair);
+  for (char const* line : {"a, m a, 1", "b, sl", "c, x"})
+    keyword.data.Append(line);
+  for (int row = 0; row < 3; ++row)
+    handler.ExpandEnumData(keyword, row, 1, table);
+  EXPECT_EQ(KeywordText(keyword), "contactpair: a|MASTER|1 / b|sl / c|x");
+  EXPECT_EQ(handler.Messages(),
+            "0 error: Ambiguous value \"SL\" for data item under keyword \"contactpair\".\n"
+            "0 error: Illegal value \"X\" for data item under keyword \"contactpair\".\n");
+}
+
+// A row of the tables that no deck can use is a fault in the table, or one that is known.
+TEST(inp_KeywordExpansionVisitor, EveryParameterOfEveryRulePasses)
+{
+  DeckFiles files;
+  files.Write("data", "1\n");
+  std::string refused;
+  for (Rule const& rule : c_rules)
+  {
+    inp_ExpansionRule const& tables = *inp_ExpansionRuleOf(rule.keyword);
+    ASSERT_EQ(tables.handler, std::string("Visit") + rule.stem);
+    for (char const* const* parameter = tables.parameters; *parameter != nullptr; ++parameter)
+    {
+      cow_String const asRead = cow_String(*parameter).ToLower().RightTrim(" ");
+      inp_Item const item =
+        asRead == "input" ? inp_Item::Text(files.Path("data").c_str()) : inp_Item(true);
+      inp_Keyword keyword = KeywordWith(rule.keyword, asRead, item);
+      std::string objections = Objections(rule, keyword);
+      if (asRead != "input" && !keyword.Is(inp_kwUndefined) && !keyword.HasParameter(asRead))
+        objections += " lost";
+      if (!objections.empty())
+        refused += std::string(rule.stem) + " " + asRead.CStr() + ":" + objections + "\n";
+    }
+  }
+  // "all" has an entry of its own, with a blank. The others have capitals, which the reader takes away.
+  EXPECT_EQ(refused, "ContactInclusions all: lost\n"
+                     "ConwepChargeProperty randerspehrson: UnknownParameter\n"
+                     "ConwepChargeProperty bannister: UnknownParameter\n"
+                     "UndexChargeProperty huntergeers: UnknownParameter\n"
+                     "UndexChargeProperty hicks: UnknownParameter\n");
+}
+
+TEST(inp_KeywordExpansionVisitor, EveryWordOfEveryRulePasses)
+{
+  std::string refused;
+  for (Rule const& rule : c_rules)
+  {
+    char const* const* run = inp_ExpansionRuleOf(rule.keyword)->values;
+    for (; *run != nullptr; run = inp_NextValues(run))
+      for (char const* const* word = run + 1; *word != nullptr; ++word)
+      {
+        inp_Keyword keyword = KeywordWith(rule.keyword, *run, inp_Item(cow_String(*word)));
+        std::string objections = Objections(rule, keyword);
+        if (keyword.GetParameterAsString(*run, "") != *word)
+          objections += " lost";
+        if (!objections.empty())
+          refused += std::string(rule.stem) + " " + *run + "=" + *word + ":" + objections + "\n";
+      }
+  }
+  // Parameters that their own rule does not list.
+  EXPECT_EQ(refused, "ConnectorFriction extrapolation=CONSTANT: lost\n" // "extrapolationflow" takes it
+                     "ConnectorFriction extrapolation=LINEAR: lost\n"
+                     "ConnectorFriction flow=ASSOCIATIVE: UnknownParameter\n"
+                     "ConnectorFriction flow=NONASSOCIATIVE: UnknownParameter\n"
+                     "Dflux regiontype=EULERIAN: UnknownParameter\n"
+                     "Dflux regiontype=LAGRANGIAN: UnknownParameter\n"
+                     "Dflux regiontype=SLIDING: UnknownParameter\n"
+                     "MatrixGenerate transformation=YES: UnknownParameter\n"
+                     "MatrixGenerate transformation=NO: UnknownParameter\n"
+                     "PMLCoefficient type=LINEAR: UnknownParameter\n"
+                     "PMLCoefficient type=QUADRATIC: UnknownParameter\n");
+}
+
+TEST(inp_KeywordExpansionVisitor, RefusesTheNameOfTheEndOfTheFile)
+{
+  Case const cases[] = {
+    {"blanked, as if it had not been there",
+     "*EOF, A=1\n1, 2\n*NODE\n",
+     "undefined keyword\nnode\n",
+     "1 error: The keyword is reserved and cannot be used in a deck.\n"},
+  };
+  Check(cases);
+}

@@ -90,9 +90,9 @@ void inpM_IdMap::Insert(cow_String const& instanceName, inpM_IdMap const& ids)
 
 inpM_IdMap const& inpM_IdMap::ConstGet(cow_String const& instanceName) const
 {
-  static inpM_IdMap const* const none = new inpM_IdMap; // lives as long as the process
+  static thread_local inpM_IdMap const none; // of the thread, as copies of it count
   Handle const* const child = instances.ConstFind(instanceName);
-  return child == nullptr ? *none : **child;
+  return child == nullptr ? none : **child;
 }
 
 inpM_IdMap& inpM_IdMap::Get(cow_String const& instanceName)

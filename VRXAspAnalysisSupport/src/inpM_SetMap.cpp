@@ -13,8 +13,8 @@ using TreeIterator = cow_BtreeIterator<cow_String, inpM_BaseSetMap>;
 
 inpM_BaseSetMap const& NoSets()
 {
-  static inpM_BaseSetMap const* const none = new inpM_BaseSetMap; // lives as long as the process
-  return *none;
+  static thread_local inpM_BaseSetMap const none; // of the thread, as copies of it count
+  return none;
 }
 
 inpM_BaseSetMap Kept(inpM_BaseSetMap const& sets, std::vector<cow_String> const& sortedNames)
@@ -47,7 +47,8 @@ void PrintIds(aio_ostream& stream, cow_String const& prefix, cow_List<int> const
   int const idsInLine = 16;
   for (int i = 0; i < ids.Length(); ++i)
   {
-    stream << prefix.View() << ids[i] << (i % idsInLine == idsInLine - 1 || i + 1 == ids.Length() ? '\n' : ' ');
+    bool const endsLine = i % idsInLine == idsInLine - 1 || i + 1 == ids.Length();
+    stream << prefix.View() << ids[i] << (endsLine ? '\n' : ' ');
   }
 }
 

@@ -506,14 +506,9 @@ TEST(inp_ExpansionHandlers, RememberWhatTheDeckUses)
 
 TEST(inp_ExpansionHandlers, LeaveParameterKeywordsAlone)
 {
-  Case const cases[] = {
-    {"parameters and rows",
-     "*PARAMETER, Dep Endent=x y\na = 'B c'\n",
-     "parameter dependent=x y: a = 'B c'\n",
-     ""},
-    {"one conflict", "*STATIC, STAB\n", "static stabilize\n", ""},
-  };
-  Check(cases);
+  DeckExpansion const expansion("*PARAMETER, Dep Endent=x y\na = 'B c'\n");
+  EXPECT_EQ(expansion.keywords, "parameter dependent=x y: a = 'B c'\n");
+  EXPECT_EQ(expansion.messages, "");
 }
 
 TEST(inp_ExpansionHandlers, GiveMeshRowsTheirNumericForm)

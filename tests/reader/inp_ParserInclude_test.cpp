@@ -271,12 +271,10 @@ TEST(inp_ParserInclude, TheWorkingFolderComesBeforeTheIncludeFolder)
   there.Write("a", "*NSET\n");
   there.Write("b", "*ELSET\n");
   here.Write("deck", "*INCLUDE, INPUT=a\n*INCLUDE, INPUT=b\n");
-  std::filesystem::path const before = std::filesystem::current_path();
-  std::filesystem::current_path(here.Folder());
+  InFolder const working(here.Folder());
   inp_Parser parser("deck", there.Folder().c_str(), cow_List<cow_String>(), "", true, true, false,
                     0, 0);
   cow_List<inp_Keyword> const list = parser.Parse(true);
-  std::filesystem::current_path(before);
   ASSERT_EQ(list.Length(), 2);
   EXPECT_EQ(list.ConstGet(0).fileName, here.Path("a").c_str());
   EXPECT_EQ(list.ConstGet(1).fileName, there.Path("b").c_str());

@@ -15,6 +15,27 @@ struct DeckReadingOptions
   int endLine = 0;
 };
 
+/// Makes a folder the working folder for a while: files are looked for there first, and a test must
+/// not find those of the folder that it happens to be started in.
+class InFolder
+{
+public:
+  explicit InFolder(std::string const& folder) : m_before(std::filesystem::current_path())
+  {
+    std::filesystem::current_path(folder);
+  }
+  ~InFolder()
+  {
+    std::error_code error;
+    std::filesystem::current_path(m_before, error);
+  }
+  InFolder(InFolder const&) = delete;
+  InFolder& operator=(InFolder const&) = delete;
+
+private:
+  std::filesystem::path m_before;
+};
+
 /// Everything that the reader makes of a file below a test's folder, as text to compare. File names
 /// come without the folder, and that of the deck itself not at all.
 struct DeckReading
@@ -22,6 +43,7 @@ struct DeckReading
   DeckReading(DeckFiles const& files, std::string const& name, DeckReadingOptions options = {})
     : m_files(files), m_file(files.Path(name))
   {
+    InFolder const here(files.Folder());
     inp_Parser parser(m_file.c_str(), files.Folder().c_str(), cow_List<cow_String>(), "", true,
                       options.keepData, false, options.startLine, options.endLine);
     list = parser.Parse(options.strict);

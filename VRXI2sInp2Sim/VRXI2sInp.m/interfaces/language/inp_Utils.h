@@ -50,6 +50,8 @@ public:
   static atr_String FormTitleForMessage(inp_Keyword const& keyword);
   /// Title and message, with the keyword's place as the message's origin.
   static atr_String MessageInKeyword(inp_Keyword const& keyword, atr_String const& message);
+  /// The message alone, with the keyword's place as its origin: for texts that stand without title.
+  static atr_String PlacedAt(inp_Keyword const& keyword, atr_String const& message);
   static atr_String MessageInKeyword(inp_Keyword const& keyword, atr_String const& message,
                                      cow_List<int> const& items);
   static atr_String MessageInKeyword(inp_Keyword const& keyword, atr_String const& message,

@@ -5,6 +5,7 @@
 #include "inp_DataArrayImpl.h"
 
 class inp_DataArray;
+class inp_MapInt2Element;
 
 /// The rows of *ELEMENT as integers: a label and node labels, in the deck's own layout.
 ///
@@ -24,6 +25,8 @@ public:
   explicit inp_ElementDataArrayImpl(inp_DataArray const& raw);
   /// Element label to node labels, in map order.
   explicit inp_ElementDataArrayImpl(cow_Map<int, cow_List<int>> const& elements);
+  /// The elements of a list of labels, in list order; a label without an element is skipped.
+  inp_ElementDataArrayImpl(cow_List<int> const& ids, inp_MapInt2Element const& elements);
   ~inp_ElementDataArrayImpl() override;
 
   int Rows() const override { return nrows; }
@@ -50,7 +53,8 @@ private:
   void Allocate(int rowCount, std::size_t cellCount);
   void Free();
   void AddRow(int columns);
-  void AddElement(int id, cow_List<int> const& nodes);
+  template <class Nodes>
+  void AddElement(int id, int nodeCount, Nodes node);
   void CheckIndex(int i, int j) const;
 
   int nrows = 0;

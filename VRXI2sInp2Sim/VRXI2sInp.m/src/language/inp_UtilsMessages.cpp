@@ -47,15 +47,21 @@ atr_String inp_Utils::FormTitleForMessage(inp_Keyword const& keyword)
   return atr_String(title.Append(" "));
 }
 
-atr_String inp_Utils::MessageInKeyword(inp_Keyword const& keyword, atr_String const& message)
+atr_String inp_Utils::PlacedAt(inp_Keyword const& keyword, atr_String const& message)
 {
-  atr_String text = FormTitleForMessage(keyword);
-  text.Append(message);
+  atr_String placed(message);
   atr_Origin origin = message.Origin() != nullptr ? *message.Origin() : atr_Origin();
   origin.file = keyword.fileName;
   origin.line = keyword.lineNumber;
   origin.keyword = keyword.Name();
-  text.SetOrigin(origin);
+  placed.SetOrigin(origin);
+  return placed;
+}
+
+atr_String inp_Utils::MessageInKeyword(inp_Keyword const& keyword, atr_String const& message)
+{
+  atr_String text = FormTitleForMessage(keyword);
+  text.Append(PlacedAt(keyword, message));
   return text;
 }
 

@@ -78,7 +78,5 @@ void inp_Utf8ValidityVisitor::CheckTitle(inp_Keyword& keyword, atr_MessageRow<0>
     return;
   }
   keyword.data.Set(0, 0, cow_String());
-  atr_String warning = atr_Say(row);
-  warning.SetOrigin(*inp_Utils::MessageInKeyword(keyword, warning).Origin());
-  ListOf(row.severity).Append(warning);
+  ListOf(row.severity).Append(inp_Utils::PlacedAt(keyword, atr_Say(row)));
 }

@@ -2,6 +2,7 @@
 
 #include "VRXBasException.h"
 #include "inp_DataArray.h"
+#include "inp_MapInt2Element.h"
 #include "inp_Numbers.h"
 #include "inp_ParserExceptions.h"
 #include "inp_RawDataArrayImpl.h"
@@ -97,7 +98,32 @@ inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(cow_Map<int, cow_List<int>> c
   Allocate(rowCount, cells);
   for (element.First(); !element.IsDone(); element.Next())
   {
-    AddElement(element.CurrentKey(), element.CurrentValue());
+    cow_List<int> const& nodes = element.CurrentValue();
+    AddElement(element.CurrentKey(), nodes.Length(), nodes.begin());
+  }
+}
+
+inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(cow_List<int> const& ids,
+                                                   inp_MapInt2Element const& elements)
+{
+  int rowCount = 0;
+  std::size_t cells = 0;
+  for (int id : ids)
+  {
+    if (inp_Element const* const element = elements.GetEltPtr(id))
+    {
+      int const elementRows = RowsOfElement(element->numNodesPerElement());
+      rowCount += elementRows;
+      cells += static_cast<std::size_t>(element->numNodesPerElement() + elementRows);
+    }
+  }
+  Allocate(rowCount, cells);
+  for (int id : ids)
+  {
+    if (inp_Element const* const element = elements.GetEltPtr(id))
+    {
+      AddElement(id, element->numNodesPerElement(), element->topology());
+    }
   }
 }
 
@@ -150,14 +176,14 @@ void inp_ElementDataArrayImpl::AddRow(int columns)
   ++nrows;
 }
 
-void inp_ElementDataArrayImpl::AddElement(int id, cow_List<int> const& nodes)
+template <class Nodes>
+void inp_ElementDataArrayImpl::AddElement(int id, int nodeCount, Nodes node)
 {
-  int given = 0;
+  int left = nodeCount;
   int limit = c_nodesInFirstRow;
   do
   {
-    bool const isFirst = given == 0;
-    int const left = nodes.Length() - given;
+    bool const isFirst = left == nodeCount;
     int const count = std::min(left, limit);
     AddRow(isFirst + count + (left > limit));
     int* cell = rows[nrows - 1];
@@ -167,14 +193,16 @@ void inp_ElementDataArrayImpl::AddElement(int id, cow_List<int> const& nodes)
     }
     for (int i = 0; i < count; ++i)
     {
-      *cell++ = nodes.ConstGet(given++);
+      *cell++ = *node;
+      ++node;
     }
     if (left > limit)
     {
       *cell = 0;
     }
+    left -= count;
     limit = c_nodesInRow;
-  } while (given < nodes.Length());
+  } while (left > 0);
 }
 
 void inp_ElementDataArrayImpl::CheckIndex(int i, int j) const

@@ -1,0 +1,24 @@
+#include "omi_IntTableCoord.h"
+
+#include <type_traits>
+
+static_assert(std::is_trivially_copyable_v<inp_Coord> && std::is_trivially_destructible_v<inp_Coord>);
+
+// The constructor that it goes through leaves a whole table, whose destructor frees what is copied so
+// far when the memory gives out.
+omi_IntTableCoord::omi_IntTableCoord(omi_IntTableCoord const& other) : omi_IntTableCoord()
+{
+  for (omi_IntTableIterator<void*> it(other); !it.IsDone(); it.Next())
+  {
+    Insert(it.CurrentKey(), nullptr);
+    Get(it.CurrentKey()) = MakeCoord(*static_cast<inp_Coord const*>(it.CurrentValue()));
+  }
+}
+
+omi_IntTableCoord::~omi_IntTableCoord()
+{
+  for (omi_IntTableIterator<void*> it(*this); !it.IsDone(); it.Next())
+  {
+    mem_Free(it.CurrentValue());
+  }
+}

@@ -3,6 +3,7 @@
 #include "cow_List.h"
 #include "drv_Exit.h"
 #include "inp_CurrentPlace.h"
+#include "mem_Allocation.h"
 
 #include <csignal>
 #include <cstdio>
@@ -11,8 +12,6 @@
 #include <exception>
 #include <fcntl.h>
 #include <unistd.h>
-
-#include "mem_Allocation.h" // MEM_PLAIN_ALLOCATION tells of a sanitizer
 
 namespace
 {
@@ -238,13 +237,14 @@ void drv_RaiseCrashBarrier()
   {
     HandleInterrupt(signal);
   }
-#if !MEM_PLAIN_ALLOCATION
-  GiveHandlersAStack();
-  for (int const signal : {SIGSEGV, SIGBUS, SIGFPE, SIGABRT, SIGILL})
+  if (!MEM_PLAIN_ALLOCATION) // a sanitizer has better words for crashes
   {
-    Handle(signal, OnCrash);
+    GiveHandlersAStack();
+    for (int const signal : {SIGSEGV, SIGBUS, SIGFPE, SIGABRT, SIGILL})
+    {
+      Handle(signal, OnCrash);
+    }
   }
-#endif
 }
 
 void drv_FailInternally(char const* what, char const* detail)

@@ -1,54 +1,17 @@
 // Reads any bytes as a deck, both as an analysis and as a host that only shows decks would, and
 // prints what came of them. No deck may raise, assert, overrun or fail to come to an end.
 
+#include "MemoryFile.h"
 #include "aio_ostream.h"
 #include "inp_Parser.h"
 #include "inp_ParserExceptions.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <sstream>
-#include <string>
-#include <sys/mman.h>
-#include <unistd.h>
+#include <string_view>
 
 namespace
 {
-
-/// A file in memory that the parser opens by its name.
-class MemoryFile
-{
-public:
-  MemoryFile()
-    : m_descriptor(::memfd_create("fuzz_parser", MFD_CLOEXEC)),
-      m_name("/proc/self/fd/" + std::to_string(m_descriptor))
-  {
-  }
-
-  void Fill(std::uint8_t const* data, std::size_t size) const
-  {
-    bool const filled = ::ftruncate(m_descriptor, 0) == 0 &&
-                        ::pwrite(m_descriptor, data, size, 0) == static_cast<ssize_t>(size);
-    if (!filled)
-    {
-      std::abort();
-    }
-  }
-
-  cow_String Name() const { return m_name.c_str(); }
-
-private:
-  int m_descriptor;
-  std::string m_name;
-};
-
-void Require(bool holds)
-{
-  if (!holds)
-  {
-    std::abort();
-  }
-}
 
 void ReadAndPrint(cow_String const& file, bool strict, int lines)
 {
@@ -65,7 +28,7 @@ void ReadAndPrint(cow_String const& file, bool strict, int lines)
   {
     keyword.Print(stream, true);
     keyword.Print(true);
-    keyword.DeepCopy();
+    ReadCells(keyword.DeepCopy().data);
   }
 }
 
@@ -73,7 +36,7 @@ void ReadAndPrint(cow_String const& file, bool strict, int lines)
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
-  static MemoryFile const file;
+  static MemoryFile const file("fuzz_parser");
   file.Fill(data, size);
   int lines = 1;
   for (std::size_t i = 0; i < size; ++i)

@@ -87,6 +87,25 @@ TEST(inp_Numbers, EveryRealReadsBack)
   }
 }
 
+TEST(inp_Numbers, DecimalsAreTheNearestReals)
+{
+  std::mt19937 random(9);
+  for (int i = 0; i < 100000; ++i)
+  {
+    std::string text = random() % 3 == 0 ? "-" : "";
+    for (auto left = random() % 22; left > 0; --left)
+      text += static_cast<char>('0' + random() % 10);
+    if (random() % 8 != 0)
+      text.insert(random() % (text.size() + 1), ".");
+    text += " ,\t\r\nexd.+"[random() % 11]; // or the NUL, which ends it
+    char* libraryEnd = nullptr;
+    double const real = std::strtod(text.c_str(), &libraryEnd);
+    char const* end = nullptr;
+    ASSERT_TRUE(SameNumber(inp_TextToDouble(text.c_str(), &end), real)) << text;
+    ASSERT_EQ(end, libraryEnd) << text;
+  }
+}
+
 TEST(inp_Numbers, IntegersBeyondTheRangeStayAtItsEnds)
 {
   struct

@@ -223,6 +223,13 @@ TEST(inp_Parser, TellsUnknownFromAmbiguous)
          "4 error AmbiguousKeyword(elem): Ambiguous keyword definition \"elem\".\n"});
 }
 
+TEST(inp_Parser, NothingAbbreviatesTheEmptyKeyword)
+{
+  Check({"whose row in the table has a name, too", "*UNDEFINED\n1\n*NODE\n", "3 node\n",
+         "1 error UnknownKeyword(undefined): Unknown keyword \"undefined\". The keyword may be "
+         "misspelled, obsolete, or invalid.\n"});
+}
+
 TEST(inp_Parser, ReadsALimitedRangeOfLines)
 {
   DeckFiles files;

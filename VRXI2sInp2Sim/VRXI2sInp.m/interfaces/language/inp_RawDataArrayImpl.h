@@ -47,6 +47,22 @@ public:
 
   void RemoveLastRow();
 
+  /// A text for a column.
+  struct NewCell
+  {
+    int column;
+    cow_String text;
+  };
+  /// Replaces cells of a row, which must exist and stand in ascending order, in one go; the others
+  /// stay as they are. A text no longer than the cell is written over it; otherwise the row is built
+  /// anew, once. A text with a comma outside quotes adds columns.
+  void SetCells(int i, NewCell const* cells, int count);
+
+  // What Type, IsNone and AsString say of a cell, for those who walk over RowText.
+  static inp_Types::typeEnm TypeOfCell(char const* cell);
+  static bool IsNoneCell(char const* cell);
+  static cow_String TextOfCell(char const* cell);
+
   /// The row's cells, each ended by NUL, one behind the other: Cols(i) of them. The text may be
   /// changed in place as long as the cells stay.
   char* RowText(int i) const;

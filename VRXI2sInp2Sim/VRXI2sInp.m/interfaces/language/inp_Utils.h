@@ -50,6 +50,8 @@ public:
   static atr_String FormTitleForMessage(inp_Keyword const& keyword);
   /// Title and message, with the keyword's place as the message's origin.
   static atr_String MessageInKeyword(inp_Keyword const& keyword, atr_String const& message);
+  /// The keyword's name, file and line, for messages that speak of it later.
+  static atr_Origin PlaceOf(inp_Keyword const& keyword);
   /// The message alone, with the keyword's place as its origin: for texts that stand without title.
   static atr_String PlacedAt(inp_Keyword const& keyword, atr_String const& message);
   static atr_String MessageInKeyword(inp_Keyword const& keyword, atr_String const& message,

@@ -73,6 +73,13 @@ protected:
 
   cow_List<atr_String>& ListOf(atr_severityEnm severity);
 
+  /// The walk stands in no part, instance, assembly or substructure: names here are the model's.
+  bool IsOutsideScopes() const
+  {
+    return m_substructurePathDepth < 1 && m_partName.Empty() && m_instanceName.Empty() &&
+           m_assemblyName.Empty();
+  }
+
   cow_String m_partName;
   cow_String m_assemblyName;
   cow_String m_instanceName;

@@ -20,8 +20,8 @@
 /// Needs:    expanded keywords. One that comes with suboptions keeps them as they are.
 /// Produces: the hierarchy, each keyword with the enumerator of the one above it in its `reserved`.
 /// Reports:  an error for each keyword that has no place, which is left out. A level's closing keyword
-///           without its opening one is out of place too. A *PART without a name is left out in
-///           silence.
+///           without its opening one is out of place too. A *PART without a name is left out
+///           without a word, and so leaves no place for what it holds.
 ///
 /// Time is linear in the number of keywords: what moves is a handle, whatever rows hang on it. The
 /// depth is that of the table (assembly, instance, gap, friction, design variation); the lists of

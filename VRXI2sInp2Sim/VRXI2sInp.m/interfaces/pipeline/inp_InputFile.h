@@ -3,8 +3,10 @@
 #include "cow_List.h"
 #include "cow_String.h"
 #include "inp_Keyword.h"
+#include "inp_MapInt2Element.h"
 #include "inp_ModelParameters.h"
 #include "inpM_InstanceMap.h"
+#include "inpM_SetMap.h"
 
 class eli_eostream;
 
@@ -14,6 +16,7 @@ class eli_eostream;
 ///     Parse(fileName)         text to a flat list of keywords, in file order
 ///     ExpandKeywords()        parameters completed, values checked, data files read
 ///     setModelParameters()    section points and model-wide flags, from the flat list
+///     CheckOutOfPlace()       the rules of parts and rigid bodies, from hierarchy and maps
 ///
 /// Stages return nothing. What they have to say goes to the sink (wip_WIP) when a stage ends:
 /// warnings, errors (level 1), fatal errors (level 2; those of the reader level 0). A stage goes on
@@ -27,6 +30,18 @@ public:
   /// Checks and completes every keyword; rejected ones leave the list.
   void ExpandKeywords();
   void setModelParameters();
+  /// A flat deck: periods in names of sets, surfaces, orientations, distributions and materials
+  /// become "_", so that a period can separate scopes; names in double quotes keep theirs.
+  void RemovePeriods(bool lumen);
+  /// An assembly deck, organized: takes the first assembly's name from in front of the names that
+  /// stand outside of parts, instances and assemblies.
+  void ModifyScopedNames();
+  void ModifyScopedNames(cow_String const& assemblyName);
+  /// *IMPORT beside *MAP SOLUTION, and *IMPORT in a job that continues none, unless the results are
+  /// to stay fit for the Lumen pre-processor. Looks at the top level.
+  void CheckImportValidity(bool lumen);
+  /// The rules that span keywords. Gives up the element maps of the parts: they have served.
+  void CheckOutOfPlace();
 
   /// Writes every keyword as deck lines, in list order.
   void Print(eli_eostream& stream) const;
@@ -41,7 +56,7 @@ public:
   bool InOdbConverter() const { return inOdbConverter; }
   cow_String const& GetIncludePath() const { return includePath; }
 
-  cow_List<inp_Keyword> keywords; ///< the model: flat from Parse on
+  cow_List<inp_Keyword> keywords; ///< the model: flat from Parse on, then a hierarchy
   bool featureEnhanced = false;
   bool restartJob = false;
   int numberRestartSteps = 0; ///< given by the driver: steps of the job that is continued
@@ -52,6 +67,10 @@ public:
   bool inOdbConverter = false; ///< given by the driver: serves a converter of results databases
   cow_String inputFileName;
   cow_String includePath; ///< given by the driver: where include and data files are looked for
+  inpM_InstanceMap<inp_MapInt2Element> partElementMap;     ///< by part
+  inpM_SetMap partElsetMap;
+  inpM_InstanceMap<inp_MapInt2Element> assemblyElementMap; ///< by instance
+  inpM_SetMap assemblyElsetMap;
   inpM_InstanceMap<cow_String> instancePartNames; ///< instance to part
   inp_ModelParameters modelParameters;
 
@@ -76,4 +95,8 @@ public:
 
 private:
   void DiscardEmptyKeywords();
+  /// The flat list becomes a hierarchy; see inp_OrganizerVisitor.
+  void Reorganize();
+  /// Reports the first name with a period outside quotes; see inp_FindPeriodInNames.
+  void ProhibitPeriodInNames(cow_List<inp_Keyword> const& list);
 };

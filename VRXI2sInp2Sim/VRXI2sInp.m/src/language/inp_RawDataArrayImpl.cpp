@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <new>
+#include <string_view>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -40,6 +42,20 @@ int DivideFrom(char* text, char const* end, int columns)
   return columns;
 }
 
+cow_String Trimmed(char const* from)
+{
+  while (*from == ' ' || *from == '\t')
+  {
+    ++from;
+  }
+  char const* to = from + std::strlen(from);
+  while (to != from && (to[-1] == ' ' || to[-1] == '\t'))
+  {
+    --to;
+  }
+  return cow_String(from, static_cast<int>(to - from));
+}
+
 template <class T>
 T* Enlarged(T* array, int used, int capacity)
 {
@@ -50,14 +66,51 @@ T* Enlarged(T* array, int used, int capacity)
   return larger;
 }
 
-/// A block with the text and NUL up to the block's end, which lies on a multiple of 16.
-char* NewBlock(char const* text, std::size_t length)
+/// A block for a text to come, with NUL behind it up to the block's end, on a multiple of 16.
+char* RoomFor(std::size_t length)
 {
   std::size_t const size = inp_RawDataArrayImpl::BlockSize(length);
   char* const block = static_cast<char*>(mem_OperatorNewThrow(size));
   std::memset(block + size - 16, 0, 16);
+  return block;
+}
+
+char* NewBlock(char const* text, std::size_t length)
+{
+  char* const block = RoomFor(length);
   std::memcpy(block, text, length);
   return block;
+}
+
+char const* NextCell(char const* cell) { return cell + std::strlen(cell) + 1; }
+
+/// Writes texts over cells, blanks behind them, unless one is too long or has a comma.
+bool WriteOver(char* row, inp_RawDataArrayImpl::NewCell const* cells, int count)
+{
+  char* places[16];
+  constexpr int mostPlaces = static_cast<int>(std::size(places));
+  char* at = row;
+  int column = 0;
+  for (int k = 0; k < count; ++k)
+  {
+    for (; column < cells[k].column; ++column)
+    {
+      at += std::strlen(at) + 1;
+    }
+    std::string_view const text = cells[k].text.View();
+    if (k == mostPlaces || text.size() > std::strlen(at) || text.find(',') != text.npos)
+    {
+      return false;
+    }
+    places[k] = at;
+  }
+  for (int k = 0; k < count; ++k)
+  {
+    std::string_view const text = cells[k].text.View();
+    std::memcpy(places[k], text.data(), text.size());
+    std::memset(places[k] + text.size(), ' ', std::strlen(places[k] + text.size()));
+  }
+  return true;
 }
 
 #if defined(__SSE2__)
@@ -229,7 +282,12 @@ char* inp_RawDataArrayImpl::Cell(int i, int j) const
 
 inp_Types::typeEnm inp_RawDataArrayImpl::Type(int i, int j) const
 {
-  char const* at = Cell(i, j);
+  return TypeOfCell(Cell(i, j));
+}
+
+inp_Types::typeEnm inp_RawDataArrayImpl::TypeOfCell(char const* cell)
+{
+  char const* at = cell;
   while (IsBlank(*at))
   {
     ++at;
@@ -292,14 +350,15 @@ inp_Types::typeEnm inp_RawDataArrayImpl::Type(int i, int j) const
   return signs < 2 && periods < 2 && exponents < 2 ? inp_Types::inp_REAL : inp_Types::inp_STRING;
 }
 
-bool inp_RawDataArrayImpl::IsNone(int i, int j) const
+bool inp_RawDataArrayImpl::IsNone(int i, int j) const { return IsNoneCell(Cell(i, j)); }
+
+bool inp_RawDataArrayImpl::IsNoneCell(char const* cell)
 {
-  char const* at = Cell(i, j);
-  while (IsBlank(*at))
+  while (IsBlank(*cell))
   {
-    ++at;
+    ++cell;
   }
-  return *at == '\0';
+  return *cell == '\0';
 }
 
 bool inp_RawDataArrayImpl::HasValue(int i, int j) const
@@ -324,25 +383,14 @@ double inp_RawDataArrayImpl::AsDouble(int i, int j) const
   return inp_TextToDouble(cell);
 }
 
-cow_String inp_RawDataArrayImpl::AsString(int i, int j) const
+cow_String inp_RawDataArrayImpl::AsString(int i, int j) const { return TextOfCell(Cell(i, j)); }
+
+cow_String inp_RawDataArrayImpl::TextOfCell(char const* cell)
 {
-  return inp_Utils::TakeOutSpacesAndUpperOutsideQuoted(AsStringVerbatim(i, j));
+  return inp_Utils::TakeOutSpacesAndUpperOutsideQuoted(Trimmed(cell));
 }
 
-cow_String inp_RawDataArrayImpl::AsStringVerbatim(int i, int j) const
-{
-  char const* from = Cell(i, j);
-  while (*from == ' ' || *from == '\t')
-  {
-    ++from;
-  }
-  char const* to = from + std::strlen(from);
-  while (to != from && (to[-1] == ' ' || to[-1] == '\t'))
-  {
-    --to;
-  }
-  return cow_String(from, static_cast<int>(to - from));
-}
+cow_String inp_RawDataArrayImpl::AsStringVerbatim(int i, int j) const { return Trimmed(Cell(i, j)); }
 
 void inp_RawDataArrayImpl::Set(int i, int j, cow_String const& text)
 {
@@ -370,6 +418,41 @@ void inp_RawDataArrayImpl::Set(int i, int j, cow_String const& text)
   mem_Free(m_rows[i]);
   m_rows[i] = block;
   ncols[i] = DivideFrom(block, block + length, 1);
+}
+
+void inp_RawDataArrayImpl::SetCells(int i, NewCell const* cells, int count)
+{
+  VRXBasAssert(i >= 0 && i < nrows, "i >= 0 && i < nrows");
+  VRXBasAssert(count == 0 || (cells[0].column >= 0 && cells[count - 1].column < ncols[i]),
+               "j >= 0 && j < ncols[i]");
+  if (WriteOver(m_rows[i], cells, count))
+  {
+    return;
+  }
+  // The length of the row as it will be, each cell counted with what closes it.
+  std::size_t length = 0;
+  char const* from = m_rows[i];
+  for (int column = 0, k = 0; column < ncols[i]; ++column, from = NextCell(from))
+  {
+    bool const isNew = k < count && cells[k].column == column;
+    length += (isNew ? cells[k++].text.View().size() : std::strlen(from)) + 1;
+  }
+  char* const block = RoomFor(length - 1);
+  char* to = block;
+  int columns = ncols[i];
+  from = m_rows[i];
+  for (int column = 0, k = 0; column < ncols[i]; ++column, from = NextCell(from))
+  {
+    bool const isNew = k < count && cells[k].column == column;
+    std::string_view const text = isNew ? cells[k++].text.View() : std::string_view(from);
+    std::memcpy(to, text.data(), text.size());
+    columns = isNew ? DivideFrom(to, to + text.size(), columns) : columns;
+    to += text.size();
+    *to++ = '\0';
+  }
+  mem_Free(m_rows[i]);
+  m_rows[i] = block;
+  ncols[i] = columns;
 }
 
 void inp_RawDataArrayImpl::Set(int i, int j, double value) { Set(i, j, cow_String(value)); }

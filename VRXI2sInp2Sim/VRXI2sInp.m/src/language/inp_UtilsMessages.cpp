@@ -47,13 +47,20 @@ atr_String inp_Utils::FormTitleForMessage(inp_Keyword const& keyword)
   return atr_String(title.Append(" "));
 }
 
+atr_Origin inp_Utils::PlaceOf(inp_Keyword const& keyword)
+{
+  return {"", keyword.fileName, keyword.lineNumber, keyword.Name(), cow_String()};
+}
+
 atr_String inp_Utils::PlacedAt(inp_Keyword const& keyword, atr_String const& message)
 {
+  atr_Origin origin = PlaceOf(keyword);
+  if (atr_Origin const* const known = message.Origin())
+  {
+    origin.code = known->code;
+    origin.subject = known->subject;
+  }
   atr_String placed(message);
-  atr_Origin origin = message.Origin() != nullptr ? *message.Origin() : atr_Origin();
-  origin.file = keyword.fileName;
-  origin.line = keyword.lineNumber;
-  origin.keyword = keyword.Name();
   placed.SetOrigin(origin);
   return placed;
 }

@@ -68,7 +68,8 @@ int ReadLabel(inp_RawDataArrayImpl const& raw, int row)
   }
   cow_String const text = raw.AsString(row, 0);
   // A cell of ten digits counts as a real elsewhere; here it is a label that is too long.
-  if (raw.Type(row, 0) != inp_Types::inp_INTEGER && !IsAllDigits(text))
+  inp_Types::typeEnm const type = raw.Type(row, 0);
+  if (type != inp_Types::inp_INTEGER && !(type == inp_Types::inp_REAL && IsAllDigits(text)))
   {
     Raise(inp_msgNodeLabelNotInteger, text);
   }

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "inp_KeywordEnm.h"
+#include "inp_NameFixupVisitor.h"
+
+/// Finds the places where a material is named that inp_MaterialReferences.def lists.
+class inp_MaterialFixupVisitor : public inp_NameFixupVisitor
+{
+public:
+#define INP_PLACES(stem, ...) void Visit##stem(inp_Keyword& keyword) override;
+#include "inp_MaterialReferences.def"
+
+  virtual cow_String FixupMaterialName(cow_String const& name) = 0;
+
+  /// The places of a keyword, closed by one that names nothing; null when it has none.
+  static inp_ReferencePlace const* Places(inp_KeywordEnm keyword);
+
+protected:
+  cow_String FixupName(cow_String const& name) override { return FixupMaterialName(name); }
+};

@@ -1,0 +1,249 @@
+#pragma once
+
+#include "inp_Columns.h"
+
+/// What is named.
+enum inp_referenceEnm
+{
+  inp_noReference, ///< closes a run of places
+  inp_refNodes,    ///< nodes and node sets
+  inp_refElements, ///< elements and element sets
+  inp_refSurface,
+  inp_refOrientation,
+  inp_refDistribution,
+  inp_refMaterial
+};
+
+/// What a parameter's value must be for the parameter to count.
+enum inp_valueEnm
+{
+  inp_anyValue,
+  inp_textValue,
+  inp_unlessReal,
+  inp_unlessRealOrNone
+};
+
+/// From which line of a record to the first of the next one: a number, or one that follows from the
+/// model or the keyword. A deck has eight values a line, so that a record of n values, with what it
+/// belongs to in front, takes n / 8 + 1 lines.
+enum inp_stepEnm
+{
+  inp_stepFixed,
+  inp_stepPoints,             ///< a value for each section or temperature point
+  inp_stepFields,             ///< the same, as many times as NUMBER says
+  inp_stepDistribution,       ///< the table's; below 1 when there is none
+  inp_stepBackstresses,       ///< NUMBER BACKSTRESSES lines
+  inp_stepDependentVariables, ///< the solution-dependent variables of a point
+  inp_stepElementVariables,   ///< those of an element
+  inp_stepRebar               ///< 2 for skew rebars in continuum elements
+};
+
+/// Numbers in the first line's first field, which tell that the line is passed over.
+enum inp_numbersEnm
+{
+  inp_noNumbers,
+  inp_numbersWithE, ///< reals with "e" for the exponent
+  inp_numbersWithD  ///< with "e" or "d"
+};
+
+/// A parameter that decides whether a place counts. Values compare as they stand, in upper case.
+struct inp_PlaceCondition
+{
+  enum testEnm
+  {
+    has,
+    lacks,
+    is,         ///< one of the words
+    isOrAbsent, ///< the word, or no text at all
+    isNot,      ///< anything but the word, nothing included
+    isOther     ///< a text, but not the word
+  };
+  static constexpr int c_words = 9;
+
+  char const* parameter = nullptr; ///< null closes the conditions
+  testEnm test = has;
+  char const* words[c_words] = {};
+};
+
+/// A place of a keyword where something is named: a parameter, or fields of data lines. Fields and
+/// lines count from 1, as in a manual. A row of a table is written as a chain of the functions below.
+struct inp_ReferencePlace
+{
+  static constexpr int c_conditions = 3;
+
+  inp_referenceEnm what = inp_noReference;
+  char const* parameter = nullptr; ///< null: data lines
+  inp_valueEnm value = inp_anyValue;
+  inp_Columns columns;
+  bool byValue = false;       ///< each field by itself (see inp_SetFixupVisitor)
+  bool isText = false;        ///< a field that reads as a number stays
+  bool isId = false;          ///< one field that holds a number, scoped or not; sets stay
+  bool viaDefinition = false; ///< through VisitSurfaceDefinition
+  int firstLine = 1;
+  int lastLine = 0; ///< 0: the last
+  inp_stepEnm step = inp_stepFixed;
+  int stepLines = 1;   ///< of inp_stepFixed
+  int fieldsAtLeast = 1; ///< shorter lines are passed over
+  inp_numbersEnm numbers = inp_noNumbers;
+  inp_PlaceCondition conditions[c_conditions] = {};
+  char const* note = nullptr; ///< what no column of the table says
+
+  constexpr bool IsData() const { return parameter == nullptr; }
+  constexpr bool IsWholeRun() const { return firstLine == 1 && lastLine == 0; }
+
+  static constexpr inp_ReferencePlace Of(inp_referenceEnm named)
+  {
+    inp_ReferencePlace place;
+    place.what = named;
+    return place;
+  }
+
+  constexpr inp_ReferencePlace Parameter(char const* name, inp_valueEnm kind = inp_anyValue) const
+  {
+    inp_ReferencePlace place = *this;
+    place.parameter = name;
+    place.value = kind;
+    return place;
+  }
+  constexpr inp_ReferencePlace TextParameter(char const* name) const
+  {
+    return Parameter(name, inp_textValue);
+  }
+  constexpr inp_ReferencePlace ParameterUnlessReal(char const* name) const
+  {
+    return Parameter(name, inp_unlessReal);
+  }
+  constexpr inp_ReferencePlace ParameterUnlessRealOrNone(char const* name) const
+  {
+    return Parameter(name, inp_unlessRealOrNone);
+  }
+
+  template <class... Numbers>
+  constexpr inp_ReferencePlace Fields(Numbers... fields) const
+  {
+    inp_ReferencePlace place = *this;
+    place.columns = inp_Columns::OfFields(fields...);
+    return place;
+  }
+  /// Blank fields excepted.
+  constexpr inp_ReferencePlace AllFields() const
+  {
+    inp_ReferencePlace place = *this;
+    place.columns = inp_Columns::All();
+    return place;
+  }
+  constexpr inp_ReferencePlace Id(int line, int field) const
+  {
+    inp_ReferencePlace place = Fields(field).OnLine(line);
+    place.isId = true;
+    return place;
+  }
+
+  constexpr inp_ReferencePlace Texts() const
+  {
+    inp_ReferencePlace place = *this;
+    place.isText = true;
+    return place;
+  }
+  constexpr inp_ReferencePlace ByValue() const
+  {
+    inp_ReferencePlace place = *this;
+    place.byValue = true;
+    return place;
+  }
+  constexpr inp_ReferencePlace AsSurfaceDefinition() const
+  {
+    inp_ReferencePlace place = *this;
+    place.viaDefinition = true;
+    return place;
+  }
+  constexpr inp_ReferencePlace FromLine(int line) const
+  {
+    inp_ReferencePlace place = *this;
+    place.firstLine = line;
+    return place;
+  }
+  constexpr inp_ReferencePlace OnLine(int line) const
+  {
+    inp_ReferencePlace place = FromLine(line);
+    place.lastLine = line;
+    return place;
+  }
+  constexpr inp_ReferencePlace Step(int lines) const
+  {
+    inp_ReferencePlace place = *this;
+    place.stepLines = lines;
+    return place;
+  }
+  constexpr inp_ReferencePlace StepBy(inp_stepEnm rule) const
+  {
+    inp_ReferencePlace place = *this;
+    place.step = rule;
+    return place;
+  }
+  constexpr inp_ReferencePlace FieldsAtLeast(int count) const
+  {
+    inp_ReferencePlace place = *this;
+    place.fieldsAtLeast = count;
+    return place;
+  }
+  /// Passes over the first line when such a number begins it.
+  constexpr inp_ReferencePlace BehindNumbers(inp_numbersEnm kind) const
+  {
+    inp_ReferencePlace place = *this;
+    place.numbers = kind;
+    return place;
+  }
+
+  constexpr inp_ReferencePlace Has(char const* name) const
+  {
+    return When(inp_PlaceCondition::has, name);
+  }
+  constexpr inp_ReferencePlace Lacks(char const* name) const
+  {
+    return When(inp_PlaceCondition::lacks, name);
+  }
+  template <class... Words>
+  constexpr inp_ReferencePlace Is(char const* name, Words... words) const
+  {
+    return When(inp_PlaceCondition::is, name, words...);
+  }
+  constexpr inp_ReferencePlace IsOrAbsent(char const* name, char const* word) const
+  {
+    return When(inp_PlaceCondition::isOrAbsent, name, word);
+  }
+  constexpr inp_ReferencePlace IsNot(char const* name, char const* word) const
+  {
+    return When(inp_PlaceCondition::isNot, name, word);
+  }
+  constexpr inp_ReferencePlace IsOther(char const* name, char const* word) const
+  {
+    return When(inp_PlaceCondition::isOther, name, word);
+  }
+  constexpr inp_ReferencePlace Note(char const* text) const
+  {
+    inp_ReferencePlace place = *this;
+    place.note = text;
+    return place;
+  }
+
+private:
+  // A condition too many, or a word too many, writes past the array and so does not compile.
+  template <class... Words>
+  constexpr inp_ReferencePlace When(inp_PlaceCondition::testEnm test, char const* name,
+                                    Words... words) const
+  {
+    inp_ReferencePlace place = *this;
+    int free = 0;
+    while (place.conditions[free].parameter != nullptr)
+    {
+      ++free;
+    }
+    inp_PlaceCondition& condition = place.conditions[free];
+    condition.parameter = name;
+    condition.test = test;
+    int count = 0;
+    ((condition.words[count++] = words), ...);
+    return place;
+  }
+};

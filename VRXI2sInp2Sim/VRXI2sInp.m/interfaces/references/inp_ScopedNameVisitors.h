@@ -1,0 +1,109 @@
+#pragma once
+
+#include "inp_DistributionFixupVisitor.h"
+#include "inp_MaterialFixupVisitor.h"
+#include "inp_OrientationFixupVisitor.h"
+#include "inp_RebarFixupVisitor.h"
+#include "inp_SetFixupVisitor.h"
+#include "inp_SurfaceFixupVisitor.h"
+
+// In an assembly deck a name of the model may be written with the assembly's in front: Assy.P-1.S is
+// P-1.S. These take the prefix away from names that stand in no part, instance, assembly or
+// substructure. The assembly's name is the text before the first period, compared as it stands; a name
+// without that prefix stays.
+
+/// Also takes the members of *NSET and *ELSET; of GENERATE rows, start and end.
+class inp_ScopedNameSetVisitor : public inp_SetFixupVisitor
+{
+public:
+  inp_ScopedNameSetVisitor(inpM_SetMap const& itsNsets, inpM_SetMap const& itsElsets,
+                           inpM_IdMap const& itsNodeIdMap, inpM_IdMap const& itsElementIdMap,
+                           cow_String const& itsAssemblyName,
+                           inp_ModelParameters const& itsModelParameters);
+
+  void VisitElset(inp_Keyword& keyword) override;
+  void VisitNset(inp_Keyword& keyword) override;
+
+  cow_String FixupIdOrSet(inp_Keyword const& keyword, cow_String const& value,
+                          inpM_SetMap const& setMap, inpM_IdMap const& idMap,
+                          cow_String const& assembly, cow_String const& instance,
+                          cow_String const& part, inp_SetType setType,
+                          cow_String const& parameterName) override;
+
+protected:
+  bool MayChange(char const* cell) const override;
+
+private:
+  cow_String assemblyName;
+};
+
+class inp_ScopedNameSurfaceVisitor : public inp_SurfaceFixupVisitor
+{
+public:
+  /// A continued job's names are treated like any other's.
+  inp_ScopedNameSurfaceVisitor(inpM_SurfaceMap const& itsSurfaces,
+                               cow_String const& itsAssemblyName, bool restartJob);
+
+  /// No keyword reaches this one.
+  virtual void VisitSurfaceDefinition(inp_Keyword& keyword);
+
+  cow_String FixupSurfaceName(cow_String const& name, cow_String const& instance,
+                              cow_String const& assembly, cow_String const& part) override;
+
+protected:
+  bool MayChange(char const* cell) const override;
+
+private:
+  cow_String assemblyName;
+};
+
+class inp_ScopedNameDistributionVisitor : public inp_DistributionFixupVisitor
+{
+public:
+  inp_ScopedNameDistributionVisitor(cow_String const& itsAssemblyName,
+                                    inp_ModelParameters const& itsModelParameters);
+  cow_String FixupDistributionName(cow_String const& name) override;
+
+protected:
+  bool MayChange(char const* cell) const override;
+
+private:
+  cow_String assemblyName;
+};
+
+class inp_ScopedNameOrientationVisitor : public inp_OrientationFixupVisitor
+{
+public:
+  inp_ScopedNameOrientationVisitor(cow_String const& itsAssemblyName,
+                                   Defaults const& itsDefaultsByName);
+  cow_String FixupOrientationName(cow_String const& name) override;
+
+protected:
+  bool MayChange(char const* cell) const override;
+
+private:
+  cow_String assemblyName;
+};
+
+class inp_ScopedNameRebarVisitor : public inp_RebarFixupVisitor
+{
+public:
+  explicit inp_ScopedNameRebarVisitor(cow_String const& itsAssemblyName);
+  cow_String FixupRebarName(cow_String const& name) override;
+
+private:
+  cow_String assemblyName;
+};
+
+class inp_ScopedNameMaterialVisitor : public inp_MaterialFixupVisitor
+{
+public:
+  explicit inp_ScopedNameMaterialVisitor(cow_String const& itsAssemblyName);
+  cow_String FixupMaterialName(cow_String const& name) override;
+
+protected:
+  bool MayChange(char const* cell) const override;
+
+private:
+  cow_String assemblyName;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "inp_Columns.h"
+#include "inp_KeywordEnm.h"
+#include "inp_ReferencePlace.h"
+#include "inp_Visitor.h"
+#include "inpM_SurfaceMap.h"
+
+/// Finds every place where a surface is named, and stores what FixupSurfaceName makes of the name. The
+/// places stand in inp_SurfaceReferences.def.
+///
+/// Fields go in and are stored as in inp_SetFixupVisitor; blank ones stay. Reports nothing: what
+/// FixupSurfaceName raises leaves the walk.
+class inp_SurfaceFixupVisitor : public inp_Visitor
+{
+public:
+  explicit inp_SurfaceFixupVisitor(inpM_SurfaceMap const& itsSurfaces) : surfaces(itsSurfaces) {}
+
+  void DefaultAction(inp_Keyword&) override {}
+
+#define INP_PLACES(stem, ...) void Visit##stem(inp_Keyword& keyword) override;
+#include "inp_SurfaceReferences.def"
+
+  /// The name that is to stand in place of `name`; the others are the walk's place.
+  virtual cow_String FixupSurfaceName(cow_String const& name, cow_String const& instance,
+                                      cow_String const& assembly, cow_String const& part) = 0;
+
+  /// Columns of every `rowStep`-th line from `firstRow` on; a step below 1 touches none.
+  virtual void ReplaceSurfaceData(inp_Keyword& keyword, inp_Columns const& columns, int rowStep,
+                                  int firstRow);
+  virtual void ReplaceSurfaceAllData(inp_Keyword& keyword);
+  /// An absent parameter is passed over.
+  virtual void ReplaceSurfaceParameter(inp_Keyword& keyword, cow_String const& name);
+
+  /// The places of a keyword, closed by one that names nothing; null when it has none.
+  static inp_ReferencePlace const* Places(inp_KeywordEnm keyword);
+
+protected:
+  /// False for a field that FixupSurfaceName would give back as it is.
+  virtual bool MayChange(char const*) const { return true; }
+
+  inpM_SurfaceMap surfaces;
+
+private:
+  void ReplacePlaces(inp_Keyword& keyword, inp_ReferencePlace const* place);
+  void ReplaceRows(inp_Keyword& keyword, inp_Columns const& columns, int rowStep, int firstRow);
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "inp_ReferencePlace.h"
+
+// How the rows of a table of references become arrays, each closed by a place that names nothing. A
+// source defines INP_PLACES as INP_PLACES_ARRAY before it includes the table.
+#define NODES inp_ReferencePlace::Of(inp_refNodes)
+#define ELEMENTS inp_ReferencePlace::Of(inp_refElements)
+#define SURFACE inp_ReferencePlace::Of(inp_refSurface)
+#define ORIENTATION inp_ReferencePlace::Of(inp_refOrientation)
+#define DISTRIBUTION inp_ReferencePlace::Of(inp_refDistribution)
+#define MATERIAL inp_ReferencePlace::Of(inp_refMaterial)
+
+#define INP_PLACES_ARRAY(stem, ...)                                                                \
+  constexpr inp_ReferencePlace placesOf##stem[] = {__VA_ARGS__, inp_ReferencePlace{}};

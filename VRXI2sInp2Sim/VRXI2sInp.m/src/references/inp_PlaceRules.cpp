@@ -1,0 +1,136 @@
+#include "inp_PlaceRules.h"
+
+#include "inp_Keyword.h"
+#include "inp_ModelParameters.h"
+
+#include <algorithm>
+#include <climits>
+#include <string_view>
+
+namespace
+{
+
+constexpr int c_valuesOfLine = 8;
+
+bool IsOneOf(cow_String const& text, inp_PlaceCondition const& condition)
+{
+  auto const isText = [&text](char const* word)
+  { return word != nullptr && text.View() == std::string_view(word); };
+  return std::any_of(std::begin(condition.words), std::end(condition.words), isText);
+}
+
+bool Holds(inp_PlaceCondition const& condition, inp_Keyword const& keyword)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind(condition.parameter);
+  bool const isText = item != nullptr && item->Type() == inp_Types::inp_STRING;
+  bool const fits = isText && IsOneOf(item->AsString(), condition);
+  switch (condition.test)
+  {
+  case inp_PlaceCondition::has:
+    return item != nullptr;
+  case inp_PlaceCondition::lacks:
+    return item == nullptr;
+  case inp_PlaceCondition::is:
+    return fits;
+  case inp_PlaceCondition::isOrAbsent:
+    return fits || !isText;
+  case inp_PlaceCondition::isNot:
+    return !fits;
+  case inp_PlaceCondition::isOther:
+    return isText && !fits;
+  }
+  return false;
+}
+
+bool ParameterCounts(inp_ReferencePlace const& place, inp_Keyword const& keyword)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind(place.parameter);
+  if (item == nullptr)
+  {
+    return false;
+  }
+  inp_Types::typeEnm const type = item->Type();
+  switch (place.value)
+  {
+  case inp_anyValue:
+    return true;
+  case inp_textValue:
+    return type == inp_Types::inp_STRING;
+  case inp_unlessReal:
+    return type != inp_Types::inp_REAL;
+  case inp_unlessRealOrNone:
+    return type != inp_Types::inp_REAL && type != inp_Types::inp_NONE;
+  }
+  return false;
+}
+
+/// The lines of a record of so many values.
+int LinesOf(long long values)
+{
+  return static_cast<int>(std::clamp(values / c_valuesOfLine + 1, -1LL, static_cast<long long>(INT_MAX)));
+}
+
+long long PointsOf(inp_ModelParameters const& model)
+{
+  return model.hasTemperatureElms() ? model.getNumGaussPts() : model.getNumTempPts();
+}
+
+bool IsSkewInContinuum(inp_Keyword const& keyword)
+{
+  return keyword.GetParameterAsString("geometry", "ISOPARAMETRIC") == "SKEW" &&
+         !keyword.HasParameter("single") &&
+         keyword.GetParameterAsString("element", "") == "CONTINUUM";
+}
+
+} // namespace
+
+bool inp_PlaceCounts(inp_ReferencePlace const& place, inp_Keyword const& keyword)
+{
+  if (!place.IsData() && !ParameterCounts(place, keyword))
+  {
+    return false;
+  }
+  for (inp_PlaceCondition const& condition : place.conditions)
+  {
+    if (condition.parameter != nullptr && !Holds(condition, keyword))
+    {
+      return false;
+    }
+  }
+  return true;
+}
+
+int inp_RowStep(inp_ReferencePlace const& place, inp_Keyword const& keyword,
+                inp_ModelParameters const& model)
+{
+  switch (place.step)
+  {
+  case inp_stepFixed:
+    return place.stepLines;
+  case inp_stepPoints:
+    return LinesOf(PointsOf(model));
+  case inp_stepFields:
+    return LinesOf(PointsOf(model) * keyword.GetParameterAsInt("number", 1));
+  case inp_stepDistribution:
+    return inp_DistributionRowStep(keyword, model);
+  case inp_stepBackstresses:
+    return keyword.GetParameterAsInt("numberbackstresses", 1);
+  case inp_stepDependentVariables:
+    return LinesOf(model.getNumDepVars() + 1LL + (keyword.HasParameter("rebar") ? 1 : 0));
+  case inp_stepElementVariables:
+    return LinesOf(model.getNumElemDepVars());
+  case inp_stepRebar:
+    return IsSkewInContinuum(keyword) ? 2 : 1;
+  }
+  return 1;
+}
+
+int inp_DistributionRowStep(inp_Keyword const& keyword, inp_ModelParameters const& model)
+{
+  if (keyword.HasParameter("type"))
+  {
+    return keyword.GetParameterAsString("type", "") == "SHELL3DSTIFFNESS" ? 3 : 1;
+  }
+  inp_Item const* const table = keyword.parameters.ConstFind("table");
+  return table != nullptr ? model.getTableSize(table->AsString()) : 0;
+}

@@ -1,0 +1,225 @@
+#include "inp_SetFixupVisitor.h"
+
+#include "inp_CellRewriter.h"
+#include "inp_PlaceRules.h"
+
+inp_SetFixupVisitor::inp_SetFixupVisitor(inpM_SetMap const& itsNsets, inpM_SetMap const& itsElsets,
+                                         inpM_IdMap const& itsNodeIdMap,
+                                         inpM_IdMap const& itsElementIdMap,
+                                         inp_ModelParameters const& itsModelParameters)
+  : nsets(itsNsets), elsets(itsElsets), nodeIdMap(itsNodeIdMap), elementIdMap(itsElementIdMap),
+    modelParameters(&itsModelParameters)
+{
+}
+
+cow_String inp_SetFixupVisitor::SetTypeEnm2String(inp_SetType type)
+{
+  return type == inp_nodeSet ? "node " : type == inp_elementSet ? "element " : "";
+}
+
+// ------------------------------------------------------------------------- one value, one parameter
+
+cow_String inp_SetFixupVisitor::Fixed(inp_Keyword const& keyword, cow_String const& value,
+                                      inpM_SetMap const& setMap, inpM_IdMap const& idMap,
+                                      inp_SetType setType, cow_String const& parameterName)
+{
+  try
+  {
+    return FixupIdOrSet(keyword, value, setMap, idMap, m_assemblyName, m_instanceName, m_partName,
+                        setType, parameterName);
+  }
+  catch (inp_MemoryException const&)
+  {
+    throw;
+  }
+  catch (inp_ElementUndefinedNodesError const&)
+  {
+    throw;
+  }
+  catch (nex_AtrException const& fault)
+  {
+    m_errorList.Append(inp_Utils::MessageInKeyword(keyword, fault.Value()));
+  }
+  return value;
+}
+
+cow_String inp_SetFixupVisitor::ReplaceNodeOrNset(inp_Keyword& keyword, cow_String const& value)
+{
+  return Fixed(keyword, value, nsets, nodeIdMap, inp_nodeSet, "");
+}
+
+cow_String inp_SetFixupVisitor::ReplaceElementOrElset(inp_Keyword& keyword, cow_String const& value)
+{
+  return Fixed(keyword, value, elsets, elementIdMap, inp_elementSet, "");
+}
+
+void inp_SetFixupVisitor::ReplaceIdOrSetParameter(inp_Keyword& keyword, cow_String const& name,
+                                                  inpM_SetMap const& setMap,
+                                                  inpM_IdMap const& idMap)
+{
+  inp_RewriteParameter(keyword, name, [&](cow_String const& text)
+                       { return Fixed(keyword, text, setMap, idMap, inp_anySet, name); });
+}
+
+void inp_SetFixupVisitor::ReplaceNodeOrNsetParameter(inp_Keyword& keyword, cow_String const& name)
+{
+  ReplaceIdOrSetParameter(keyword, name, nsets, nodeIdMap);
+}
+
+void inp_SetFixupVisitor::ReplaceElementOrElsetParameter(inp_Keyword& keyword,
+                                                         cow_String const& name)
+{
+  ReplaceIdOrSetParameter(keyword, name, elsets, elementIdMap);
+}
+
+// ---------------------------------------------------------------------------------- fields of lines
+
+void inp_SetFixupVisitor::ReplaceIdOrSetData(inp_Keyword& keyword, inp_Columns const& columns,
+                                             inpM_SetMap const& setMap, inpM_IdMap const& idMap,
+                                             int rowStep, inp_SetType setType)
+{
+  inp_CellRewriter cells(keyword);
+  cells.EveryRow(
+    0, cells.Rows(), rowStep, columns, [this](char const* cell) { return MayChange(cell); },
+    [&](cow_String const& text) { return Fixed(keyword, text, setMap, idMap, setType, ""); });
+}
+
+void inp_SetFixupVisitor::ReplaceIdOrSetAllData(inp_Keyword& keyword, inpM_SetMap const& setMap,
+                                                inpM_IdMap const& idMap)
+{
+  inp_CellRewriter cells(keyword);
+  cells.EveryRow(
+    0, cells.Rows(), 1, inp_Columns::All(),
+    [this](char const* cell) { return MayChange(cell) && !inp_RawDataArrayImpl::IsNoneCell(cell); },
+    [&](cow_String const& text) { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
+}
+
+void inp_SetFixupVisitor::ReplaceIdOrSetSingleDatum(inp_Keyword& keyword, int row, int col,
+                                                    inpM_SetMap const& setMap,
+                                                    inpM_IdMap const& idMap)
+{
+  inp_CellRewriter cells(keyword);
+  cells.EveryRow(
+    row, row + 1, 1, inp_Columns::Of(col), [this](char const* cell) { return MayChange(cell); },
+    [&](cow_String const& text) { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
+}
+
+void inp_SetFixupVisitor::ReplaceIdSingleDatum(inp_Keyword& keyword, int row, int col,
+                                               inpM_SetMap const& setMap, inpM_IdMap const& idMap)
+{
+  auto const fix = [&](cow_String const& text)
+  {
+    cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(text);
+    cow_String const id = inp_Utils::IsScopedSetId(pieces) ? pieces.Last() : text;
+    if (!inp_Types::IsInteger(id.View()))
+    {
+      return text;
+    }
+    cow_String const fixed = Fixed(keyword, id, setMap, idMap, inp_anySet, "");
+    return fixed == id ? text : fixed;
+  };
+  inp_CellRewriter cells(keyword);
+  cells.EveryRow(row, row + 1, 1, inp_Columns::Of(col), [](char const*) { return true; }, fix);
+}
+
+void inp_SetFixupVisitor::ReplaceNodeOrNsetData(inp_Keyword& keyword, inp_Columns const& columns,
+                                                int rowStep)
+{
+  ReplaceIdOrSetData(keyword, columns, nsets, nodeIdMap, rowStep, inp_nodeSet);
+}
+
+void inp_SetFixupVisitor::ReplaceNodeOrNsetAllData(inp_Keyword& keyword)
+{
+  ReplaceIdOrSetAllData(keyword, nsets, nodeIdMap);
+}
+
+void inp_SetFixupVisitor::ReplaceElementOrElsetData(inp_Keyword& keyword,
+                                                    inp_Columns const& columns, int rowStep)
+{
+  ReplaceIdOrSetData(keyword, columns, elsets, elementIdMap, rowStep, inp_elementSet);
+}
+
+void inp_SetFixupVisitor::ReplaceElementOrElsetAllData(inp_Keyword& keyword)
+{
+  ReplaceIdOrSetAllData(keyword, elsets, elementIdMap);
+}
+
+// ------------------------------------------------------------------------------------ by the table
+
+void inp_SetFixupVisitor::ReplacePlaces(inp_Keyword& keyword, inp_ReferencePlace const* place)
+{
+  for (; place->what != inp_noReference; ++place)
+  {
+    if (inp_PlaceCounts(*place, keyword))
+    {
+      ReplacePlace(keyword, *place);
+    }
+  }
+}
+
+void inp_SetFixupVisitor::ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place)
+{
+  if (place.parameter != nullptr)
+  {
+    place.what == inp_refNodes ? ReplaceNodeOrNsetParameter(keyword, place.parameter)
+                               : ReplaceElementOrElsetParameter(keyword, place.parameter);
+  }
+  else if (place.viaDefinition)
+  {
+    VisitSurfaceDefinition(keyword);
+  }
+  else if (place.isId)
+  {
+    ReplaceIdSingleDatum(keyword, place.firstLine - 1, place.columns.End() - 1, nsets, nodeIdMap);
+  }
+  else if (place.byValue)
+  {
+    ReplaceByValue(keyword, place);
+  }
+  else
+  {
+    ReplaceWholeColumns(keyword, place);
+  }
+}
+
+void inp_SetFixupVisitor::ReplaceWholeColumns(inp_Keyword& keyword, inp_ReferencePlace const& place)
+{
+  bool const isNodes = place.what == inp_refNodes;
+  if (place.columns.IsAll())
+  {
+    isNodes ? ReplaceNodeOrNsetAllData(keyword) : ReplaceElementOrElsetAllData(keyword);
+    return;
+  }
+  // A step over all lines leaves the first alone.
+  int const step = place.lastLine == 1 ? keyword.data.Rows()
+                                       : inp_RowStep(place, keyword, *modelParameters);
+  isNodes ? ReplaceNodeOrNsetData(keyword, place.columns, step)
+          : ReplaceElementOrElsetData(keyword, place.columns, step);
+}
+
+cow_String inp_SetFixupVisitor::ReplaceValue(inp_Keyword& keyword, inp_referenceEnm what,
+                                             cow_String const& value)
+{
+  return what == inp_refNodes ? ReplaceNodeOrNset(keyword, value)
+                              : ReplaceElementOrElset(keyword, value);
+}
+
+void inp_SetFixupVisitor::ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlace const& place)
+{
+  auto const wants = [&](char const* cell)
+  {
+    return MayChange(cell) &&
+           (!place.columns.IsAll() || !inp_RawDataArrayImpl::IsNoneCell(cell)) &&
+           (!place.isText || inp_RawDataArrayImpl::TypeOfCell(cell) == inp_Types::inp_STRING);
+  };
+  inp_CellRewriter cells(keyword);
+  int const end = place.lastLine > 0 ? std::min(place.lastLine, cells.Rows()) : cells.Rows();
+  for (int row = place.firstLine - 1; row < end; ++row)
+  {
+    if (cells.Cols(row) >= place.fieldsAtLeast)
+    {
+      cells.Row(row, place.columns, wants, [&](cow_String const& text)
+                { return ReplaceValue(keyword, place.what, text); });
+    }
+  }
+}

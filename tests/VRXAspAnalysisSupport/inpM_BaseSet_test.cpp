@@ -1,0 +1,284 @@
+#include "inpM_BaseSet.h"
+
+#include "LabelSource.h"
+#include "inpM_CreateSet.h"
+#include "inpM_IdMap.h"
+#include "inpM_SortedSet.h"
+#include "inpM_UnsortedSet.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace
+{
+using Ints = std::vector<int>;
+
+cow_List<int> List(Ints const& items)
+{
+  cow_List<int> list;
+  for (int item : items)
+  {
+    list.Append(item);
+  }
+  return list;
+}
+
+Ints Items(cow_List<int> const& list) { return Ints(list.begin(), list.end()); }
+
+/// What a set of either kind must hold: ids in deck order by instance, "" being the own level.
+struct Oracle
+{
+  std::map<std::string, Ints> ids;
+
+  void Add(std::string const& instance, Ints const& added)
+  {
+    ids[instance].insert(ids[instance].end(), added.begin(), added.end());
+  }
+  void Add(Oracle const& other)
+  {
+    std::map<std::string, Ints> const added = other.ids;
+    for (auto const& [instance, items] : added)
+    {
+      Add(instance, items);
+    }
+  }
+  static Ints Sorted(Ints const& items)
+  {
+    std::set<int> const sorted(items.begin(), items.end());
+    return Ints(sorted.begin(), sorted.end());
+  }
+};
+
+void ExpectSame(Oracle const& oracle, inpM_BaseSet const& set)
+{
+  std::size_t instances = 0;
+  bool isEmpty = true;
+  for (auto const& [instance, items] : oracle.ids)
+  {
+    Ints const sorted = Oracle::Sorted(items);
+    Ints const expected = set.IsUnsorted() ? items : sorted;
+    ASSERT_EQ(expected, Items(set.ConstGetIds(instance.c_str()))) << instance;
+    isEmpty = isEmpty && items.empty();
+    if (instance.empty())
+    {
+      ASSERT_EQ(expected, Items(set.ConstGetIds()));
+      ASSERT_EQ(sorted, Items(set.ConstGetOwnIds().ConstGetArrayCounterpart()));
+    }
+    else if (!items.empty())
+    {
+      ++instances;
+      ASSERT_EQ(sorted, Items(set.ConstGetInstanceIds().ConstGet(instance.c_str())
+                                .ConstGetArrayCounterpart()));
+    }
+  }
+  ASSERT_EQ(instances, static_cast<std::size_t>(set.ConstGetInstanceTree().Size()));
+  ASSERT_EQ(instances, static_cast<std::size_t>(set.ConstGetInstanceIds().Size()));
+  ASSERT_EQ(isEmpty, set.IsEmpty());
+}
+
+/// A small set with two instances.
+inpM_SetHandle Sample(bool unsorted)
+{
+  inpM_SetHandle set = CreateSet(List({30, 10, 10, 25}), false, unsorted);
+  set.Get()->Add("B", List({7, 3}));
+  set.Get()->Add("A", List({4}));
+  return set;
+}
+} // namespace
+
+class BothKinds : public testing::TestWithParam<bool>
+{
+};
+
+TEST_P(BothKinds, HoldWhatVectorsHoldWithCopiesTakenHalfway)
+{
+  std::string const instances[] = {"", "A", "B-1", "C"};
+  for (unsigned seed = 0; seed < 30; ++seed)
+  {
+    LabelSource labels(seed);
+    inpM_SetHandle set = CreateSet(false, GetParam());
+    inpM_SetHandle other = CreateSet(false, seed % 2 == 0);
+    inpM_SetHandle halfway;
+    Oracle oracle;
+    Oracle otherOracle;
+    Oracle halfwayOracle;
+    for (int step = 0; step < 24; ++step)
+    {
+      std::string const& instance = instances[labels.Below(4)];
+      Ints ids;
+      for (int i = labels.Below(60); i > 0; --i)
+      {
+        ids.push_back(labels.Next());
+      }
+      switch (labels.Below(4))
+      {
+      case 0:
+        set.Get()->Add(instance.c_str(), inpM_OmiSet(List(ids)));
+        oracle.Add(instance, Oracle::Sorted(ids));
+        break;
+      case 1:
+        set.Get()->Add(*other);
+        for (auto& [name, items] : otherOracle.ids)
+        {
+          oracle.Add(name, other->IsUnsorted() ? items : Oracle::Sorted(items));
+        }
+        break;
+      case 2:
+        other.Get()->Add(instance.c_str(), List(ids));
+        otherOracle.Add(instance, ids);
+        break;
+      default:
+        set.Get()->Add(instance.c_str(), List(ids));
+        oracle.Add(instance, ids);
+      }
+      if (step == 12)
+      {
+        halfway = set;
+        halfwayOracle = oracle;
+      }
+    }
+    ExpectSame(oracle, *set);
+    ExpectSame(otherOracle, *other);
+    ExpectSame(halfwayOracle, *halfway);
+    set.Get()->Add(*set);
+    oracle.Add(oracle);
+    ExpectSame(oracle, *set);
+  }
+}
+
+TEST_P(BothKinds, ACloneKeepsTypeAndKindAndGoesItsOwnWay)
+{
+  inpM_SetHandle const set = Sample(GetParam());
+  inpM_SetHandle clone = CreateSet(*set);
+  clone.Get()->AssignSetType(inpM_internalSet);
+  clone.Get()->Add("A", List({5}));
+  inpM_SetHandle const second = CreateSet(*clone);
+  EXPECT_TRUE(second->IsPicked());
+  EXPECT_FALSE(set->IsPicked());
+  EXPECT_EQ(set->DynTypeId(), second->DynTypeId());
+  EXPECT_EQ((Ints{4, 5}), Items(second->ConstGetIds("A")));
+  EXPECT_EQ((Ints{4}), Items(set->ConstGetIds("A")));
+}
+
+TEST_P(BothKinds, TrimmingKeepsWhatLiesOnTheRange)
+{
+  struct
+  {
+    int first, last, step;
+    Ints own, inA, inB;
+  } const cases[] = {
+    {1, 999999999, 1, {30, 10, 10, 25}, {4}, {7, 3}},
+    {4, 25, 1, {10, 10, 25}, {4}, {7}},
+    {10, 30, 10, {30, 10, 10}, {}, {}},
+    {3, 7, 2, {}, {}, {7, 3}},
+    {5, 30, 0, {30, 10, 10, 25}, {}, {7}},
+    {7, 3, 1, {}, {}, {}},
+  };
+  for (auto const& c : cases)
+  {
+    inpM_SetHandle set = Sample(GetParam());
+    set.Get()->TrimGeneratedSets(c.first, c.last, c.step);
+    Oracle oracle;
+    oracle.Add("", c.own);
+    oracle.Add("A", c.inA);
+    oracle.Add("B", c.inB);
+    SCOPED_TRACE(std::to_string(c.first) + " " + std::to_string(c.last));
+    ExpectSame(oracle, *set);
+  }
+}
+
+TEST_P(BothKinds, RenumberingTakesEachLevelsTableAndDropsWhatItLacks)
+{
+  inpM_IdMap ids;
+  for (int id : {10, 25, 40})
+  {
+    ids.Insert(id, 1000 - id);
+  }
+  ids.Get("B").Insert(3, 1);
+  ids.Get("B").Insert(7, 2);
+  inpM_SetHandle set = Sample(GetParam());
+  set.Get()->Renumber(ids, false);
+  Oracle oracle;
+  oracle.Add("", {990, 990, 975}); // 30 has no entry
+  oracle.Add("A", {4});            // nothing is known of A
+  oracle.Add("B", {2, 1});
+  ExpectSame(oracle, *set);
+  set.Get()->Renumber(ids, true);
+  Oracle back;
+  back.Add("", {10, 10, 25});
+  back.Add("A", {4});
+  back.Add("B", {7, 3});
+  ExpectSame(back, *set);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sets, BothKinds, testing::Values(false, true),
+                         [](auto const& kind) { return kind.param ? "Unsorted" : "Sorted"; });
+
+TEST(CreateSet, MakesTheKindAndTypeAskedFor)
+{
+  cow_List<int> const ids = List({3, 1, 3});
+  struct
+  {
+    inpM_SetHandle set;
+    int kind;
+    bool isPicked;
+    Ints ids;
+  } const cases[] = {
+    {CreateSet(false, false), inpM_SortedSet::TypeId(), false, {}},
+    {CreateSet(true, true), inpM_UnsortedSet::TypeId(), true, {}},
+    {CreateSet(ids, true, false), inpM_SortedSet::TypeId(), true, {1, 3}},
+    {CreateSet(ids, false, true), inpM_UnsortedSet::TypeId(), false, {3, 1, 3}},
+    {CreateSet(ids, inpM_internalSet, true), inpM_UnsortedSet::TypeId(), true, {3, 1, 3}},
+    {CreateSet(ids, inpM_plainSet, false), inpM_SortedSet::TypeId(), false, {1, 3}},
+  };
+  for (auto const& c : cases)
+  {
+    EXPECT_EQ(c.kind, c.set->DynTypeId());
+    EXPECT_EQ(c.kind == inpM_UnsortedSet::TypeId(), c.set->IsUnsorted());
+    EXPECT_EQ(c.isPicked, c.set->IsPicked());
+    EXPECT_EQ(c.ids, Items(c.set->ConstGetIds()));
+    EXPECT_EQ(c.ids.empty(), c.set->IsEmpty());
+  }
+  EXPECT_EQ(3, inpM_SortedSet::TypeId());
+}
+
+TEST(inpM_BaseSet, EstimatesNeverFallBelowWhatARangeTakes)
+{
+  struct
+  {
+    int start, end, step;
+  } const cases[] = {{1, 10, 1}, {1, 1000000, 1}, {1, 1000000, 7}, {5, 5, 0}, {9, 1, 1}, {9, 1, -2}};
+  for (auto const& c : cases)
+  {
+    inpM_OmiSet range;
+    range.Insert(c.start, c.end, c.step);
+    EXPECT_LE(range.Bytes(), inpM_BaseSet::EstimateBytes(c.start, c.end, c.step, false));
+    EXPECT_EQ(static_cast<std::size_t>(range.Size()) * sizeof(int),
+              inpM_BaseSet::EstimateBytes(c.start, c.end, c.step, true));
+  }
+  EXPECT_GT(std::size_t{200} << 20, inpM_BaseSet::EstimateBytes(1, 999999999, 1, false));
+  EXPECT_EQ(std::size_t{999999999} * 4, inpM_BaseSet::EstimateBytes(1, 999999999, 1, true));
+}
+
+TEST(inpM_SortedSet, SharesTheIdsItIsMadeFromAndKnowsItsMembers)
+{
+  inpM_OmiSet run;
+  run.Insert(10, 40, 10);
+  inpM_SortedSet set(run);
+  set.Add(List({5}));
+  EXPECT_EQ(4, run.Size());
+  EXPECT_TRUE(set.IsMember(5) && set.IsMember(40) && !set.IsMember(15));
+  EXPECT_TRUE(set.ConstGetBits().GetBit(40));
+  int start = 0;
+  int end = 0;
+  int step = 0;
+  EXPECT_FALSE(set.ConstGetIdsGrid().IsGenerated(start, end, step));
+  EXPECT_TRUE(inpM_SortedSet(run).ConstGetIdsGrid().IsGenerated(start, end, step));
+  EXPECT_EQ((Ints{10, 40, 10}), (Ints{start, end, step}));
+}

@@ -1,0 +1,278 @@
+#include "inp_InputFile.h"
+
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "CapturingSink.h"
+#include "DeckFiles.h"
+#include "KeywordText.h"
+#include "VRXBasException.h"
+#include "eli_eostream.h"
+#include "inp_ParserExceptions.h"
+#include "omi_Singleton.h"
+#include "pnt_debugPrint.h"
+#include "typ_DebugFlags.h"
+#include "utl_CommandLine.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+
+/// One deck through the first three stages, with what they say.
+struct Staged
+{
+  explicit Staged(std::string const& deck) : Staged({}, deck) {}
+  Staged(std::vector<std::pair<std::string, std::string>> const& others, std::string const& deck)
+  {
+    files.Write("deck.inp", deck);
+    for (auto const& [name, text] : others)
+      files.Write(name, text);
+    input.includePath = files.Folder().c_str();
+    input.Parse(files.Path("deck.inp").c_str());
+    input.ExpandKeywords();
+    input.setModelParameters();
+  }
+
+  std::string Keywords() const
+  {
+    std::string text;
+    for (inp_Keyword const& keyword : input.keywords)
+      text += KeywordText(keyword) + "\n";
+    return text;
+  }
+
+  std::string Printed() const
+  {
+    std::ostringstream text;
+    {
+      eli_eostream stream(text);
+      input.Print(stream);
+    }
+    return text.str();
+  }
+
+  std::vector<std::string> Messages() const
+  {
+    std::vector<std::string> lines;
+    for (std::string const& line : sink.Lines())
+      lines.push_back(files.WithoutFolder(line));
+    return lines;
+  }
+
+  DeckFiles files;
+  CapturingSink sink;
+  inp_InputFile input;
+};
+
+} // namespace
+
+TEST(inp_InputFile, ReadsCompletesAndPrintsADeck)
+{
+  Staged const run("** a comment\n"
+                "*HEADING\nA title\n"
+                "*PARAMETER\na = 1\n"
+                "*NODE, NSE=all nodes\n1, 0., 1.5D1\n"
+                "*PART, NAME=p\n*END PART\n"
+                "*ASSEMBLY, NAME=a\n*INSTANCE, NAME=i, PA=p\n*END INSTANCE\n*END ASSEMBLY\n"
+                "*MANIFEST, EVOLUTION=NONE\n"
+                "*STEP, NLGEOM\n*STATIC, STAB=0.5\n1., 1.\n*END STEP\n");
+  EXPECT_THAT(run.Messages(), IsEmpty());
+  EXPECT_EQ(run.Printed(), "*heading\nATITLE\n"
+                           "*parameter\nA=1\n"
+                           "*node, nset=ALLNODES\n1, 0., 15., 0., 0., 0., 0.\n"
+                           "*part, name=P\n*endpart\n"
+                           "*assembly, name=A\n*instance, name=I, part=P\n*endinstance\n*endassembly\n"
+                           "*manifest, evolution=NONE\n"
+                           "*step, nlgeom, name=Step-1\n*static, stabilize=0.5\n1., 1.\n*endstep\n");
+  EXPECT_EQ(run.files.WithoutFolder(run.input.inputFileName.CStr()), "deck.inp");
+  EXPECT_TRUE(run.input.FeatureEnhanced());
+  EXPECT_TRUE(run.input.parameterized);
+  EXPECT_TRUE(run.input.hasManifest);
+  EXPECT_TRUE(run.input.modelParameters.isFeatureEnhanced());
+  EXPECT_EQ(run.input.instancePartNames.ConstGet("I"), "P");
+}
+
+TEST(inp_InputFile, AnEmptyDeckIsAFlatModelOfNothing)
+{
+  for (char const* deck : {"", "\n", "** nothing\n"})
+  {
+    Staged const run(deck);
+    EXPECT_THAT(run.Messages(), IsEmpty());
+    EXPECT_EQ(run.Keywords(), "");
+    EXPECT_FALSE(run.input.FeatureEnhanced());
+    EXPECT_TRUE(run.input.partConvertible);
+    EXPECT_FALSE(run.input.parameterized || run.input.hasManifest || run.input.IsRestartJob());
+  }
+}
+
+TEST(inp_InputFile, StagesReportOneBehindTheOther)
+{
+  Staged const run("*BAD\n"
+                "*INCLUDE, INPUT=gone\n"
+                "*MATERIAL, NAM=A, NAM=B\n"
+                "*PART\n"
+                "*IMPORT, HOURGLASS\n"
+                "*SURFACE\n"
+                "*DYNAMIC, EXPLICIT\n"
+                "*RIGID SURFACE, TYPE=SEGMENTS\n");
+  EXPECT_THAT(run.Messages(),
+              ElementsAre(
+                "fatal0: Include file \"gone\" does not exist.",
+                "error: Unknown keyword \"bad\". The keyword may be misspelled, obsolete, or invalid.",
+                "warning: in keyword *MATERIAL, file \"deck.inp\", line 3: Repeated parameter: nam.  New "
+                "definition of \"B\" overrides previous setting.",
+                "warning: in keyword *IMPORT, file \"deck.inp\", line 5: THE HOURGLASS PARAMETER HAS "
+                "BEEN USED WITH *IMPORT. RESULTS SHOULD BE INTERPRETED WITH CAUTION.",
+                "error: in keyword *IMPORT, file \"deck.inp\", line 5: Parameter UPDATE is a required "
+                "parameter.",
+                "error: in keyword *SURFACE, file \"deck.inp\", line 6: The NAME parameter is required.",
+                "fatal2: in keyword *PART, file \"deck.inp\", line 4: Part must have a name.",
+                "error: the *RIGID SURFACE option is not supported in Zorvek/Explicit; use the *SURFACE "
+                "option in conjunction with the *RIGID BODY option instead."));
+}
+
+TEST(inp_InputFile, RejectedKeywordsLeaveTheListAndTheOthersKeepTheirOrder)
+{
+  Staged const run("*NSET\n1\n*HEADING\n*ELSET\n1\n*ELSET\n*EOF\n*STEP\n*NSET\n");
+  EXPECT_EQ(run.Keywords(), "heading\nstep name=Step-1\n");
+  EXPECT_EQ(run.Messages().size(), 5u);
+}
+
+TEST(inp_InputFile, TellsWhetherAModelCanBeDividedIntoParts)
+{
+  struct
+  {
+    char const* deck;
+    bool convertible;
+  } const cases[] = {
+    {"*ELEMENT, TYPE=C3D8\n*DYNAMIC, EXPLICIT\n", true},
+    {"*RIGID SURFACE\n*DYNAMIC\n", true},
+    {"*ELEMENT, FILE=F\n", false},
+    {"*NMAP, TYPE=BLENDED\n", false},
+    {"*RIGID SURFACE\n*DYNAMIC, EXPLICIT\n", false},
+    {"*ELEMENT, FILE=F\n*PART, NAME=P\n", true},
+  };
+  for (auto const& c : cases)
+    EXPECT_EQ(Staged(c.deck).input.partConvertible, c.convertible) << c.deck;
+
+  // What a driver or an earlier deck has found out holds for a flat model.
+  for (bool const featureEnhanced : {false, true})
+  {
+    inp_InputFile input;
+    input.partConvertible = false;
+    input.keywords.Append(inp_Keyword(featureEnhanced ? inp_kwPart : inp_kwStatic));
+    input.ExpandKeywords();
+    EXPECT_EQ(input.partConvertible, featureEnhanced);
+  }
+}
+
+TEST(inp_InputFile, TellsOfFiles)
+{
+  Staged const run({{"data", "1\n"}, {"inc", "*NSET, NSET=A\n"}},
+                "1, a row\n*INCLUDE, INPUT=inc\n*MPC, INPUT=data\n*MPC, INPUT=no/gone\n");
+  EXPECT_EQ(run.Keywords(), "nset nset=A\nmpc: 1\nmpc\n");
+  ASSERT_EQ(run.input.readerFacts.includedFiles.Length(), 1);
+  EXPECT_EQ(run.input.readerFacts.includedFiles[0], "inc");
+  EXPECT_EQ(run.input.readerFacts.skippedDataLines, 1);
+  EXPECT_EQ(run.input.readerFacts.firstSkippedLine, 1);
+  ASSERT_EQ(run.input.expansionFacts.includedFiles.Length(), 1);
+  EXPECT_EQ(run.input.expansionFacts.includedFiles[0], "data");
+  ASSERT_EQ(run.input.expansionFacts.missingIncludeFiles.Length(), 1);
+  EXPECT_EQ(run.input.expansionFacts.missingIncludeFiles[0], "gone");
+}
+
+TEST(inp_InputFile, CountsStepsOnFromEarlierJobs)
+{
+  CapturingSink sink;
+  inp_InputFile input;
+  input.numberSteps = 3;
+  input.numberRestartSteps = 7;
+  input.keywords.Append(inp_Keyword(inp_kwStep));
+  inp_Keyword restart(inp_kwRestart);
+  restart.parameters.Insert("read", inp_Item(true));
+  input.keywords.Append(restart);
+  input.keywords.Append(inp_Keyword(inp_kwStep));
+  input.ExpandKeywords();
+  EXPECT_EQ(input.keywords[0].GetParameterAsString("name", ""), "Step-4");
+  EXPECT_EQ(input.keywords[2].GetParameterAsString("name", ""), "Step-8");
+  EXPECT_THAT(sink.Lines(), IsEmpty());
+}
+
+TEST(inp_InputFile, ReportsWhatItHasFoundBeforeBadNodesEndIt)
+{
+  DeckFiles files;
+  files.Write("deck.inp", "*SURFACE\n*NODE\n1, x\n*SURFACE\n");
+  CapturingSink sink;
+  inp_InputFile input;
+  input.Parse(files.Path("deck.inp").c_str());
+  EXPECT_THROW(input.ExpandKeywords(), nex_AtrException);
+  ASSERT_EQ(sink.Lines().size(), 1u);
+  EXPECT_THAT(sink.Lines()[0], testing::HasSubstr("line 1: The NAME parameter is required."));
+}
+
+TEST(inp_InputFile, PrintsTheTimeOfEachStageWhenDebugging)
+{
+  std::ostringstream text;
+  pnt_debugPrint().SetTarget(&text);
+  inp_InputFile input;
+  input.ExpandKeywords();
+  EXPECT_EQ(text.str(), "");
+  typ_DebugFlags::SetDebugFlags(30, 1);
+  input.ExpandKeywords();
+  input.setModelParameters();
+  typ_DebugFlags::SetDebugFlags(30, 0);
+  pnt_debugPrint().SetTarget(nullptr);
+  EXPECT_THAT(text.str(), testing::MatchesRegex(
+                            "Expand Keywords - Elapsed time: [0-9.e-]+  CPU time: [0-9.e-]+\n"
+                            "Set Model Parameters - Elapsed time: [0-9.e-]+  CPU time: [0-9.e-]+\n"));
+}
+
+// Three names each, all of them twice: a search through the names met so far would take a minute.
+TEST(inp_InputFile, ManyNamesAreNoBurden)
+{
+  constexpr int count = 10000;
+  std::string deck;
+  for (int i = 0; i < count; ++i)
+  {
+    std::string const number = std::to_string(i);
+    deck += "*PART, NAME=P" + number + "\n*END PART\n*INSTANCE, NAME=I" + number + ", PART=P" + number +
+            "\n*END INSTANCE\n*STEP, NAME=S" + number + "\n*END STEP\n";
+  }
+  deck += deck;
+  Staged const run(deck);
+  EXPECT_EQ(run.sink.Messages().size(), 3u * count);
+  EXPECT_EQ(run.input.keywords.Last().keyword, inp_kwEndStep);
+  EXPECT_EQ(run.input.keywords[12 * count - 2].GetParameterAsString("name", ""),
+            "20000-Duplicate-S9999");
+}
+
+TEST(inp_InputFile, TakesSpacesOutOfALine)
+{
+  struct
+  {
+    char const* text;
+    char const* result;
+  } const cases[] = {
+    {"", ""},
+    {" a\tB \r", "aB"},
+    {"a \"b c\" d", "a\"b c\"d"},
+    {"a \" b\t\r", "a\" b\t\r"},
+    {"a b\n c", "ab\n"},
+    {"\"a \n b\"", "\"a \n"},
+  };
+  for (auto const& c : cases)
+    EXPECT_EQ(inp_InputFile::TakeOutSpacesOutsideQuoted(c.text), c.result) << c.text;
+  std::string const longest(256, 'x');
+  EXPECT_EQ(inp_InputFile::TakeOutSpacesOutsideQuoted((longest + "   \t").c_str()), longest.c_str());
+  EXPECT_EQ(inp_InputFile::TakeOutSpacesOutsideQuoted((longest.substr(1) + "\nyyy").c_str()),
+            (longest.substr(1) + "\n").c_str());
+  EXPECT_THROW(inp_InputFile::TakeOutSpacesOutsideQuoted((longest + "x").c_str()),
+               VRXBasAssertException);
+}

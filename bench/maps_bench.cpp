@@ -67,8 +67,8 @@ inp_CoordMap MakeNodes()
   inp_CoordMap nodes;
   for (int row = 0; row < rows.Rows(); ++row)
   {
-    nodes.Insert(rows.AsInt(row, 0), inp_Coord(rows.AsDouble(row, 1), rows.AsDouble(row, 2),
-                                               rows.AsDouble(row, 3)));
+    nodes.Insert(rows.AsInt(row, 0),
+                 inp_Coord(rows.AsDouble(row, 1), rows.AsDouble(row, 2), rows.AsDouble(row, 3)));
   }
   return nodes;
 }
@@ -319,9 +319,8 @@ void SetOfSets(benchmark::State& state)
     }
     benchmark::DoNotOptimize(all.ConstGetIdsGrid().Size());
   }
-  state.counters["s/member"] =
-    benchmark::Counter(1000.0 * members, benchmark::Counter::kIsIterationInvariantRate |
-                                           benchmark::Counter::kInvert);
+  state.counters["s/member"] = benchmark::Counter(
+    1000.0 * members, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 } // namespace
 

@@ -85,7 +85,16 @@ def matches(shown, written):
     return re.fullmatch(pattern, "".join(line + "\n" for line in written)) is not None
 
 
+def difference(shown, written):
+    if "..." in shown:
+        lost = [line for line in shown if line != "..." and line not in written]
+        return "\n".join("-" + line for line in lost) or "the lines shown, but not as they are shown"
+    return "\n".join(difflib.unified_diff(shown, written, "shown", "written", lineterm="", n=1))
+
+
 class Document:
+    """A Markdown file, what is wrong with it, and what would be right."""
+
     def __init__(self, path, program):
         self.path, self.program = path, program
         with open(path, encoding="utf-8") as file:
@@ -142,8 +151,7 @@ class Document:
         for (command, shown), written in zip(commands, run_session(commands, folder, self.program)):
             agrees = matches(shown, written)
             if not agrees:
-                difference = difflib.unified_diff(shown, written, "shown", "written", lineterm="", n=1)
-                self.report(block.begin, f"'{command}' writes something else:\n" + "\n".join(difference))
+                self.report(block.begin, f"'{command}' writes something else:\n" + difference(shown, written))
             corrected += ["$ " + command] + (shown if agrees else written)
         self.corrections.append((block, corrected))
 

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 
+class cow_IntTableInt;
 class inpM_IdMap;
 
 /// What a set is to the user. An internal one was picked in a pre-processor and has no name of the
@@ -106,6 +107,11 @@ protected:
   inpM_BaseSet() = default;
   inpM_BaseSet(inpM_BaseSet const&) = default;
   inpM_BaseSet& operator=(inpM_BaseSet const&) = delete;
+
+  /// Whether trimming keeps an id.
+  static bool IsOnRange(int id, int first, int last, int step);
+  /// The table that Renumber reads; null where nothing is to be renumbered.
+  static cow_IntTableInt const* NumbersOf(inpM_IdMap const& idMap, bool toUser);
 
 private:
   inpM_SetTypeFlag m_type{inpM_plainSet};

@@ -15,7 +15,7 @@ public:
 
   inpM_SortedSet() = default;
   explicit inpM_SortedSet(inpM_OmiSet const& ids) : m_ids(ids) {} // shares
-  inpM_SortedSet(inpM_SortedSet const& other);                   // shares
+  inpM_SortedSet(inpM_SortedSet const& other);                    // shares
   ~inpM_SortedSet() override;
 
   inpM_SortedSet* Clone() const override { return new inpM_SortedSet(*this); }
@@ -43,6 +43,8 @@ public:
   std::size_t Bytes() const override;
 
 private:
+  static inpM_OmiSet Trimmed(inpM_OmiSet const& ids, int first, int last, int step);
+  static inpM_OmiSet Renumbered(inpM_OmiSet const& ids, inpM_IdMap const& idMap, bool toUser);
   template <class Change>
   void ChangeInstances(Change const& change);
 

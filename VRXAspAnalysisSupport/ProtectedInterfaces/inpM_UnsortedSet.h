@@ -13,7 +13,7 @@ public:
 
   inpM_UnsortedSet() = default;
   explicit inpM_UnsortedSet(cow_List<int> const& ids) : m_ids(ids) {} // shares
-  inpM_UnsortedSet(inpM_UnsortedSet const& other);                   // shares
+  inpM_UnsortedSet(inpM_UnsortedSet const& other);                    // shares
   ~inpM_UnsortedSet() override;
 
   inpM_UnsortedSet* Clone() const override { return new inpM_UnsortedSet(*this); }
@@ -41,6 +41,8 @@ public:
 private:
   using ListTree = cow_Btree<cow_String, cow_List<int>>;
 
+  static cow_List<int> Trimmed(cow_List<int> const& ids, int first, int last, int step);
+  static cow_List<int> Renumbered(cow_List<int> const& ids, inpM_IdMap const& idMap, bool toUser);
   ListTree Lists() const { return m_instances ? *m_instances : ListTree(); }
   template <class Change>
   void ChangeInstances(Change const& change);

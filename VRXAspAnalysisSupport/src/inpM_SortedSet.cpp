@@ -5,44 +5,9 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace
-{
-inpM_OmiSet Trimmed(inpM_OmiSet const& ids, int first, int last, int step)
-{
-  cow_List<int> kept;
-  std::int64_t const stride = std::max(step, 1);
-  for (inpM_OmiSetIT it(ids); !it.IsDone() && it.CurrentItem() <= last; it.Next())
-  {
-    if (it.CurrentItem() >= first && (std::int64_t{it.CurrentItem()} - first) % stride == 0)
-    {
-      kept.Append(it.CurrentItem());
-    }
-  }
-  return kept.Length() == ids.Size() ? ids : inpM_OmiSet(kept);
-}
-
-inpM_OmiSet Renumbered(inpM_OmiSet const& ids, inpM_IdMap const& idMap, bool toUser)
-{
-  if (!idMap.HasIds())
-  {
-    return ids;
-  }
-  cow_IntTableInt const& table = toUser ? idMap.ConstGetToUser() : idMap.ConstGetToNew();
-  cow_List<int> numbers;
-  for (inpM_OmiSetIT it(ids); !it.IsDone(); it.Next())
-  {
-    int number = 0;
-    if (table.ConstGetValue(it.CurrentItem(), number))
-    {
-      numbers.Append(number);
-    }
-  }
-  return inpM_OmiSet(numbers);
-}
-} // namespace
-
 inpM_SortedSet::inpM_SortedSet(inpM_SortedSet const& other)
-  : inpM_BaseSet(other), m_ids(other.m_ids),
+  : inpM_BaseSet(other),
+    m_ids(other.m_ids),
     m_instances(other.m_instances ? std::make_unique<InstanceTree>(*other.m_instances) : nullptr)
 {
 }
@@ -131,6 +96,51 @@ void inpM_SortedSet::ChangeInstances(Change const& change)
   {
     Add(it.CurrentKey(), change(it.CurrentKey(), it.CurrentValue()));
   }
+}
+
+// Walks the range or the ids, whichever is shorter: the ids may be a run to the largest label.
+inpM_OmiSet inpM_SortedSet::Trimmed(inpM_OmiSet const& ids, int first, int last, int step)
+{
+  inpM_OmiSet kept;
+  std::int64_t const stride = std::max(step, 1);
+  if ((std::int64_t{last} - first) / stride < ids.Size())
+  {
+    for (std::int64_t id = first; id <= last; id += stride)
+    {
+      if (ids.IsMember(static_cast<int>(id)))
+      {
+        kept.Insert(static_cast<int>(id));
+      }
+    }
+    return kept;
+  }
+  for (inpM_OmiSetIT it(ids); !it.IsDone(); it.Next())
+  {
+    if (IsOnRange(it.CurrentItem(), first, last, step))
+    {
+      kept.Insert(it.CurrentItem());
+    }
+  }
+  return kept;
+}
+
+inpM_OmiSet inpM_SortedSet::Renumbered(inpM_OmiSet const& ids, inpM_IdMap const& idMap, bool toUser)
+{
+  cow_IntTableInt const* const numbers = NumbersOf(idMap, toUser);
+  if (numbers == nullptr)
+  {
+    return ids;
+  }
+  inpM_OmiSet renumbered;
+  for (inpM_OmiSetIT it(ids); !it.IsDone(); it.Next())
+  {
+    int number = 0;
+    if (numbers->ConstGetValue(it.CurrentItem(), number))
+    {
+      renumbered.Insert(number);
+    }
+  }
+  return renumbered;
 }
 
 void inpM_SortedSet::TrimGeneratedSets(int first, int last, int step)

@@ -2,47 +2,9 @@
 
 #include "inpM_IdMap.h"
 
-#include <algorithm>
-#include <cstdint>
-
-namespace
-{
-cow_List<int> Trimmed(cow_List<int> const& ids, int first, int last, int step)
-{
-  cow_List<int> kept;
-  std::int64_t const stride = std::max(step, 1);
-  for (int id : ids)
-  {
-    if (id >= first && id <= last && (std::int64_t{id} - first) % stride == 0)
-    {
-      kept.Append(id);
-    }
-  }
-  return kept;
-}
-
-cow_List<int> Renumbered(cow_List<int> const& ids, inpM_IdMap const& idMap, bool toUser)
-{
-  if (!idMap.HasIds())
-  {
-    return ids;
-  }
-  cow_IntTableInt const& table = toUser ? idMap.ConstGetToUser() : idMap.ConstGetToNew();
-  cow_List<int> numbers;
-  for (int id : ids)
-  {
-    int number = 0;
-    if (table.ConstGetValue(id, number))
-    {
-      numbers.Append(number);
-    }
-  }
-  return numbers;
-}
-} // namespace
-
 inpM_UnsortedSet::inpM_UnsortedSet(inpM_UnsortedSet const& other)
-  : inpM_BaseSet(other), m_ids(other.m_ids),
+  : inpM_BaseSet(other),
+    m_ids(other.m_ids),
     m_instances(other.m_instances ? std::make_unique<ListTree>(*other.m_instances) : nullptr)
 {
 }
@@ -143,6 +105,39 @@ void inpM_UnsortedSet::ChangeInstances(Change const& change)
   {
     Add(it.CurrentKey(), change(it.CurrentKey(), it.CurrentValue()));
   }
+}
+
+cow_List<int> inpM_UnsortedSet::Trimmed(cow_List<int> const& ids, int first, int last, int step)
+{
+  cow_List<int> kept;
+  for (int id : ids)
+  {
+    if (IsOnRange(id, first, last, step))
+    {
+      kept.Append(id);
+    }
+  }
+  return kept;
+}
+
+cow_List<int> inpM_UnsortedSet::Renumbered(cow_List<int> const& ids, inpM_IdMap const& idMap,
+                                           bool toUser)
+{
+  cow_IntTableInt const* const numbers = NumbersOf(idMap, toUser);
+  if (numbers == nullptr)
+  {
+    return ids;
+  }
+  cow_List<int> renumbered;
+  for (int id : ids)
+  {
+    int number = 0;
+    if (numbers->ConstGetValue(id, number))
+    {
+      renumbered.Append(number);
+    }
+  }
+  return renumbered;
 }
 
 void inpM_UnsortedSet::TrimGeneratedSets(int first, int last, int step)

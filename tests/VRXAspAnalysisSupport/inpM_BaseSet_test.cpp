@@ -73,8 +73,9 @@ void ExpectSame(Oracle const& oracle, inpM_BaseSet const& set)
     else if (!items.empty())
     {
       ++instances;
-      ASSERT_EQ(sorted, Items(set.ConstGetInstanceIds().ConstGet(instance.c_str())
-                                .ConstGetArrayCounterpart()));
+      ASSERT_EQ(
+        sorted,
+        Items(set.ConstGetInstanceIds().ConstGet(instance.c_str()).ConstGetArrayCounterpart()));
     }
   }
   ASSERT_EQ(instances, static_cast<std::size_t>(set.ConstGetInstanceTree().Size()));
@@ -253,7 +254,8 @@ TEST(inpM_BaseSet, EstimatesNeverFallBelowWhatARangeTakes)
   struct
   {
     int start, end, step;
-  } const cases[] = {{1, 10, 1}, {1, 1000000, 1}, {1, 1000000, 7}, {5, 5, 0}, {9, 1, 1}, {9, 1, -2}};
+  } const cases[] = {{1, 10, 1}, {1, 1000000, 1}, {1, 1000000, 7},
+                     {5, 5, 0},  {9, 1, 1},       {9, 1, -2}};
   for (auto const& c : cases)
   {
     inpM_OmiSet range;
@@ -281,4 +283,13 @@ TEST(inpM_SortedSet, SharesTheIdsItIsMadeFromAndKnowsItsMembers)
   EXPECT_FALSE(set.ConstGetIdsGrid().IsGenerated(start, end, step));
   EXPECT_TRUE(inpM_SortedSet(run).ConstGetIdsGrid().IsGenerated(start, end, step));
   EXPECT_EQ((Ints{10, 40, 10}), (Ints{start, end, step}));
+}
+
+TEST(inpM_SortedSet, TrimsARunToTheLargestLabelByWhatIsKept)
+{
+  inpM_OmiSet run;
+  run.Insert(1, 200000000, 1);
+  inpM_SortedSet set(run);
+  set.TrimGeneratedSets(100, 199999999, 49999999);
+  EXPECT_EQ((Ints{100, 50000099, 100000098, 150000097}), Items(set.ConstGetIds()));
 }

@@ -68,7 +68,7 @@ std::string Printed(inpM_SetMap const& sets)
 TEST(inpM_SetMap, HoldsWhatMapsHoldWithCopiesTakenHalfway)
 {
   std::mt19937 random(5);
-  for (int run = 0; run < 40; ++run)
+  for (int run = 0; run < 12; ++run)
   {
     inpM_SetMap map;
     inpM_SetMap halfway;
@@ -78,7 +78,8 @@ TEST(inpM_SetMap, HoldsWhatMapsHoldWithCopiesTakenHalfway)
     {
       std::string const instance = random() % 3 == 0 ? "" : "I" + std::to_string(random() % 20);
       std::string const name = "SET-" + std::to_string(random() % 60);
-      inpM_SetHandle const set = SetOf({static_cast<int>(random() % 9), static_cast<int>(random() % 9)});
+      inpM_SetHandle const set =
+        SetOf({static_cast<int>(random() % 9), static_cast<int>(random() % 9)});
       cow_List<int> const ids = set->ConstGetIds();
       std::set<int>& members = expected[instance][name];
       if (random() % 2 == 0)
@@ -205,7 +206,8 @@ TEST(inpM_SetMap, RenumberingGoesBothWaysByEachInstancesTable)
   map.InsertNestedSet("B", "S", SetOf({5}));
   inpM_SetMap const before = map;
   map.Renumber(ids, false);
-  EXPECT_EQ((Levels{{"", {{"S", {50}}}}, {"A", {{"S", {51}}}}, {"B", {{"S", {5}}}}}), LevelsOf(map));
+  EXPECT_EQ((Levels{{"", {{"S", {50}}}}, {"A", {{"S", {51}}}}, {"B", {{"S", {5}}}}}),
+            LevelsOf(map));
   map.Renumber(ids, true);
   EXPECT_EQ((Levels{{"", {{"S", {5}}}}, {"A", {{"S", {5}}}}, {"B", {{"S", {5}}}}}), LevelsOf(map));
   EXPECT_EQ((std::set<int>{5, 6}), LevelsOf(before)[""]["S"]);

@@ -13,6 +13,23 @@
 namespace
 {
 
+/// Asks of every cell, and of those just beyond, what a pass over the model may ask.
+void ReadCells(inp_DataArray const& data)
+{
+  for (int i = 0; i < data.Rows(); ++i)
+  {
+    for (int j = 0; j < data.Cols(i); ++j)
+    {
+      Require(data.HasValue(i, j) == !data.IsNone(i, j));
+      Require((data.Type(i, j) == inp_Types::inp_NONE) == data.IsNone(i, j));
+      data.AsInt(i, j);
+      data.AsDouble(i, j);
+    }
+    Require(!data.HasValue(i, data.Cols(i)));
+  }
+  Require(!data.HasValue(data.Rows(), 0));
+}
+
 void ReadAndPrint(cow_String const& file, bool strict, int lines)
 {
   inp_Parser parser(file, "", cow_List<cow_String>(), "", strict, true, !strict, 0, 0);

@@ -132,8 +132,7 @@ TEST(inp_CoordMap, MotionsComposeAndApplyOnlyWhenRead)
               (std::vector<double>{moved.nx, moved.ny, moved.nz}));
   }
   inp_Coord const bare = map.ConstGet(6);
-  EXPECT_EQ((std::vector<double>{0.0, 0.0, 0.0}),
-            (std::vector<double>{bare.nx, bare.ny, bare.nz}));
+  EXPECT_EQ((std::vector<double>{0.0, 0.0, 0.0}), (std::vector<double>{bare.nx, bare.ny, bare.nz}));
   EXPECT_EQ(1.0, before.ConstGet(5).x);
   EXPECT_EQ(5.0, before.ConstGet(5).nx); // as it was stored
 }

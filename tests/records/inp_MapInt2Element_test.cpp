@@ -114,7 +114,9 @@ TEST(inp_Element, HasAFileWhenItIsASubstructure)
   element.setFile("b.sim");
   EXPECT_TRUE(element.isSubstructure());
   EXPECT_EQ("b.sim", element.file().View());
-  element = element;
+  inp_Element const& itself = element;
+  element = itself;
+  EXPECT_EQ("b.sim", element.file().View());
   element = inp_Element("S4", Counting(4), 4, 10, 1);
   EXPECT_FALSE(element.isSubstructure());
   EXPECT_EQ(10, element.nodeOffset());

@@ -82,7 +82,7 @@ struct inp_ReferencePlace
   int firstLine = 1;
   int lastLine = 0; ///< 0: the last
   inp_stepEnm step = inp_stepFixed;
-  int stepLines = 1;   ///< of inp_stepFixed
+  int stepLines = 1;     ///< of inp_stepFixed
   int fieldsAtLeast = 1; ///< shorter lines are passed over
   inp_numbersEnm numbers = inp_noNumbers;
   inp_PlaceCondition conditions[c_conditions] = {};

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "inpM_IdMap.h"
+#include "inpM_SetMap.h"
 #include "inp_Columns.h"
 #include "inp_KeywordEnm.h"
 #include "inp_ParserExceptions.h"
 #include "inp_ReferencePlace.h"
 #include "inp_SetType.h"
 #include "inp_Visitor.h"
-#include "inpM_IdMap.h"
-#include "inpM_SetMap.h"
 
 class inp_ModelParameters;
 

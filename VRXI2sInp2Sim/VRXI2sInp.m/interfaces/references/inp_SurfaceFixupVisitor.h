@@ -1,10 +1,10 @@
 #pragma once
 
+#include "inpM_SurfaceMap.h"
 #include "inp_Columns.h"
 #include "inp_KeywordEnm.h"
 #include "inp_ReferencePlace.h"
 #include "inp_Visitor.h"
-#include "inpM_SurfaceMap.h"
 
 /// Finds every place where a surface is named, and stores what FixupSurfaceName makes of the name. The
 /// places stand in inp_SurfaceReferences.def.

@@ -84,7 +84,10 @@ inp_CoordMap& inp_CoordMap::Get(cow_String const& instanceName)
   return *instances.Get(instanceName).Get();
 }
 
-bool inp_CoordMap::Remove(int label) { return IsMember(label) && nodes.Get()->Remove(LocalID(label)); }
+bool inp_CoordMap::Remove(int label)
+{
+  return IsMember(label) && nodes.Get()->Remove(LocalID(label));
+}
 
 int inp_CoordMap::Count() const
 {

@@ -48,9 +48,11 @@ std::int16_t Short(int value)
 
 inp_Element::inp_Element(cow_String const& type, int count, int numNodesDefined, int nodeOffset,
                          int solidElementNumbering)
-  : m_type(type), m_numNodesPerElement(static_cast<std::int16_t>(CheckedCount(count))),
+  : m_type(type),
+    m_numNodesPerElement(static_cast<std::int16_t>(CheckedCount(count))),
     m_solidElementNumbering(Short(solidElementNumbering)),
-    m_numNodesDefined(Short(numNodesDefined)), m_nodeOffset(nodeOffset)
+    m_numNodesDefined(Short(numNodesDefined)),
+    m_nodeOffset(nodeOffset)
 {
 }
 
@@ -136,8 +138,8 @@ inp_Element* inp_Element::Make(cow_String const& type, int count, int const* nod
 {
   std::size_t const nodeBytes = static_cast<std::size_t>(CheckedCount(count)) * sizeof(int);
   void* const block = Allocate(sizeof(inp_Element) + nodeBytes);
-  auto* const element = ::new (block)
-    inp_Element(type, count, numNodesDefined, nodeOffset, solidElementNumbering);
+  auto* const element =
+    ::new (block) inp_Element(type, count, numNodesDefined, nodeOffset, solidElementNumbering);
   if (count != 0)
   {
     element->m_topology = NodesBehind(block);

@@ -4,7 +4,8 @@ namespace
 {
 omi_IntTableCoord const& NoCoords()
 {
-  static omi_IntTableCoord const* const none = new omi_IntTableCoord; // lives as long as the process
+  static omi_IntTableCoord const* const none =
+    new omi_IntTableCoord; // lives as long as the process
   return *none;
 }
 } // namespace

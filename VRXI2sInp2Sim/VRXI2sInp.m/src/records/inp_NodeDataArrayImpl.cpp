@@ -37,7 +37,7 @@ int PlainLabel(char const* cell)
   }
   int label = 0;
   int digits = 0;
-  for (; *cell >= '0' && *cell <= '9' && digits <= c_longestLabel; ++cell, ++digits)
+  for (; *cell >= '0' && *cell <= '9' && digits < c_longestLabel; ++cell, ++digits)
   {
     label = 10 * label + (*cell - '0');
   }
@@ -45,7 +45,7 @@ int PlainLabel(char const* cell)
   {
     ++cell;
   }
-  return *cell == '\0' && digits <= c_longestLabel ? label : 0;
+  return *cell == '\0' ? label : 0;
 }
 
 bool IsAllDigits(cow_String const& text)

@@ -2,7 +2,8 @@
 
 #include <type_traits>
 
-static_assert(std::is_trivially_copyable_v<inp_Coord> && std::is_trivially_destructible_v<inp_Coord>);
+static_assert(std::is_trivially_copyable_v<inp_Coord> &&
+              std::is_trivially_destructible_v<inp_Coord>);
 
 // The constructor that it goes through leaves a whole table, whose destructor frees what is copied so
 // far when the memory gives out.

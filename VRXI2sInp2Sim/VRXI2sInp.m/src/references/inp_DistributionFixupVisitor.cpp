@@ -14,7 +14,7 @@ namespace
 } // namespace
 
 #define INP_PLACES(stem, ...)                                                                      \
-  void inp_DistributionFixupVisitor::Visit##stem(inp_Keyword& keyword)                              \
+  void inp_DistributionFixupVisitor::Visit##stem(inp_Keyword& keyword)                             \
   {                                                                                                \
     ReplacePlaces(keyword, placesOf##stem);                                                        \
   }
@@ -86,7 +86,6 @@ double inp_DistributionFixupVisitor::GetDefaultDataDouble(cow_String const& dist
     return otherwise;
   }
   inp_Item const& item = defaults->ConstGet(index);
-  bool const isNumber =
-    item.Type() == inp_Types::inp_INTEGER || item.Type() == inp_Types::inp_REAL;
+  bool const isNumber = item.Type() == inp_Types::inp_INTEGER || item.Type() == inp_Types::inp_REAL;
   return isNumber ? item.AsDouble() : otherwise;
 }

@@ -11,7 +11,7 @@ namespace
 } // namespace
 
 #define INP_PLACES(stem, ...)                                                                      \
-  void inp_MaterialFixupVisitor::Visit##stem(inp_Keyword& keyword)                                  \
+  void inp_MaterialFixupVisitor::Visit##stem(inp_Keyword& keyword)                                 \
   {                                                                                                \
     ReplacePlaces(keyword, placesOf##stem);                                                        \
   }

@@ -33,9 +33,8 @@ void inp_NameFixupVisitor::ReplaceParameter(inp_Keyword& keyword, cow_String con
 void inp_NameFixupVisitor::ReplaceFields(inp_Keyword& keyword, inp_Columns const& columns,
                                          int firstLine, int lastLine)
 {
-  auto const wants = [this](char const* cell) {
-    return MayChange(cell) && inp_RawDataArrayImpl::TypeOfCell(cell) == inp_Types::inp_STRING;
-  };
+  auto const wants = [this](char const* cell)
+  { return MayChange(cell) && inp_RawDataArrayImpl::TypeOfCell(cell) == inp_Types::inp_STRING; };
   inp_CellRewriter cells(keyword);
   cells.EveryRow(firstLine - 1, lastLine > 0 ? lastLine : cells.Rows(), 1, columns, wants,
                  [&](cow_String const& text) { return ReplaceData(keyword, text); });

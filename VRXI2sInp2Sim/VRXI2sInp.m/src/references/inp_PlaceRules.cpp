@@ -67,7 +67,8 @@ bool ParameterCounts(inp_ReferencePlace const& place, inp_Keyword const& keyword
 /// The lines of a record of so many values.
 int LinesOf(long long values)
 {
-  return static_cast<int>(std::clamp(values / c_valuesOfLine + 1, -1LL, static_cast<long long>(INT_MAX)));
+  return static_cast<int>(
+    std::clamp(values / c_valuesOfLine + 1, -1LL, static_cast<long long>(INT_MAX)));
 }
 
 long long PointsOf(inp_ModelParameters const& model)

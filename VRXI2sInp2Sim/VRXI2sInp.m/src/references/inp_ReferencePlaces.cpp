@@ -47,9 +47,37 @@ cow_String FieldWords(inp_Columns const& columns)
       first = last;
     }
   }
-  bool const isOne = columns.End() > 0 && runs.Length() == 1 && runs.ConstGet(0).Find(' ') ==
-                                                                  runs.ConstGet(0).Length();
+  bool const isOne = columns.End() > 0 && runs.Length() == 1 &&
+                     runs.ConstGet(0).Find(' ') == runs.ConstGet(0).Length();
   return (isOne ? "field " : "fields ") + Listed(runs, " and ");
+}
+
+char const* StepWords(inp_ReferencePlace const& place)
+{
+  switch (place.step)
+  {
+  case inp_stepFixed:
+    return place.stepLines == 2 ? "every second line" : "every line";
+  case inp_stepPoints:
+    return "the first line of every record, which has a value for each section or temperature "
+           "point";
+  case inp_stepFields:
+    return "the first line of every record, which has NUMBER values for each section or "
+           "temperature point";
+  case inp_stepDistribution:
+    return "the first line of every record, whose length TYPE or TABLE tells";
+  case inp_stepBackstresses:
+    return "the first of NUMBERBACKSTRESSES lines";
+  case inp_stepDependentVariables:
+    return "the first line of every record, which has the solution-dependent variables of a point";
+  case inp_stepElementVariables:
+    return "the first line of every record, which has the solution-dependent variables of an "
+           "element";
+  case inp_stepRebar:
+    return "every line, or every second one when GEOMETRY is SKEW, ELEMENT is CONTINUUM and SINGLE "
+           "is absent";
+  }
+  return "";
 }
 
 cow_String LineWords(inp_ReferencePlace const& place)
@@ -58,13 +86,9 @@ cow_String LineWords(inp_ReferencePlace const& place)
   {
     return "line " + cow_String(place.lastLine);
   }
-  cow_String const from = place.firstLine > 1 ? " from line " + cow_String(place.firstLine) + " on"
-                                              : cow_String();
-  if (place.step != inp_stepFixed)
-  {
-    return "the first line of every record" + from;
-  }
-  return (place.stepLines == 2 ? "every second line" : "every line") + from;
+  cow_String const from =
+    place.firstLine > 1 ? " from line " + cow_String(place.firstLine) + " on" : cow_String();
+  return StepWords(place) + from;
 }
 
 cow_String ConditionOf(inp_PlaceCondition const& condition)

@@ -10,9 +10,11 @@ namespace
 #define INP_PLACES INP_PLACES_ARRAY
 #include "inp_SetDefinitions.def"
 
+/// A real number is no name: where a table lets all fields count, numbers stand between the names.
 cow_String WithoutPeriods(cow_String const& name)
 {
-  return inp_Utils::ReplaceUnquotedPeriodWithUnderscore(name);
+  bool const isReal = inp_Types::IsDouble(name.View()) || inp_Types::IsDoubleD(name.View());
+  return isReal ? name : inp_Utils::ReplaceUnquotedPeriodWithUnderscore(name);
 }
 
 bool HasPeriod(char const* cell) { return std::strchr(cell, '.') != nullptr; }

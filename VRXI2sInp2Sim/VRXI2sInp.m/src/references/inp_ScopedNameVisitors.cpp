@@ -10,9 +10,9 @@ cow_String WithoutAssembly(bool isOutsideScopes, cow_String const& name,
                            cow_String const& assemblyName)
 {
   int const period = name.Find('.');
-  bool const isScoped = isOutsideScopes && period < name.Length() &&
-                        name.View().substr(0, static_cast<std::size_t>(period)) ==
-                          assemblyName.View();
+  bool const isScoped =
+    isOutsideScopes && period < name.Length() &&
+    name.View().substr(0, static_cast<std::size_t>(period)) == assemblyName.View();
   return isScoped ? name.Substr(period + 1) : name;
 }
 
@@ -23,10 +23,12 @@ bool MayBeScoped(bool isOutsideScopes, char const* cell)
 
 } // namespace
 
-inp_ScopedNameSetVisitor::inp_ScopedNameSetVisitor(
-  inpM_SetMap const& itsNsets, inpM_SetMap const& itsElsets, inpM_IdMap const& itsNodeIdMap,
-  inpM_IdMap const& itsElementIdMap, cow_String const& itsAssemblyName,
-  inp_ModelParameters const& itsModelParameters)
+inp_ScopedNameSetVisitor::inp_ScopedNameSetVisitor(inpM_SetMap const& itsNsets,
+                                                   inpM_SetMap const& itsElsets,
+                                                   inpM_IdMap const& itsNodeIdMap,
+                                                   inpM_IdMap const& itsElementIdMap,
+                                                   cow_String const& itsAssemblyName,
+                                                   inp_ModelParameters const& itsModelParameters)
   : inp_SetFixupVisitor(itsNsets, itsElsets, itsNodeIdMap, itsElementIdMap, itsModelParameters),
     assemblyName(itsAssemblyName)
 {
@@ -41,16 +43,14 @@ void inp_ScopedNameSetVisitor::VisitElset(inp_Keyword& keyword)
 
 void inp_ScopedNameSetVisitor::VisitNset(inp_Keyword& keyword)
 {
-  keyword.HasParameter("generate")
-    ? ReplaceNodeOrNsetData(keyword, inp_Columns::OfFields(1, 2), 1)
-    : ReplaceNodeOrNsetAllData(keyword);
+  keyword.HasParameter("generate") ? ReplaceNodeOrNsetData(keyword, inp_Columns::OfFields(1, 2), 1)
+                                   : ReplaceNodeOrNsetAllData(keyword);
 }
 
 cow_String inp_ScopedNameSetVisitor::FixupIdOrSet(inp_Keyword const&, cow_String const& value,
                                                   inpM_SetMap const&, inpM_IdMap const&,
                                                   cow_String const&, cow_String const&,
-                                                  cow_String const&, inp_SetType,
-                                                  cow_String const&)
+                                                  cow_String const&, inp_SetType, cow_String const&)
 {
   return WithoutAssembly(IsOutsideScopes(), value, assemblyName);
 }

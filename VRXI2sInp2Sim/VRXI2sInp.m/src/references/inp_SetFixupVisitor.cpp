@@ -7,7 +7,10 @@ inp_SetFixupVisitor::inp_SetFixupVisitor(inpM_SetMap const& itsNsets, inpM_SetMa
                                          inpM_IdMap const& itsNodeIdMap,
                                          inpM_IdMap const& itsElementIdMap,
                                          inp_ModelParameters const& itsModelParameters)
-  : nsets(itsNsets), elsets(itsElsets), nodeIdMap(itsNodeIdMap), elementIdMap(itsElementIdMap),
+  : nsets(itsNsets),
+    elsets(itsElsets),
+    nodeIdMap(itsNodeIdMap),
+    elementIdMap(itsElementIdMap),
     modelParameters(&itsModelParameters)
 {
 }
@@ -57,7 +60,8 @@ void inp_SetFixupVisitor::ReplaceIdOrSetParameter(inp_Keyword& keyword, cow_Stri
                                                   inpM_SetMap const& setMap,
                                                   inpM_IdMap const& idMap)
 {
-  inp_RewriteParameter(keyword, name, [&](cow_String const& text)
+  inp_RewriteParameter(keyword, name,
+                       [&](cow_String const& text)
                        { return Fixed(keyword, text, setMap, idMap, inp_anySet, name); });
 }
 
@@ -119,7 +123,8 @@ void inp_SetFixupVisitor::ReplaceIdSingleDatum(inp_Keyword& keyword, int row, in
     return fixed == id ? text : fixed;
   };
   inp_CellRewriter cells(keyword);
-  cells.EveryRow(row, row + 1, 1, inp_Columns::Of(col), [](char const*) { return true; }, fix);
+  cells.EveryRow(
+    row, row + 1, 1, inp_Columns::Of(col), [](char const*) { return true; }, fix);
 }
 
 void inp_SetFixupVisitor::ReplaceNodeOrNsetData(inp_Keyword& keyword, inp_Columns const& columns,
@@ -191,8 +196,8 @@ void inp_SetFixupVisitor::ReplaceWholeColumns(inp_Keyword& keyword, inp_Referenc
     return;
   }
   // A step over all lines leaves the first alone.
-  int const step = place.lastLine == 1 ? keyword.data.Rows()
-                                       : inp_RowStep(place, keyword, *modelParameters);
+  int const step =
+    place.lastLine == 1 ? keyword.data.Rows() : inp_RowStep(place, keyword, *modelParameters);
   isNodes ? ReplaceNodeOrNsetData(keyword, place.columns, step)
           : ReplaceElementOrElsetData(keyword, place.columns, step);
 }
@@ -208,8 +213,7 @@ void inp_SetFixupVisitor::ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlac
 {
   auto const wants = [&](char const* cell)
   {
-    return MayChange(cell) &&
-           (!place.columns.IsAll() || !inp_RawDataArrayImpl::IsNoneCell(cell)) &&
+    return MayChange(cell) && (!place.columns.IsAll() || !inp_RawDataArrayImpl::IsNoneCell(cell)) &&
            (!place.isText || inp_RawDataArrayImpl::TypeOfCell(cell) == inp_Types::inp_STRING);
   };
   inp_CellRewriter cells(keyword);
@@ -218,8 +222,8 @@ void inp_SetFixupVisitor::ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlac
   {
     if (cells.Cols(row) >= place.fieldsAtLeast)
     {
-      cells.Row(row, place.columns, wants, [&](cow_String const& text)
-                { return ReplaceValue(keyword, place.what, text); });
+      cells.Row(row, place.columns, wants,
+                [&](cow_String const& text) { return ReplaceValue(keyword, place.what, text); });
     }
   }
 }

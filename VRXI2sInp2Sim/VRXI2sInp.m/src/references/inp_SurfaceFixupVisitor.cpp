@@ -91,6 +91,8 @@ void inp_SurfaceFixupVisitor::ReplaceSurfaceAllData(inp_Keyword& keyword)
 
 void inp_SurfaceFixupVisitor::ReplaceSurfaceParameter(inp_Keyword& keyword, cow_String const& name)
 {
-  inp_RewriteParameter(keyword, name, [this](cow_String const& text)
-                       { return FixupSurfaceName(text, m_instanceName, m_assemblyName, m_partName); });
+  inp_RewriteParameter(keyword, name,
+                       [this](cow_String const& text) {
+                         return FixupSurfaceName(text, m_instanceName, m_assemblyName, m_partName);
+                       });
 }

@@ -1,0 +1,147 @@
+#pragma once
+
+#include "inpM_CreateSet.h"
+#include "inpM_SetMap.h"
+#include "inp_Visitor.h"
+
+/// What the readers of nodes and of elements share: the scope of the walk, the map of sets that it
+/// fills, and the reading of *NSET and *ELSET.
+///
+/// Sets live in a scope. The scope of sets is the instance or, outside of instances, the part; with
+/// neither name it is the assembly. (Nodes and elements go by the part first.) The operations "of a
+/// part" are for a scope with a name, those "of the assembly" for one without: the other use raises
+/// VRXBasAssertException.
+///
+///     part scope       *NSET, NSET=A          ids, and names of sets of the scope
+///                      1, 2, B
+///     assembly scope   *NSET, NSET=A          own ids, ids of instances, names at either level
+///                      7, WHEEL-1.1, WHEEL-1.B, C
+///
+/// A set must stand above its use. All that is wrong in a keyword is reported, each with the keyword's
+/// place, and what is right in it counts.
+class inp_SetVisitor : public inp_Visitor
+{
+public:
+  /// Keeps the results fit for the Lumen pre-processor.
+  void setLumenCompatible(bool isCompatible) { lumenCompatible = isCompatible; }
+  bool LumenCompatible() const { return lumenCompatible; }
+
+  /// All instances of the model, and those whose mesh comes from an earlier run, in any order.
+  void setInstanceNames(cow_List<cow_String> const& names);
+  void setImportedInstances(cow_List<cow_String> const& names);
+
+  inpM_SetMap const& GetSets() const { return sets; }
+  inpM_SetMap const& GetAssemblySets() const { return assemblySets; }
+
+  void DefaultAction(inp_Keyword&) override {}
+
+protected:
+  inp_SetVisitor() = default;
+  explicit inp_SetVisitor(inpM_SetMap const& workingSets) : sets(workingSets) {}
+
+  /// "*NODE" or "*ELEMENT": what the walk reads. Messages on its sets say "*NSET" or "*ELSET".
+  virtual cow_String KeywordName() const = 0;
+  /// Tells whether ids of an instance may stand in the rows of a set of the assembly.
+  virtual bool IsValidInstanceName(cow_String const& name) const { return IsInstance(name); }
+
+  bool IsInstance(cow_String const& name) const;
+  bool IsImportedInstance(cow_String const& name) const;
+
+  /// The scope of sets; empty for the assembly.
+  cow_String const& CurrentSetScope() const
+  {
+    return m_instanceName.Length() > 0 ? m_instanceName : m_partName;
+  }
+
+  // Enters a set into the scope. A set of that name gains the members and keeps kind and type; with
+  // `accumulate` it is replaced instead. A name that is none, or too long, is refused.
+  void AddPartSet(inp_Keyword const& keyword, cow_String const& name, inpM_SetHandle const& set,
+                  bool accumulate)
+  {
+    AddPartSet(sets, keyword, name, set, accumulate);
+  }
+  void AddPartSet(inpM_SetMap& setMap, inp_Keyword const& keyword, cow_String const& name,
+                  inpM_SetHandle const& set, bool accumulate);
+  void AddAssySet(inp_Keyword const& keyword, cow_String const& name, inpM_SetHandle const& set,
+                  bool accumulate)
+  {
+    AddAssySet(sets, keyword, name, set, accumulate);
+  }
+  void AddAssySet(inpM_SetMap& setMap, inp_Keyword const& keyword, cow_String const& name,
+                  inpM_SetHandle const& set, bool accumulate);
+
+  // New sets from the rows of a keyword. With `includeAll` a name is searched at the own level of
+  // `sets`, then in each instance, and otherwise in the scope.
+  inpM_SetHandle ReadIdsAndSetNames(inp_Keyword const& keyword, bool internal, bool includeAll);
+  inpM_SetHandle ReadUnsortedIdsAndSetNames(inp_Keyword const& keyword, bool internal,
+                                            bool includeAll);
+  inpM_SetHandle ReadAssemblyIdsAndSetNames(inpM_SetMap const& setMap, inp_Keyword const& keyword,
+                                            bool internal);
+  inpM_SetHandle ReadUnsortedAssemblyIdsAndSetNames(inpM_SetMap const& setMap,
+                                                    inp_Keyword const& keyword, bool internal);
+
+  // New sets from rows start, end[, step]. A range that is too large to be held, or leaves the range
+  // of labels, is refused.
+  inpM_SetHandle GenerateSet(inp_Keyword const& keyword, bool internal, bool unsorted);
+  inpM_SetHandle GenerateAssemblySet(inp_Keyword const& keyword, bool internal, bool unsorted);
+
+  // The same with the members of the set that has this name already, for AddPartSet and AddAssySet
+  // with `accumulate`. An old set keeps its kind, but becomes sorted when the keyword is. It gains
+  // the members where it is, so that a set of many keywords is not copied for each.
+  inpM_SetHandle ReadIdsAndSetNamesAccumulate(inp_Keyword const& keyword, cow_String const& name,
+                                              bool internal, bool unsorted, bool includeAll);
+  inpM_SetHandle ReadAssemblyIdsAndSetNamesAccumulate(inpM_SetMap& setMap,
+                                                      inp_Keyword const& keyword,
+                                                      cow_String const& name, bool internal,
+                                                      bool unsorted);
+  inpM_SetHandle GenerateSetAccumulate(inp_Keyword const& keyword, cow_String const& name,
+                                       bool internal, bool unsorted);
+  inpM_SetHandle GenerateAssemblySetAccumulate(inpM_SetMap& setMap, inp_Keyword const& keyword,
+                                               cow_String const& name, bool internal,
+                                               bool unsorted);
+
+  /// In assembly scope, puts the INSTANCE of a keyword before each field of its rows (with GENERATE,
+  /// before the first two) and drops the parameter. The rows are made anew; other holders keep theirs.
+  void ProcessInstanceParameter(inp_Keyword& keyword);
+
+  /// A name given by a parameter; empty when there is none, or it has no value.
+  static cow_String NameParameter(inp_Keyword const& keyword, char const* parameter);
+
+  /// As Say, with a list of items behind the words.
+  template <class T, int Places, class... Arguments>
+  void SayItems(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+                cow_List<T> const& items, Arguments const&... arguments)
+  {
+    ListOf(row.severity)
+      .Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...), items));
+  }
+
+  inpM_SetMap sets;                       ///< being filled
+  inpM_SetMap assemblySets;               ///< the assembly's copy, for walks of a level that keep two
+  cow_List<cow_String> instanceNames;     ///< ascending
+  cow_List<cow_String> importedInstances; ///< ascending
+  bool lumenCompatible = false;
+
+private:
+  struct Faults;
+  class AssemblyReader;
+  template <class Read>
+  inpM_SetHandle Accumulate(inpM_SetMap& setMap, cow_String const& name, bool internal,
+                            bool unsorted, Read const& read);
+  void AddSet(inpM_SetMap& setMap, cow_String const& scope, cow_String const& name,
+              inpM_SetHandle const& set, bool accumulate);
+  bool CheckSetName(inp_Keyword const& keyword, cow_String const& name);
+  inpM_SetHandle ReadPart(inp_Keyword const& keyword, bool internal, bool unsorted,
+                          bool includeAll);
+  inpM_SetHandle ReadAssembly(inpM_SetMap const& setMap, inp_Keyword const& keyword, bool internal,
+                              bool unsorted);
+  void GenerateAssemblyRow(inp_Keyword const& keyword, int row, inpM_BaseSet& set, Faults& faults);
+  void GenerateRow(inp_Keyword const& keyword, cow_List<int> const& row,
+                   cow_String const& instanceName, inpM_BaseSet& set);
+  bool CheckRange(inp_Keyword const& keyword, cow_List<int> const& row, inpM_BaseSet const& set);
+  cow_String SetKeywordName() const;
+  void SayFaults(inp_Keyword const& keyword, Faults const& faults);
+};
+
+/// A sorted set with the members of another, of the same type.
+inpM_SetHandle ConvertToSorted(inpM_BaseSet const& set);

@@ -1,0 +1,291 @@
+#include "inp_SetVisitor.h"
+
+#include "inp_MeshMessages.h"
+#include "inp_Numbers.h"
+#include "inp_RawDataArrayImpl.h"
+#include "inp_SetVisitorFaults.h"
+#include "pnt_debugPrint.h"
+#include "typ_DebugFlags.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+namespace
+{
+
+constexpr int c_longestSetName = 80;
+constexpr int c_longestField = 255;
+constexpr int c_debugFlag = 30;
+constexpr int c_debugLevel = 2;
+constexpr int c_longestLabel = 9;
+
+cow_List<cow_String> Ascending(cow_List<cow_String> names)
+{
+  names.Sort();
+  return names;
+}
+
+bool IsIn(cow_List<cow_String> const& ascending, cow_String const& name)
+{
+  int low = 0;
+  int high = ascending.Length();
+  while (low < high)
+  {
+    int const middle = low + (high - low) / 2;
+    if (ascending.ConstGet(middle) < name)
+    {
+      low = middle + 1;
+    }
+    else
+    {
+      high = middle;
+    }
+  }
+  return low < ascending.Length() && ascending.ConstGet(low) == name;
+}
+
+bool MayBeginSetName(char c)
+{
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '"' || c == '_';
+}
+
+void PrintAdding(cow_String const& scope, cow_String const& name, bool isNew)
+{
+  cow_String place = scope.Empty() ? isNew ? " in assembly" : " to existing assembly set"
+                     : isNew       ? " in part/instance "
+                                   : " to existing set in part/instance ";
+  pnt_debugPrint().StartDebug() << (isNew ? "AddSet: Adding new set " : "AddSet: Adding set ")
+                                << name << place << scope << '\n';
+  pnt_debugPrint().EndDebug();
+}
+
+} // namespace
+
+inp_ScopedField::inp_ScopedField(cow_String const& text, cow_String assemblyName)
+{
+  cow_List<cow_String> pieces = inp_Utils::SplitScopedSet(text);
+  last = pieces.Pop();
+  if (pieces.Length() == 2)
+  {
+    cow_String first = pieces.ConstGet(0);
+    fits = assemblyName.Length() > 0 && first.ToUpper() == assemblyName.ToUpper();
+    pieces.RemoveIndex(0);
+  }
+  else
+  {
+    fits = pieces.Length() < 2;
+  }
+  if (fits && pieces.Length() == 1)
+  {
+    instanceName = pieces.ConstGet(0);
+    fits = instanceName.Length() > 0;
+  }
+}
+
+bool inp_ScopedField::GetId(int& id) const
+{
+  if (last.Length() > c_longestLabel || !inp_Types::IsInteger(last.View()))
+  {
+    return false;
+  }
+  id = inp_TextToInt(last.CStr());
+  return true;
+}
+
+void inp_SetVisitor::setInstanceNames(cow_List<cow_String> const& names)
+{
+  instanceNames = Ascending(names);
+}
+
+void inp_SetVisitor::setImportedInstances(cow_List<cow_String> const& names)
+{
+  importedInstances = Ascending(names);
+}
+
+bool inp_SetVisitor::IsInstance(cow_String const& name) const { return IsIn(instanceNames, name); }
+
+bool inp_SetVisitor::IsImportedInstance(cow_String const& name) const
+{
+  return IsIn(importedInstances, name);
+}
+
+cow_String inp_SetVisitor::NameParameter(inp_Keyword const& keyword, char const* parameter)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
+  bool const hasText = item != nullptr && item->Type() != inp_Types::inp_BOOLEAN &&
+                       item->Type() != inp_Types::inp_NONE;
+  return hasText ? item->AsString() : cow_String();
+}
+
+cow_String inp_SetVisitor::SetKeywordName() const
+{
+  cow_String const name = KeywordName();
+  return name == "*NODE" ? cow_String("*NSET") : name == "*ELEMENT" ? cow_String("*ELSET") : name;
+}
+
+bool inp_SetVisitor::CheckSetName(inp_Keyword const& keyword, cow_String const& name)
+{
+  if (!MayBeginSetName(name[0]))
+  {
+    Say(inp_msgSetNameInvalid, keyword, name);
+    return false;
+  }
+  if (name.Length() > c_longestSetName)
+  {
+    Say(inp_msgSetNameTooLong, keyword, name);
+    return false;
+  }
+  return true;
+}
+
+void inp_SetVisitor::AddPartSet(inpM_SetMap& setMap, inp_Keyword const& keyword,
+                                cow_String const& name, inpM_SetHandle const& set, bool accumulate)
+{
+  if (CheckSetName(keyword, name))
+  {
+    AddSet(setMap, CurrentSetScope(), name, set, accumulate);
+  }
+}
+
+void inp_SetVisitor::AddAssySet(inpM_SetMap& setMap, inp_Keyword const& keyword,
+                                cow_String const& name, inpM_SetHandle const& set, bool accumulate)
+{
+  if (CheckSetName(keyword, name))
+  {
+    AddSet(setMap, cow_String(), name, set, accumulate);
+  }
+}
+
+void inp_SetVisitor::AddSet(inpM_SetMap& setMap, cow_String const& scope, cow_String const& name,
+                            inpM_SetHandle const& set, bool accumulate)
+{
+  if (typ_DebugFlags::GetDebugFlags(c_debugFlag) >= c_debugLevel)
+  {
+    PrintAdding(scope, name, !setMap.HasNestedSet(scope, name));
+  }
+  if (accumulate)
+  {
+    setMap.InsertNestedSet(scope, name, set);
+  }
+  else
+  {
+    setMap.AddToNestedSet(scope, name, *set);
+  }
+}
+
+// The old set grows within the map: a clone beside it would have to copy the members.
+template <class Read>
+inpM_SetHandle inp_SetVisitor::Accumulate(inpM_SetMap& setMap, cow_String const& name,
+                                          bool internal, bool unsorted, Read const& read)
+{
+  cow_String const scope = CurrentSetScope();
+  inpM_BaseSet const* const old = setMap.ConstFindNestedSet(scope, name);
+  if (old == nullptr)
+  {
+    return read(internal, unsorted);
+  }
+  bool const staysUnsorted = old->IsUnsorted() && unsorted;
+  if (old->IsUnsorted() && !unsorted)
+  {
+    setMap.InsertNestedSet(scope, name, ConvertToSorted(*old));
+  }
+  inpM_SetHandle const added = read(internal, staysUnsorted);
+  setMap.AddToNestedSet(scope, name, *added);
+  return CreateSet(setMap.ConstGetNestedSet(scope, name));
+}
+
+inpM_SetHandle inp_SetVisitor::ReadIdsAndSetNamesAccumulate(inp_Keyword const& keyword,
+                                                            cow_String const& name, bool internal,
+                                                            bool unsorted, bool includeAll)
+{
+  return Accumulate(sets, name, internal, unsorted,
+                    [&](bool isInternal, bool isUnsorted)
+                    { return ReadPart(keyword, isInternal, isUnsorted, includeAll); });
+}
+
+inpM_SetHandle inp_SetVisitor::ReadAssemblyIdsAndSetNamesAccumulate(inpM_SetMap& setMap,
+                                                                    inp_Keyword const& keyword,
+                                                                    cow_String const& name,
+                                                                    bool internal, bool unsorted)
+{
+  return Accumulate(setMap, name, internal, unsorted,
+                    [&](bool isInternal, bool isUnsorted)
+                    { return ReadAssembly(setMap, keyword, isInternal, isUnsorted); });
+}
+
+inpM_SetHandle inp_SetVisitor::GenerateSetAccumulate(inp_Keyword const& keyword,
+                                                     cow_String const& name, bool internal,
+                                                     bool unsorted)
+{
+  return Accumulate(sets, name, internal, unsorted,
+                    [&](bool isInternal, bool isUnsorted)
+                    { return GenerateSet(keyword, isInternal, isUnsorted); });
+}
+
+inpM_SetHandle inp_SetVisitor::GenerateAssemblySetAccumulate(inpM_SetMap& setMap,
+                                                             inp_Keyword const& keyword,
+                                                             cow_String const& name, bool internal,
+                                                             bool unsorted)
+{
+  return Accumulate(setMap, name, internal, unsorted,
+                    [&](bool isInternal, bool isUnsorted)
+                    { return GenerateAssemblySet(keyword, isInternal, isUnsorted); });
+}
+
+// A field that would grow beyond what a cell holds can name nothing.
+void inp_SetVisitor::ProcessInstanceParameter(inp_Keyword& keyword)
+{
+  cow_String const instanceName = NameParameter(keyword, "instance");
+  if (CurrentSetScope().Length() > 0 || instanceName.Empty())
+  {
+    return;
+  }
+  int const last = keyword.HasParameter("generate") ? 2 : c_longestField;
+  Faults faults;
+  auto* const impl = new inp_RawDataArrayImpl;
+  inp_DataArray rows(impl);
+  std::string line;
+  for (int row = 0; row < keyword.data.Rows(); ++row)
+  {
+    line.clear();
+    for (int column = 0; column < keyword.data.Cols(row); ++column)
+    {
+      line.append(column > 0 ? "," : "");
+      cow_String const field = keyword.data.AsString(row, column);
+      bool const isScoped = column < last && field.Length() > 0;
+      if (isScoped && instanceName.Length() + 1 + field.Length() > c_longestField)
+      {
+        faults.missing.Append(instanceName + "." + field);
+        continue;
+      }
+      line.append(isScoped ? instanceName.View() : "").append(isScoped ? "." : "");
+      line.append(field.View());
+    }
+    impl->Append(line.c_str());
+  }
+  keyword.data = rows;
+  keyword.parameters.Remove("instance");
+  SayFaults(keyword, faults);
+}
+
+void inp_SetVisitor::SayFaults(inp_Keyword const& keyword, Faults const& faults)
+{
+  if (faults.invalid.Length() > 0)
+  {
+    SayItems(inp_msgSetDataInvalid, keyword, faults.invalid);
+  }
+  if (faults.missing.Length() > 0)
+  {
+    bool const inAssembly = CurrentSetScope().Empty();
+    SayItems(inAssembly ? inp_msgSetsOrIdsMissing : inp_msgSetsMissing, keyword, faults.missing);
+  }
+}
+
+inpM_SetHandle ConvertToSorted(inpM_BaseSet const& set)
+{
+  inpM_SetHandle sorted = CreateSet(set.IsPicked(), false);
+  sorted.Get()->Add(set);
+  sorted.Get()->AssignSetType(set.SetType());
+  return sorted;
+}

@@ -1,0 +1,341 @@
+#include "VRXBasException.h"
+#include "inp_MeshMessages.h"
+#include "inp_RawDataArrayImpl.h"
+#include "inp_SetVisitorFaults.h"
+
+#include <cstring>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace
+{
+
+constexpr int c_largestLabel = 999999999;
+constexpr int c_longestLabel = 9;
+
+/// The instance that a deck without parts is turned into.
+constexpr char const* c_flatInstance = "PART-1-1";
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+
+/// Reads digits up to the end of a cell or the blanks there; false for any other text.
+bool ReadDigits(char const* text, int& id)
+{
+  int digits = 0;
+  for (id = 0; *text >= '0' && *text <= '9' && digits <= c_longestLabel; ++text, ++digits)
+  {
+    id = digits < c_longestLabel ? 10 * id + (*text - '0') : id;
+  }
+  while (IsBlank(*text))
+  {
+    ++text;
+  }
+  return *text == '\0' && digits > 0 && digits <= c_longestLabel;
+}
+
+bool ReadPlainId(char const* cell, int& id)
+{
+  while (IsBlank(*cell))
+  {
+    ++cell;
+  }
+  return ReadDigits(cell, id);
+}
+
+/// Calls onCell(row, column, text) for all cells; the text is null in data that are not kept as text.
+template <class OnCell>
+void ForEachCell(inp_DataArray const& data, OnCell const& onCell)
+{
+  auto const* const raw = dynamic_cast<inp_RawDataArrayImpl const*>(&data.Impl());
+  for (int row = 0; row < data.Rows(); ++row)
+  {
+    int const columns = data.Cols(row);
+    char const* text = raw != nullptr ? raw->RowText(row) : nullptr;
+    for (int column = 0; column < columns; ++column)
+    {
+      char const* const cell = text;
+      text += text != nullptr ? std::strlen(text) + 1 : 0;
+      onCell(row, column, cell);
+    }
+  }
+}
+
+} // namespace
+
+inpM_SetHandle inp_SetVisitor::ReadIdsAndSetNames(inp_Keyword const& keyword, bool internal,
+                                                  bool includeAll)
+{
+  return ReadPart(keyword, internal, false, includeAll);
+}
+
+inpM_SetHandle inp_SetVisitor::ReadUnsortedIdsAndSetNames(inp_Keyword const& keyword, bool internal,
+                                                          bool includeAll)
+{
+  return ReadPart(keyword, internal, true, includeAll);
+}
+
+inpM_SetHandle inp_SetVisitor::ReadAssemblyIdsAndSetNames(inpM_SetMap const& setMap,
+                                                          inp_Keyword const& keyword, bool internal)
+{
+  return ReadAssembly(setMap, keyword, internal, false);
+}
+
+inpM_SetHandle inp_SetVisitor::ReadUnsortedAssemblyIdsAndSetNames(inpM_SetMap const& setMap,
+                                                                  inp_Keyword const& keyword,
+                                                                  bool internal)
+{
+  return ReadAssembly(setMap, keyword, internal, true);
+}
+
+inpM_SetHandle inp_SetVisitor::ReadPart(inp_Keyword const& keyword, bool internal, bool unsorted,
+                                        bool includeAll)
+{
+  cow_String const scope = CurrentSetScope();
+  VRXBasAssert(scope.Length() > 0, "currentName.Length() > 0");
+  inpM_SetHandle set = CreateSet(internal, unsorted);
+  inpM_BaseSet& members = *set.Get();
+  inp_DataArray const& data = keyword.data;
+  Faults faults;
+  cow_List<int> ids;
+  std::unordered_map<cow_String, inpM_BaseSet const*> named;
+
+  auto const addIds = [&]
+  {
+    members.Add(ids);
+    ids.Clear();
+  };
+  auto const find = [&](cow_String const& name)
+  {
+    cow_String place = scope;
+    bool const isSearched = !includeAll || sets.SearchAssemblyAndInstancesForSet(name, place);
+    return isSearched ? sets.ConstFindNestedSet(place, name) : nullptr;
+  };
+  auto const addSet = [&](cow_String const& name)
+  {
+    auto const [entry, isNew] = named.try_emplace(name, nullptr);
+    if (isNew)
+    {
+      entry->second = find(name);
+    }
+    if (entry->second == nullptr && isNew)
+    {
+      faults.missing.Append(name);
+    }
+    if (entry->second != nullptr && (isNew || unsorted))
+    {
+      addIds();
+      members.Add(*entry->second);
+    }
+  };
+  ForEachCell(data,
+              [&](int row, int column, char const* cell)
+              {
+                int id = 0;
+                if (cell != nullptr && ReadPlainId(cell, id))
+                {
+                  ids.Append(id);
+                  return;
+                }
+                inp_Types::typeEnm const type = data.Type(row, column);
+                if (type == inp_Types::inp_INTEGER && data.AsInt(row, column) <= c_largestLabel)
+                {
+                  ids.Append(data.AsInt(row, column));
+                }
+                else if (type == inp_Types::inp_STRING)
+                {
+                  addSet(data.AsString(row, column));
+                }
+                else if (type != inp_Types::inp_NONE)
+                {
+                  faults.invalid.Append(data.AsString(row, column));
+                }
+              });
+  addIds();
+  SayFaults(keyword, faults);
+  return set;
+}
+
+/// Reads the fields of one set in assembly scope.
+class inp_SetVisitor::AssemblyReader
+{
+public:
+  AssemblyReader(inp_SetVisitor const& visitor, inpM_SetMap const& setMap,
+                 inp_DataArray const& data, inpM_BaseSet& set)
+    : m_visitor(visitor), m_setMap(setMap), m_data(data), m_set(set)
+  {
+  }
+
+  void ReadCell(int row, int column, char const* cell)
+  {
+    int id = 0;
+    if (cell != nullptr && ReadPlainId(cell, id))
+    {
+      m_ownIds.Append(id);
+    }
+    else if (cell == nullptr || !ReadIdOfSameInstance(cell))
+    {
+      ReadField(row, column);
+    }
+  }
+
+  void Finish()
+  {
+    m_set.Add(m_ownIds);
+    m_ownIds.Clear();
+    AddInstanceIds();
+  }
+
+  Faults faults;
+
+private:
+  /// Rows name one instance many times over, and what stands before the id is then the same text.
+  bool ReadIdOfSameInstance(char const* cell)
+  {
+    int id = 0;
+    if (m_prefix.empty() || std::strncmp(cell, m_prefix.c_str(), m_prefix.size()) != 0 ||
+        !ReadDigits(cell + m_prefix.size(), id))
+    {
+      return false;
+    }
+    m_instanceIds.Append(id);
+    return true;
+  }
+
+  void ReadField(int row, int column)
+  {
+    if (m_data.IsNone(row, column))
+    {
+      return;
+    }
+    cow_String const text = m_data.AsString(row, column);
+    inp_ScopedField const field(text, m_visitor.m_assemblyName);
+    bool const isAdded = field.fits && (field.instanceName.Empty() ? AddOwn(row, column, field.last)
+                                                                   : AddScoped(field));
+    if (!isAdded)
+    {
+      faults.missing.Append(text);
+    }
+    else if (field.instanceName.Length() > 0)
+    {
+      KeepPrefix(m_data.AsStringVerbatim(row, column), field);
+    }
+  }
+
+  bool AddOwn(int row, int column, cow_String const& text)
+  {
+    inp_Types::typeEnm const type = m_data.Type(row, column);
+    if (type == inp_Types::inp_INTEGER)
+    {
+      m_ownIds.Append(m_data.AsInt(row, column));
+      return true;
+    }
+    return type == inp_Types::inp_STRING && AddSetOfAssembly(text);
+  }
+
+  bool AddSetOfAssembly(cow_String const& name)
+  {
+    if (IsAddedAlready(name))
+    {
+      return true;
+    }
+    if (inpM_BaseSet const* const own = m_setMap.ConstGetMap().ConstFind(name))
+    {
+      Finish();
+      m_set.Add(*own);
+      return true;
+    }
+    return AddSetOfInstance(c_flatInstance, name);
+  }
+
+  bool AddScoped(inp_ScopedField const& field)
+  {
+    if (inp_Types::IsSetName(field.last.View()))
+    {
+      return IsAddedAlready(field.instanceName + "." + field.last) ||
+             AddSetOfInstance(field.instanceName, field.last);
+    }
+    int id = 0;
+    if (!field.GetId(id) || !m_visitor.IsValidInstanceName(field.instanceName))
+    {
+      return false;
+    }
+    UseInstance(field.instanceName);
+    m_instanceIds.Append(id);
+    return true;
+  }
+
+  bool AddSetOfInstance(cow_String const& instanceName, cow_String const& name)
+  {
+    inpM_BaseSet const* const nested = m_setMap.ConstFindNestedSet(instanceName, name);
+    if (nested == nullptr)
+    {
+      return false;
+    }
+    Finish();
+    if (m_set.IsUnsorted())
+    {
+      m_set.Add(instanceName, nested->ConstGetIds());
+    }
+    else
+    {
+      m_set.Add(instanceName, nested->ConstGetOwnIds());
+    }
+    return true;
+  }
+
+  /// A sorted set needs the members of another once only. A name that is not found stays new.
+  bool IsAddedAlready(cow_String const& name)
+  {
+    return !m_set.IsUnsorted() && !m_added.insert(name).second;
+  }
+
+  void UseInstance(cow_String const& instanceName)
+  {
+    if (!(instanceName == m_instanceName))
+    {
+      AddInstanceIds();
+      m_instanceName = instanceName;
+    }
+  }
+
+  void KeepPrefix(cow_String const& text, inp_ScopedField const& field)
+  {
+    int id = 0;
+    int const period = text.RFind('.');
+    m_prefix.clear();
+    if (period < text.Length() && field.GetId(id))
+    {
+      m_prefix = text.View().substr(0, static_cast<std::size_t>(period) + 1);
+    }
+  }
+
+  void AddInstanceIds()
+  {
+    m_set.Add(m_instanceName, m_instanceIds);
+    m_instanceIds.Clear();
+  }
+
+  inp_SetVisitor const& m_visitor;
+  inpM_SetMap const& m_setMap;
+  inp_DataArray const& m_data;
+  inpM_BaseSet& m_set;
+  cow_List<int> m_ownIds;
+  cow_List<int> m_instanceIds; ///< of m_instanceName, not in the set yet
+  cow_String m_instanceName;
+  std::string m_prefix; ///< how a field that goes to m_instanceIds begins; empty when none does
+  std::unordered_set<cow_String> m_added;
+};
+
+inpM_SetHandle inp_SetVisitor::ReadAssembly(inpM_SetMap const& setMap, inp_Keyword const& keyword,
+                                            bool internal, bool unsorted)
+{
+  VRXBasAssert(CurrentSetScope().Length() == 0, "currentName.Length() == 0");
+  inpM_SetHandle set = CreateSet(internal, unsorted);
+  AssemblyReader reader(*this, setMap, keyword.data, *set.Get());
+  ForEachCell(keyword.data, [&](int row, int column, char const* cell)
+              { reader.ReadCell(row, column, cell); });
+  reader.Finish();
+  SayFaults(keyword, reader.faults);
+  return set;
+}

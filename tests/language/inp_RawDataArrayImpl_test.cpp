@@ -243,3 +243,34 @@ TEST(inp_DataArray, ADefaultStandsInForAMissingCell)
   EXPECT_EQ(rows.AsString(0, 2, "x y \"z z\""), "XY\"z z\"");
   EXPECT_EQ(rows.AsString(1, 0, "x"), "X");
 }
+
+// Set, a cell at a time from the right, is the slow way to the same row.
+TEST(inp_RawDataArrayImpl, SetCellsDoesWhatSetDoesCellByCell)
+{
+  std::mt19937 random(5);
+  static constexpr char const* texts[] = {"", "x", "\"a, b\"", "1,2", "PART-1-1.123456", "a.b"};
+  inp_RawDataArrayImpl rows;
+  inp_RawDataArrayImpl slow;
+  for (int i = 0; i < 2000; ++i)
+  {
+    std::string line = LineOf(random, 40);
+    std::erase(line, '"'); // a quote left open would take in what comes behind
+    rows.Append(line.c_str());
+    slow.Append(line.c_str());
+    std::vector<inp_RawDataArrayImpl::NewCell> cells;
+    for (int column = 0; column < rows.Cols(i); ++column)
+      if (random() % 2 == 0)
+        cells.push_back({column, texts[random() % std::size(texts)]});
+    rows.SetCells(i, cells.data(), static_cast<int>(cells.size()));
+    for (auto cell = cells.rbegin(); cell != cells.rend(); ++cell)
+      slow.Set(i, cell->column, cell->text);
+  }
+  EXPECT_EQ(Listing(rows), Listing(slow));
+  EXPECT_EQ(FailedCondition(
+              [](inp_RawDataArrayImpl& two)
+              {
+                inp_RawDataArrayImpl::NewCell const cell{2, "x"};
+                two.SetCells(0, &cell, 1);
+              }),
+            "j >= 0 && j < ncols[i]");
+}

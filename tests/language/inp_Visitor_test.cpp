@@ -72,18 +72,29 @@ std::string PlacesOf(std::vector<inp_Keyword> const& keywords)
 
 TEST(inp_Visitor, EveryKeywordReachesItsOperation)
 {
-  std::set<std::string> reached;
-#define INP_KEYWORD(stem, name, value)                                                             \
-  reached.insert(#stem);                                                                           \
-  EXPECT_EQ(OperationsOf(inp_kw##stem), #stem " ");
-#define INP_KEYWORD_SHARED(stem, name, value, visitor)                                             \
-  EXPECT_EQ(OperationsOf(inp_kw##stem), #visitor " ");
+  struct
+  {
+    inp_KeywordEnm keyword;
+    char const* operation;
+  } const served[] = {
+#define INP_KEYWORD(stem, name, value) {inp_kw##stem, #stem},
+#define INP_KEYWORD_SHARED(stem, name, value, visitor) {inp_kw##stem, #visitor},
 #define INP_KEYWORD_UNVISITED(stem, name, value)
 #include "inp_Keywords.def"
-
-#define INP_VISITOR_SLOT(stem) EXPECT_EQ(reached.count(#stem), 1U) << #stem;
+  };
+  char const* const operations[] = {
+#define INP_VISITOR_SLOT(stem) #stem,
 #define INP_VISITOR_SLOT_DIRECT(stem)
 #include "inp_VisitorSlots.def"
+  };
+  std::set<std::string> reached;
+  for (auto const& row : served)
+  {
+    EXPECT_EQ(OperationsOf(row.keyword), std::string(row.operation) + " ");
+    reached.insert(row.operation);
+  }
+  for (char const* const operation : operations)
+    EXPECT_EQ(reached.count(operation), 1U) << operation;
 }
 
 TEST(inp_Visitor, PassesOverTheEmptyKeywordAndTheRoot)

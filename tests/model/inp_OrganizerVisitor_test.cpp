@@ -107,7 +107,8 @@ TEST(inp_OrganizerVisitor, PutsKeywordsBelowTheOpenOneThatTakesThem)
      "*KINEMATIC\n*END ASSEMBLY\n*MATERIAL\n*ELASTIC\n"
      "*STEP, NAME=S\n*STATIC\n*OUTPUT\n*NODE OUTPUT\n*BOUNDARY\n*END STEP\n",
      "part\n  node\n  solidsection\n    hourglassstiffness\n  nset\nendpart\n"
-     "assembly\n  instance\n    node\n  endinstance\n  nset\n  coupling\n    kinematic\nendassembly\n"
+     "assembly\n  instance\n    node\n  endinstance\n  nset\n  coupling\n    "
+     "kinematic\nendassembly\n"
      "material\n  elastic\n"
      "step\n  static\n  output\n    nodeoutput\n  boundary\nendstep\n"},
     {"a load case is closed by whatever does not belong to it", assembly,
@@ -191,8 +192,8 @@ TEST(inp_OrganizerVisitor, LeavesOutAndReportsWhatHasNoPlace)
 
 TEST(inp_OrganizerVisitor, MarksEachSuboptionWithItsParent)
 {
-  Organized const organized("*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I\n*GAP\n*FRICTION\n*END INSTANCE\n",
-                            assembly);
+  Organized const organized(
+    "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I\n*GAP\n*FRICTION\n*END INSTANCE\n", assembly);
   inp_Keyword const& level = organized.keywords.ConstGet(0);
   inp_Keyword const& instance = level.suboptions.ConstGet(0);
   inp_Keyword const& gap = instance.suboptions.ConstGet(0);

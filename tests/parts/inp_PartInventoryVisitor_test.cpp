@@ -2,9 +2,9 @@
 
 #include "CapturingSink.h"
 #include "DeckKeywords.h"
+#include "inpM_SortedSet.h"
 #include "inp_OrganizerVisitor.h"
 #include "inp_PartMessages.h"
-#include "inpM_SortedSet.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -95,13 +95,16 @@ void Check(Case const (&cases)[Size])
 
 /// A deck of one part P, and an assembly A with its instance I.
 std::string Deck(std::string const& inPart, std::string const& inInstance,
-                            std::string const& inAssembly)
+                 std::string const& inAssembly)
 {
   return "*PART, NAME=P\n" + inPart + "*END PART\n*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n" +
          inInstance + "*END INSTANCE\n" + inAssembly + "*END ASSEMBLY\n";
 }
 
-std::string Part(std::string const& contents) { return "*PART, NAME=P\n" + contents + "*END PART\n"; }
+std::string Part(std::string const& contents)
+{
+  return "*PART, NAME=P\n" + contents + "*END PART\n";
+}
 
 } // namespace
 
@@ -116,11 +119,13 @@ TEST(inp_PartInventoryVisitor, APartHoldsOneKindOfThing)
      Part("*ELEMENT, TYPE=ROTARYI\n1\n*ELEMENT, TYPE=HEATCAP\n2\n*ELEMENT, TYPE=SPRING1\n3\n"
           "*ELEMENT, TYPE=SPRING2\n4\n*ELEMENT, TYPE=SPRINGA\n5\n*ELEMENT, TYPE=R3D4\n6\n"),
      ""},
-    {"all rigid types", Part("*ELEMENT, TYPE=R3D4\n1\n*ELEMENT, TYPE=R2D2\n2\n"
-                             "*ELEMENT, TYPE=RAX2\n3\n*ELEMENT, TYPE=RB3D2\n4\n"),
+    {"all rigid types",
+     Part("*ELEMENT, TYPE=R3D4\n1\n*ELEMENT, TYPE=R2D2\n2\n"
+          "*ELEMENT, TYPE=RAX2\n3\n*ELEMENT, TYPE=RB3D2\n4\n"),
      ""},
-    {"all deformable", Part("*ELEMENT, TYPE=C3D8\n1\n*ELEMENT, TYPE=SPRING3\n2\n"
-                            "*ELEMENT, TYPE=MASS2\n3\n*ELEMENT, TYPE=DASHPOT1\n4\n"),
+    {"all deformable",
+     Part("*ELEMENT, TYPE=C3D8\n1\n*ELEMENT, TYPE=SPRING3\n2\n"
+          "*ELEMENT, TYPE=MASS2\n3\n*ELEMENT, TYPE=DASHPOT1\n4\n"),
      ""},
     {"rigid and deformable", Part("*ELEMENT, TYPE=R3D4\n1\n*ELEMENT, TYPE=C3D8\n2\n"),
      At(1, inp_msgPartCombinesKinds, "P")},
@@ -131,8 +136,9 @@ TEST(inp_PartInventoryVisitor, APartHoldsOneKindOfThing)
     {"a surface of elements is none of these",
      Part("*ELEMENT, TYPE=C3D8\n1\n*SURFACE, TYPE=ELEMENT, NAME=S\n*SURFACE, NAME=T\n"), ""},
     {"two surfaces",
-     Part(surface + body + "*SURFACE, TYPE=SEGMENTS, NAME=T\n"
-                           "*RIGID BODY, REF NODE=2, ANALYTICAL SURFACE=T\n"),
+     Part(surface + body +
+          "*SURFACE, TYPE=SEGMENTS, NAME=T\n"
+          "*RIGID BODY, REF NODE=2, ANALYTICAL SURFACE=T\n"),
      At(1, inp_msgPartHasManySurfaces, "P")},
     {"parts in the order of their names",
      "*PART, NAME=Q\n*ELEMENT, TYPE=R3D4\n1\n*ELEMENT, TYPE=S4\n2\n*END PART\n" +
@@ -195,8 +201,7 @@ TEST(inp_PartInventoryVisitor, ASurfaceAndItsRigidBodyStandAtOneLevel)
      At(6, inp_msgSurfaceOnOtherLevel, "S", "P", "I")},
     {"an assembly's body without a surface", Deck("", "", referScoped),
      At(6, inp_msgAssemblySurfaceUndefined, "S", "I")},
-    {"an unknown instance",
-     Deck(define + refer, "", "*RIGID BODY, ANALYTICAL SURFACE=J.S\n"),
+    {"an unknown instance", Deck(define + refer, "", "*RIGID BODY, ANALYTICAL SURFACE=J.S\n"),
      At(8, inp_msgAssemblySurfaceUndefined, "S", "J")},
     {"two bodies of the assembly for one surface are reported once",
      Deck("", define, referScoped + referScoped + referScoped),
@@ -205,11 +210,10 @@ TEST(inp_PartInventoryVisitor, ASurfaceAndItsRigidBodyStandAtOneLevel)
      At(6, inp_msgRigidBodyOfAssemblySurface, "S")},
     {"a surface of the assembly's own", Deck("", "", define),
      At(6, inp_msgAnalyticalSurfaceInAssembly, "S")},
-    {"surfaces behind an instance are the assembly's again",
-     Deck("", define + refer, define), At(8, inp_msgAnalyticalSurfaceInAssembly, "S")},
+    {"surfaces behind an instance are the assembly's again", Deck("", define + refer, define),
+     At(8, inp_msgAnalyticalSurfaceInAssembly, "S")},
     {"names in quotes may hold periods",
-     Deck("*SURFACE, TYPE=USER, NAME=\"S.1\"\n", "",
-                     "*RIGID BODY, ANALYTICAL SURFACE=I.\"S.1\"\n"),
+     Deck("*SURFACE, TYPE=USER, NAME=\"S.1\"\n", "", "*RIGID BODY, ANALYTICAL SURFACE=I.\"S.1\"\n"),
      ""},
   };
   Check(cases);
@@ -221,10 +225,14 @@ TEST(inp_PartInventoryVisitor, ARigidSurfaceStandsOnSlidingElements)
   std::string const irs = "*ELEMENT, TYPE=IRS21\n1\n2\n*ELSET, ELSET=E\n1, 2\n";
   Case const cases[] = {
     {"in a part", Part(irs + option), ""},
-    {"on a drag chain, some of the set", Part("*ELEMENT, TYPE=DRAG3D\n1\n*ELEMENT, TYPE=B31\n2\n"
-                                              "*ELSET, ELSET=E\n1, 2\n" + option), ""},
+    {"on a drag chain, some of the set",
+     Part("*ELEMENT, TYPE=DRAG3D\n1\n*ELEMENT, TYPE=B31\n2\n"
+          "*ELSET, ELSET=E\n1, 2\n" +
+          option),
+     ""},
     {"in an instance", Deck("", irs + option, ""), ""},
-    {"without a type", Part(irs + "*RIGID SURFACE, ELSET=E\n"), At(7, inp_msgRigidSurfaceRequirements)},
+    {"without a type", Part(irs + "*RIGID SURFACE, ELSET=E\n"),
+     At(7, inp_msgRigidSurfaceRequirements)},
     {"without a set", Part(irs + "*RIGID SURFACE, TYPE=SEGMENTS\n"),
      At(7, inp_msgRigidSurfaceRequirements)},
     {"on other elements", Part("*ELEMENT, TYPE=S4\n1\n*ELSET, ELSET=E\n1\n" + option),
@@ -234,7 +242,8 @@ TEST(inp_PartInventoryVisitor, ARigidSurfaceStandsOnSlidingElements)
      At(10, inp_msgRigidSurfaceElsetNotInInstance, "E", "I")},
     {"an empty set", Part("*ELSET, ELSET=E\n" + option),
      At(3, inp_msgRigidSurfaceElsetEmpty, "E", "P")},
-    {"each unknown element", Part(irs + "*ELSET, ELSET=F\n2, 8, 9\n*RIGID SURFACE, TYPE=A, ELSET=F\n"),
+    {"each unknown element",
+     Part(irs + "*ELSET, ELSET=F\n2, 8, 9\n*RIGID SURFACE, TYPE=A, ELSET=F\n"),
      At(9, inp_msgRigidSurfaceElementUnknown, 8, "P") +
        At(9, inp_msgRigidSurfaceElementUnknown, 9, "P")},
     {"unknown elements of an instance", Deck(irs, "*ELSET, ELSET=E\n1\n" + option, ""),
@@ -247,8 +256,10 @@ TEST(inp_PartInventoryVisitor, LevelsAreClosed)
 {
   Case const cases[] = {
     {"all closed", Deck("", "", ""), ""},
-    {"a part", Part("") + "*PART, NAME=Q\n*NODE\n", At(3, inp_msgClosingKeywordMissing, "PART", "*END PART")},
-    {"assembly and instance", "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I\n*END INSTANCE\n*INSTANCE, NAME=J\n",
+    {"a part", Part("") + "*PART, NAME=Q\n*NODE\n",
+     At(3, inp_msgClosingKeywordMissing, "PART", "*END PART")},
+    {"assembly and instance",
+     "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I\n*END INSTANCE\n*INSTANCE, NAME=J\n",
      At(1, inp_msgClosingKeywordMissing, "ASSEMBLY", "*END ASSEMBLY") +
        At(4, inp_msgClosingKeywordMissing, "INSTANCE", "*END INSTANCE")},
     {"a step is closed by the end of the deck", "*STEP, NAME=S\n*STATIC\n", ""},
@@ -260,7 +271,8 @@ TEST(inp_PartInventoryVisitor, CountsByTheOpeningKeywordsName)
 {
   inp_PartInventoryVisitor visitor({}, {}, {}, {});
   cow_Btree<cow_String, int> counts;
-  inp_PartInventoryVisitor::KeywordPair const steps = {inp_kwStep, inp_kwEndStep, "STEP", "*END STEP"};
+  inp_PartInventoryVisitor::KeywordPair const steps = {inp_kwStep, inp_kwEndStep, "STEP",
+                                                       "*END STEP"};
   visitor.CountNodeElementKeywords(
     DeckKeywords("*STEP, NAME=S\n*END STEP\n*STEP, NAME=T\n*STEP, NAME=U\n"), steps, counts);
   EXPECT_EQ(2, *counts.ConstFind("step"));
@@ -312,19 +324,23 @@ TEST(inp_PartInventoryVisitor, ReportsEveryBrokenRuleOnce)
     "element set given on the *RIGID BODY option. A part-level rigid body that refers to only some "
     "of the elements within the part is not allowed. This rule is violated by part MIXED\n"
     "9 The elset NONE, which is referenced by a *RIGID SURFACE, is not defined in part: MIXED\n"
-    "11 The elset EMPTY, which is referenced by a *RIGID SURFACE, is empty. This is detected during "
+    "11 The elset EMPTY, which is referenced by a *RIGID SURFACE, is empty. This is detected "
+    "during "
     "the processing of part MIXED\n"
-    "14 Unknown element ID 77 is detected in the elset referenced by the *RIGID SURFACE option. This "
+    "14 Unknown element ID 77 is detected in the elset referenced by the *RIGID SURFACE option. "
+    "This "
     "takes place during the processing of part MIXED\n"
     "15 *RIGID SURFACE can be used in a parts & assembly input file only if all the following "
     "requirements are met: (a) Both the TYPE and ELSET parameters are used; (b) The ELSET contains "
-    "IRS or drag chain elements; and (c) The *RIGID SURFACE option is inside the same part/instance "
+    "IRS or drag chain elements; and (c) The *RIGID SURFACE option is inside the same "
+    "part/instance "
     "as the elements in the ELSET.\n"
     "26 The elset NONE, which is referenced by a *RIGID SURFACE, is not defined in instance: M-1\n"
     "34 A part that contains a rigid body definition (part: MIXED) cannot be referenced by an "
     "assembly-level rigid body definition. \n"
     "35 An assembly level rigid body definition references an assembly level analytical rigid "
-    "surface (OWN). Analytical rigid surfaces must be defined at the part or part instance levels.\n"
+    "surface (OWN). Analytical rigid surfaces must be defined at the part or part instance "
+    "levels.\n"
     "36 Analytical rigid surface OWN was defined at the assembly level. Analytical rigid surfaces "
     "can only be defined within a part or part instance.\n"
     "1 Rigid elements, deformable elements, connectors and analytical surfaces cannot be combined "
@@ -337,10 +353,13 @@ TEST(inp_PartInventoryVisitor, ReportsEveryBrokenRuleOnce)
     "rigid body definition.\n"
     "21 Analytical rigid surface S3 of part TWO is not defined, but is referenced by a rigid body "
     "definition.\n"
-    "29 If a rigid body definition is defined at the part or part instance level, the corresponding "
-    "analytical rigid surface definition must be defined at the same level. Analytical rigid surface "
+    "29 If a rigid body definition is defined at the part or part instance level, the "
+    "corresponding "
+    "analytical rigid surface definition must be defined at the same level. Analytical rigid "
+    "surface "
     "S4 violates this rule with regard to part TWO and part instance T-1.\n"
-    "30 *SURFACE keyword defining analytical rigid surface S5 of part instance T-1 is not associated "
+    "30 *SURFACE keyword defining analytical rigid surface S5 of part instance T-1 is not "
+    "associated "
     "with a rigid body definition.\n"
     "31 Analytical rigid surface S6 of part instance T-1 is not defined, but is referenced by a "
     "rigid body definition.\n"

@@ -2,6 +2,7 @@
 #include "DeckKeywords.h"
 #include "KeywordText.h"
 #include "inp_InputFile.h"
+#include "inp_OrganizerVisitor.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,6 +10,15 @@
 
 namespace
 {
+
+/// A line a keyword, what is nested below it behind it.
+std::string Listed(cow_List<inp_Keyword> const& keywords)
+{
+  std::string text;
+  for (inp_Keyword const& keyword : keywords)
+    text += KeywordText(keyword) + "\n" + Listed(keyword.suboptions);
+  return text;
+}
 
 /// The deck's keywords, a line each, behind the expansion and a further stage.
 template <class Stage>
@@ -22,10 +32,7 @@ std::string Behind(Stage stage, std::string const& deck)
   EXPECT_THAT(sink.Lines(), testing::IsEmpty()) << deck;
   stage(file);
   EXPECT_THAT(sink.Lines(), testing::IsEmpty()) << deck;
-  std::string text;
-  for (inp_Keyword const& keyword : file.keywords)
-    text += KeywordText(keyword) + "\n";
-  return text;
+  return Listed(file.keywords);
 }
 
 std::string WithoutPeriods(std::string const& deck)
@@ -35,7 +42,15 @@ std::string WithoutPeriods(std::string const& deck)
 
 std::string Unscoped(std::string const& deck)
 {
-  return Behind([](inp_InputFile& file) { file.ModifyScopedNames(); }, deck);
+  auto const stage = [](inp_InputFile& file)
+  {
+    inp_OrganizerVisitor organizer(true);
+    organizer.VisitList(file.keywords);
+    file.keywords = organizer.Keywords();
+    EXPECT_FALSE(organizer.IsError()) << organizer.Errors().View();
+    file.ModifyScopedNames();
+  };
+  return Behind(stage, deck);
 }
 
 } // namespace
@@ -52,7 +67,7 @@ TEST(inp_InputFileNames, PeriodsGoFromDefinitionsAndReferences)
                            "*CONTACT PAIR, INTERACTION=I\nS.T, \"Q.R\"\n"
                            "*STEP, NAME=S\n*BOUNDARY\nn.1, 1, 1, 0.5\n"
                            "*ADAPTIVE MESH CONSTRAINT\nN.1, 1, 1, 0.5\n*END STEP\n"),
-            "node nset=N_1: 1|0|0|0|0|0|0\n"
+            "node nset=N_1: 1|0.|0.|0.|0.|0.|0.\n"
             "element elset=A_B, type=MASS: 1|1\n"
             "elset elset=C_D: 1\n"
             "solidsection elset=A_B, material=STEEL, orientation=O_1: 1.5\n"
@@ -61,9 +76,9 @@ TEST(inp_InputFileNames, PeriodsGoFromDefinitionsAndReferences)
             "surface name=\"Q.R\", type=ELEMENT: \"a.B\"|S1\n"
             "contactpair interaction=I: S_T|\"Q.R\"\n"
             "step name=S\n"
-            "boundary : N_1|1|1|0.5\n"
-            "adaptivemeshconstraint : N_1|1|1|0.5\n" // a number among the names stays
-            "endstep \n");
+            "boundary: N_1|1|1|0.5\n"
+            "adaptivemeshconstraint: N_1|1|1|0.5\n" // a number among the names stays
+            "endstep\n");
 }
 
 TEST(inp_InputFileNames, TheAssemblysNameGoesFromNamesOfTheModel)
@@ -79,23 +94,23 @@ TEST(inp_InputFileNames, TheAssemblysNameGoesFromNamesOfTheModel)
                      "*NODE OUTPUT, NSET=Assy.P-1.S\nU\n*END STEP\n"),
             "part name=P\n"
             "nset nset=S: 1\n"
-            "endpart \n"
+            "endpart\n"
             "assembly name=ASSY\n"
             "instance name=P-1, part=P\n"
-            "endinstance \n"
+            "endinstance\n"
             "tie name=T, tiednset=ASSY.P-1.S: ASSY.S|ASSY.T\n" // within the assembly they stay
-            "endassembly \n"
+            "endassembly\n"
             "nset nset=ALL: P-1.7|8\n"
             "nset generate, nset=RUN: P-1.1|P-1.5|2\n"
             "step name=S\n"
-            "boundary : P-1.S|1 / Other.S|1 / P-1.S|1 / ASSY|1\n"
-            "dsload : TOP|P|1.\n"
+            "boundary: P-1.S|1 / Other.S|1 / P-1.S|1 / ASSY|1\n"
+            "dsload: TOP|P|1.\n"
             "nodeoutput nset=P-1.S: U\n"
-            "endstep \n");
+            "endstep\n");
 }
 
 TEST(inp_InputFileNames, OnlyTheFirstAssemblyCountsAndNoneIsNothing)
 {
   EXPECT_EQ(Unscoped("*STEP, NAME=S\n*BOUNDARY\nASSY.S, 1\n.S, 1\n*END STEP\n"),
-            "step name=S\nboundary : ASSY.S|1 / S|1\nendstep \n");
+            "step name=S\nboundary: ASSY.S|1 / S|1\nendstep\n");
 }

@@ -77,9 +77,9 @@ TEST(inp_SetFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
             "8 error: untitled: Increment of 3 cannot be used to step from 1 to 2 "
             "on slideline keyword.\n");
   EXPECT_EQ(KeywordText(keywords.ConstGet(0)), "nodeoutput nset=BAD");
-  EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "pressurepenetration : bad||1 / |2");
-  EXPECT_EQ(KeywordText(keywords.ConstGet(2)), "cload : BAD|1 / |1");
-  EXPECT_EQ(KeywordText(keywords.ConstGet(3)), "slideline : 5|6");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "pressurepenetration: bad||1 / |2");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(2)), "cload: BAD|1 / |1");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(3)), "slideline: 5|6");
 
   keywords = DeckKeywords("*BOUNDARY\nMEMORY\n");
   EXPECT_THROW(visitor.VisitList(keywords), inp_MemoryException);
@@ -94,9 +94,9 @@ TEST(inp_SetFixupVisitor, LeavesWhatComesBackUnchangedAsWritten)
   Listening visitor(model);
   visitor.VisitList(keywords);
   EXPECT_EQ(visitor.heard, "boundary|P-1.5||||node ||\n"
-                           "sectionprint|5|||||||\n"
+                           "sectionprint|5||||||\n"
                            "monitor|5|||||node|\n");
-  EXPECT_EQ(KeywordText(keywords.ConstGet(0)), "boundary : p-1 . 5|1|\"a b\"");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(0)), "boundary: p-1 . 5|1|\"a b\"");
   EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "sectionprint axes=LOCAL: P-1.5");
   EXPECT_EQ(keywords.ConstGet(2).GetParameterAsInt("node", 0), 5);
 }
@@ -110,13 +110,13 @@ TEST(inp_SetFixupVisitor, SingleFields)
   inpM_IdMap const ids;
   visitor.ReplaceIdOrSetSingleDatum(keyword, 0, 1, sets, ids);
   visitor.ReplaceIdSingleDatum(keyword, 0, 2, sets, ids);
-  EXPECT_EQ(KeywordText(keyword), "output : 1|A#E|7#E");
+  EXPECT_EQ(KeywordText(keyword), "output: 1|A#E|7#E");
   for (auto const& [row, column] : {std::pair{0, 3}, {1, 0}, {-1, 0}, {0, -1}, {0, 100}})
   {
     visitor.ReplaceIdOrSetSingleDatum(keyword, row, column, sets, ids);
     visitor.ReplaceIdSingleDatum(keyword, row, column, sets, ids);
   }
-  EXPECT_EQ(KeywordText(keyword), "output : 1|A#E|7#E");
+  EXPECT_EQ(KeywordText(keyword), "output: 1|A#E|7#E");
 }
 
 TEST(inp_NameFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
@@ -135,5 +135,5 @@ TEST(inp_NameFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
   EXPECT_EQ(ErrorsOf(visitor),
             "1 error: untitled: There are errors in the *spring data lines: No such name.\n"
             "2 error: untitled: There are errors in the *contactpair data lines: No such name.\n");
-  EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "contactpair : S|T|bad|O#O");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "contactpair: S|T|bad|O#O");
 }

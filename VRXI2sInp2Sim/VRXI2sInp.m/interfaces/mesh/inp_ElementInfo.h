@@ -11,10 +11,11 @@ struct inp_ElementInfo
   char const* name; ///< upper case
   std::int32_t minNodes;
   std::int32_t maxNodes;
+
+  /// The type of that name, whatever its case; null when there is none. O(log types), and no visitor
+  /// needs a table of its own.
+  static inp_ElementInfo const* elementInfo(cow_String const& type);
+
+  /// All types, by the number of their nodes.
+  static std::span<inp_ElementInfo const> AllTypes();
 };
-
-/// The type of that name, whatever its case; null when there is none.
-inp_ElementInfo const* inp_FindElementInfo(cow_String const& type);
-
-/// All types, by the number of their nodes.
-std::span<inp_ElementInfo const> inp_AllElementInfo();

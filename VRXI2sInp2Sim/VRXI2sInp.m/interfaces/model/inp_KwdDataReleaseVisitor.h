@@ -2,12 +2,12 @@
 
 #include "inp_Visitor.h"
 
-/// Frees the rows of *NODE, *ELEMENT, *NSET and *ELSET inside parts once the maps hold them, so that
-/// a large part does not stay in memory twice.
+/// Frees the rows of *NODE, *ELEMENT, *NSET and *ELSET inside parts once the maps hold them, so
+/// that a large part does not stay in memory twice.
 ///
-/// Each keyword gets an empty array of the kind that it has when expanded. Rows that another copy of
-/// the keyword shares go with that copy. Reports nothing; does nothing at all in a visitor that is to
-/// keep results fit for the Lumen pre-processor.
+/// Each keyword gets an empty array of the kind that it has when expanded. Rows that another copy
+/// of the keyword shares go with that copy. Reports nothing, and does nothing at all where results
+/// are to stay fit for the Lumen pre-processor.
 class inp_KwdDataReleaseVisitor : public inp_Visitor
 {
 public:

@@ -13,24 +13,24 @@
 ///                                                         *END PART        ...
 ///
 /// A keyword goes below the nearest open keyword that the keyword table allows it under; everything
-/// above that one is closed. *PART, *INSTANCE, *ASSEMBLY and *STEP are levels: nothing closes them but
-/// their own closing keywords, which stand beside them and not below, and the end of the deck. From
-/// the first *STEP on, only steps and *HEADING are taken at the top.
+/// that was opened behind that one is closed. *PART, *INSTANCE, *ASSEMBLY and *STEP are levels:
+/// nothing closes them but the end of the deck and their own closing keywords, which stand beside
+/// them and not below. From the first *STEP on, only steps and *HEADING are taken at the top.
 ///
 /// Needs:    expanded keywords. One that comes with suboptions keeps them as they are.
 /// Produces: the hierarchy, each keyword with the enumerator of the one above it in its `reserved`.
-/// Reports:  an error for each keyword that has no place, which is left out. A level's closing keyword
-///           without its opening one is out of place too. A *PART without a name is left out
-///           without a word, and so leaves no place for what it holds.
+/// Reports:  an error for each keyword that has no place, which is left out. A level's closing
+///           keyword without its opening one is out of place too. A *PART without a name is left
+///           out without a word, and so leaves no place for what it holds.
 ///
 /// Time is linear in the number of keywords: what moves is a handle, whatever rows hang on it. The
-/// depth is that of the table (assembly, instance, gap, friction, design variation); the lists of
-/// suboptions form no cycle.
+/// depth is bounded by the table, whose lists of suboptions form no cycle: the longest chain is
+/// assembly, instance, gap, friction, design variation.
 class inp_OrganizerVisitor : public inp_Visitor
 {
 public:
-  /// A deck that is not `featureEnhanced` may hold at the top whatever an assembly, an instance or a
-  /// part could hold.
+  /// A deck that is not `featureEnhanced` may hold at the top whatever an assembly, an instance or
+  /// a part could hold.
   explicit inp_OrganizerVisitor(bool featureEnhanced);
   inp_OrganizerVisitor(inp_OrganizerVisitor const&) = delete;
   inp_OrganizerVisitor& operator=(inp_OrganizerVisitor const&) = delete;
@@ -55,9 +55,9 @@ private:
   cow_String const& ParentNames(inp_KeywordEnm keyword);
 
   bool featureEnhanced;
-  cow_List<inp_Keyword> keywordStack;        ///< the open keywords, the root at the bottom
-  cow_List<omi_Set const*> suboptionStack;   ///< for each of them, what may stand below it
-  omi_Set m_topLevel;                        ///< before the first step
-  omi_Set m_topLevelOfSteps;                 ///< from the first step on
+  cow_List<inp_Keyword> keywordStack;                ///< the open keywords, the root at the bottom
+  cow_List<omi_Set const*> suboptionStack;           ///< for each of them, what may stand below it
+  omi_Set m_topLevel;                                ///< before the first step
+  omi_Set m_topLevelOfSteps;                         ///< from the first step on
   std::unordered_map<int, cow_String> m_parentNames; ///< texts of messages, made once a keyword
 };

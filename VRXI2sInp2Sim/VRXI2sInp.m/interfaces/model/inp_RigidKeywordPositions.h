@@ -5,8 +5,8 @@
 
 /// Where in a list the rigid body and the definition of one analytical surface stand.
 ///
-/// The first of each counts; a further one is a fatal error at the message sink, with the place that
-/// is given.
+/// The first of each counts; a further one is a fatal error at the message sink, with the place
+/// that is given.
 class inp_RigidKeywordPositions
 {
 public:

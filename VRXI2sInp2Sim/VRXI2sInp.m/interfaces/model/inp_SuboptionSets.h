@@ -9,8 +9,8 @@
 /// The suboption lists of inp_KeywordTable in a form that answers at once whether a keyword is in a
 /// list: the list of a level holds up to two hundred, and each keyword of a deck is asked for.
 ///
-/// Reached as thr_ThreadSingleton<inp_SuboptionSets>::Instance(); some 200 KB a thread that uses it,
-/// built at first use and constant afterwards.
+/// Reached as thr_ThreadSingleton<inp_SuboptionSets>::Instance(); some 200 KB a thread that uses
+/// it, built at first use and constant afterwards.
 class inp_SuboptionSets : public thr_ThreadSingletonBase<inp_SuboptionSets>
 {
 public:

@@ -2,17 +2,17 @@
 
 #include "cow_Btree.h"
 #include "cow_Map.h"
+#include "inpM_InstanceMap.h"
+#include "inpM_SetMap.h"
 #include "inp_MapInt2Element.h"
 #include "inp_PartContents.h"
 #include "inp_Visitor.h"
-#include "inpM_InstanceMap.h"
-#include "inpM_SetMap.h"
 
 /// Checks the rules that span keywords: what may share a part, at which level rigid bodies and
 /// analytical surfaces may be defined, and who refers to whom.
 ///
-///     inp_PartInventoryVisitor inventory(partElements, assemblyElements, partElsets, assemblyElsets);
-///     inventory.VisitList(keywords);         // a deck with parts only
+///     inp_PartInventoryVisitor inventory(partElements, instanceElements, partElsets, assyElsets);
+///     inventory.VisitList(keywords);         // only a deck with parts
 ///     inventory.CheckViolations();           // likewise
 ///     inventory.CheckOutOfPlace(keywords);
 ///     inventory.Report();
@@ -45,8 +45,8 @@ public:
   /// What the walk alone cannot tell. To be called once, behind it.
   void CheckViolations();
 
-  /// Parts, instances and assemblies that the deck opens and does not close. Steps are not asked for:
-  /// the end of the deck closes the last one.
+  /// Parts, instances and assemblies that the deck opens and does not close. Steps are not asked
+  /// for: the end of the deck closes the last one.
   void CheckOutOfPlace(cow_List<inp_Keyword> const& keywords);
 
   /// Two keywords of which the second ends what the first begins, with their names in messages.
@@ -58,9 +58,9 @@ public:
     char const* closingName;
   };
 
-  /// Adds to the count under the opening keyword's name one for each opening keyword at any depth of
-  /// the list, and takes one away for each closing keyword. Where that leaves a count above zero, it is
-  /// an error, with the place of an opening keyword that is not closed.
+  /// Adds to the count under the opening keyword's name one for each opening keyword at any depth
+  /// of the list, and takes one away for each closing keyword. Where that leaves a count above
+  /// zero, it is an error, with the place of an opening keyword that is not closed.
   void CountNodeElementKeywords(cow_List<inp_Keyword> const& keywords, KeywordPair const& pair,
                                 cow_Btree<cow_String, int>& counts);
 
@@ -122,8 +122,7 @@ void inp_PartInventoryVisitor::SayAt(atr_Origin const& place, atr_MessageRow<Pla
 }
 
 template <int Places, class... Arguments>
-void inp_PartInventoryVisitor::SayAt(inp_Keyword const& keyword,
-                                     atr_MessageRow<Places> const& row,
+void inp_PartInventoryVisitor::SayAt(inp_Keyword const& keyword, atr_MessageRow<Places> const& row,
                                      Arguments const&... arguments)
 {
   SayAt(inp_Utils::PlaceOf(keyword), row, arguments...);

@@ -41,6 +41,11 @@ public:
   bool HasRowContinuation(int) const override { return false; }
   inp_NodeDataArrayImpl* Copy() const override;
 
+  /// A whole row, for loops over all of them: the label, and the c_values reals of columns 1 to 6. The
+  /// index is not checked.
+  int Label(int i) const { return ids[i]; }
+  double const* RowValues(int i) const { return values[i]; }
+
   /// Writes the next row. The array does not grow: one row more than is written must be allocated.
   virtual void Append(int id, double x, double y, double z);
 

@@ -41,7 +41,7 @@ auto const& Sorted()
 
 } // namespace
 
-inp_ElementInfo const* inp_FindElementInfo(cow_String const& type)
+inp_ElementInfo const* inp_ElementInfo::elementInfo(cow_String const& type)
 {
   if (static_cast<std::size_t>(type.Length()) > c_longestName)
   {
@@ -54,4 +54,4 @@ inp_ElementInfo const* inp_FindElementInfo(cow_String const& type)
   return found != types.end() && (*found)->name == upper ? *found : nullptr;
 }
 
-std::span<inp_ElementInfo const> inp_AllElementInfo() { return c_types; }
+std::span<inp_ElementInfo const> inp_ElementInfo::AllTypes() { return c_types; }

@@ -1,6 +1,7 @@
 #include "VRXBasException.h"
 #include "inp_GenerationMessages.h"
 #include "inp_MeshMessages.h"
+#include "inp_RowFields.h"
 #include "inp_SetVisitorFaults.h"
 
 #include <cstddef>
@@ -12,16 +13,6 @@ constexpr int c_largestLabel = 999999999;
 constexpr std::size_t c_mostBytes = std::size_t{1} << 30;
 
 bool IsLabel(int id) { return id >= 1 && id <= c_largestLabel; }
-
-cow_String RowText(inp_DataArray const& data, int row)
-{
-  cow_String text;
-  for (int column = 0; column < data.Cols(row); ++column)
-  {
-    text.Append(column > 0 ? ", " : "").Append(data.AsString(row, column));
-  }
-  return text;
-}
 
 /// Puts the integers of a row in a list; false when a field is of another type.
 bool ReadIntegers(inp_DataArray const& data, int row, int from, cow_List<int>& integers,
@@ -76,7 +67,7 @@ inpM_SetHandle inp_SetVisitor::GenerateAssemblySet(inp_Keyword const& keyword, b
     }
     else
     {
-      Say(inp_msgGenerationDataMissing, keyword, SetKeywordName(), RowText(keyword.data, row));
+      Say(inp_msgGenerationDataMissing, keyword, SetKeywordName(), inp_RowText(keyword.data, row));
     }
   }
   SayFaults(keyword, faults);

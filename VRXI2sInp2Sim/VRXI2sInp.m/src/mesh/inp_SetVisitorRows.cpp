@@ -17,7 +17,14 @@ constexpr int c_longestLabel = 9;
 /// The instance that a deck without parts is turned into.
 constexpr char const* c_flatInstance = "PART-1-1";
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+char const* SkipBlanks(char const* text)
+{
+  while (*text == ' ' || *text == '\t' || *text == '\r')
+  {
+    ++text;
+  }
+  return text;
+}
 
 /// Reads digits up to the end of a cell or the blanks there; false for any other text.
 bool ReadDigits(char const* text, int& id)
@@ -27,21 +34,10 @@ bool ReadDigits(char const* text, int& id)
   {
     id = digits < c_longestLabel ? 10 * id + (*text - '0') : id;
   }
-  while (IsBlank(*text))
-  {
-    ++text;
-  }
-  return *text == '\0' && digits > 0 && digits <= c_longestLabel;
+  return *SkipBlanks(text) == '\0' && digits > 0 && digits <= c_longestLabel;
 }
 
-bool ReadPlainId(char const* cell, int& id)
-{
-  while (IsBlank(*cell))
-  {
-    ++cell;
-  }
-  return ReadDigits(cell, id);
-}
+bool ReadPlainId(char const* cell, int& id) { return ReadDigits(SkipBlanks(cell), id); }
 
 /// Calls onCell(row, column, text) for all cells; the text is null in data that are not kept as text.
 template <class OnCell>
@@ -193,6 +189,7 @@ private:
   bool ReadIdOfSameInstance(char const* cell)
   {
     int id = 0;
+    cell = SkipBlanks(cell);
     if (m_prefix.empty() || std::strncmp(cell, m_prefix.c_str(), m_prefix.size()) != 0 ||
         !ReadDigits(cell + m_prefix.size(), id))
     {
@@ -284,7 +281,7 @@ private:
     return true;
   }
 
-  /// A sorted set needs the members of another once only. A name that is not found stays new.
+  /// A sorted set needs the members of another once only, and a name that is missing is told once.
   bool IsAddedAlready(cow_String const& name)
   {
     return !m_set.IsUnsorted() && !m_added.insert(name).second;

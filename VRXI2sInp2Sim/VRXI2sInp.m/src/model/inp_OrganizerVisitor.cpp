@@ -31,8 +31,8 @@ inp_KeywordEnm CloserOf(inp_KeywordEnm keyword)
 
 bool IsCloser(inp_KeywordEnm keyword)
 {
-  return keyword == inp_kwEndPart || keyword == inp_kwEndInstance ||
-         keyword == inp_kwEndAssembly || keyword == inp_kwEndStep;
+  return keyword == inp_kwEndPart || keyword == inp_kwEndInstance || keyword == inp_kwEndAssembly ||
+         keyword == inp_kwEndStep;
 }
 
 void PrintDebug(char const* action, inp_Keyword const& keyword)
@@ -133,8 +133,7 @@ bool inp_OrganizerVisitor::HasPlaceOnTop(inp_Keyword const& keyword, bool levelC
 
 void inp_OrganizerVisitor::PushKeyword(inp_Keyword const& keyword)
 {
-  suboptionStack.Append(
-    &thr_ThreadSingleton<inp_SuboptionSets>::Instance().Below(keyword.keyword));
+  suboptionStack.Append(&thr_ThreadSingleton<inp_SuboptionSets>::Instance().Below(keyword.keyword));
   keywordStack.Append(keyword);
 }
 

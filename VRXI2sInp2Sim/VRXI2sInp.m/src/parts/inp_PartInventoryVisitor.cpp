@@ -29,7 +29,8 @@ ElementKind KindOf(std::string_view type)
   {
     return ElementKind::rigid;
   }
-  bool const isNeutral = std::find(std::begin(neutral), std::end(neutral), type) != std::end(neutral);
+  bool const isNeutral =
+    std::find(std::begin(neutral), std::end(neutral), type) != std::end(neutral);
   return isNeutral ? ElementKind::neutral : ElementKind::deformable;
 }
 
@@ -219,8 +220,7 @@ void inp_PartInventoryVisitor::CheckRigidBodyOfAssembly(inp_Keyword const& keywo
 void inp_PartInventoryVisitor::CheckReferencedPart(inp_Keyword const& keyword,
                                                    char const* parameter)
 {
-  cow_List<cow_String> const pieces =
-    inp_Utils::SplitScopedSet(ParameterText(keyword, parameter));
+  cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(ParameterText(keyword, parameter));
   if (pieces.Length() < 2)
   {
     return;
@@ -326,6 +326,5 @@ void inp_PartInventoryVisitor::VisitSurface(inp_Keyword& keyword)
 
 cow_String inp_PartInventoryVisitor::PartOf(cow_String const& instanceName) const
 {
-  return instanceParts.IsMember(instanceName) ? instanceParts.ConstGet(instanceName)
-                                              : cow_String();
+  return instanceParts.IsMember(instanceName) ? instanceParts.ConstGet(instanceName) : cow_String();
 }

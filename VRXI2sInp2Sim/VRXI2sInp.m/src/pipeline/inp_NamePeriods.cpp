@@ -37,9 +37,9 @@ NamingKeyword const* FindNaming(inp_KeywordEnm keyword)
     {inp_kwElcopy, "newset", "oldset"},
     {inp_kwNcopy, "newset", "oldset"},
   };
-  auto const found = std::find_if(std::begin(table), std::end(table),
-                                  [keyword](NamingKeyword const& row)
-                                  { return row.keyword == keyword; });
+  auto const found =
+    std::find_if(std::begin(table), std::end(table),
+                 [keyword](NamingKeyword const& row) { return row.keyword == keyword; });
   return found != std::end(table) ? &*found : nullptr;
 }
 
@@ -61,8 +61,8 @@ inp_Keyword const* inp_FindPeriodInNames(cow_List<inp_Keyword> const& list)
   for (inp_Keyword const& keyword : list)
   {
     NamingKeyword const* const naming = FindNaming(keyword.keyword);
-    if (naming != nullptr && (HasPeriod(keyword, naming->parameter) ||
-                              HasPeriod(keyword, naming->secondParameter)))
+    if (naming != nullptr &&
+        (HasPeriod(keyword, naming->parameter) || HasPeriod(keyword, naming->secondParameter)))
     {
       return &keyword;
     }

@@ -50,6 +50,18 @@ public:
     }
   }
 
+  /// The cell at a row and a column, when there is one.
+  template <class Fix>
+  void One(int row, int column, Fix const& fix)
+  {
+    if (row >= 0 && row < Rows())
+    {
+      int at = 0;
+      Row(
+        row, inp_Columns::All(), [&](char const*) { return at++ == column; }, fix);
+    }
+  }
+
   /// Row for every `step`-th row of [first, end).
   template <class Wants, class Fix>
   void EveryRow(int first, int end, int step, inp_Columns const& columns, Wants const& wants,
@@ -67,7 +79,7 @@ private:
   std::vector<inp_RawDataArrayImpl::NewCell> m_changed;
 };
 
-/// Stores a parameter's new text, unless it is the old one.
+/// Stores a parameter's new text, unless it is the old one. Its type is told anew.
 template <class Fix>
 void inp_RewriteParameter(inp_Keyword& keyword, cow_String const& name, Fix const& fix)
 {
@@ -80,6 +92,8 @@ void inp_RewriteParameter(inp_Keyword& keyword, cow_String const& name, Fix cons
   cow_String const fixed = fix(text);
   if (!(fixed == text))
   {
-    keyword.parameters.Insert(name, inp_Item(fixed));
+    inp_Item const told(fixed);
+    keyword.parameters.Insert(name,
+                              told.Type() != inp_Types::inp_NONE ? told : inp_Item::Text(fixed));
   }
 }

@@ -103,9 +103,9 @@ void inp_SetFixupVisitor::ReplaceIdOrSetSingleDatum(inp_Keyword& keyword, int ro
                                                     inpM_IdMap const& idMap)
 {
   inp_CellRewriter cells(keyword);
-  cells.EveryRow(
-    row, row + 1, 1, inp_Columns::Of(col), [this](char const* cell) { return MayChange(cell); },
-    [&](cow_String const& text) { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
+  cells.One(row, col,
+            [&](cow_String const& text)
+            { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
 }
 
 void inp_SetFixupVisitor::ReplaceIdSingleDatum(inp_Keyword& keyword, int row, int col,
@@ -115,7 +115,8 @@ void inp_SetFixupVisitor::ReplaceIdSingleDatum(inp_Keyword& keyword, int row, in
   {
     cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(text);
     cow_String const id = inp_Utils::IsScopedSetId(pieces) ? pieces.Last() : text;
-    if (!inp_Types::IsInteger(id.View()))
+    // Coordinates may stand where the node is not named: 1.5 is no node 5.
+    if (!inp_Types::IsInteger(id.View()) || inp_Types::IsDouble(text.View()))
     {
       return text;
     }
@@ -123,8 +124,7 @@ void inp_SetFixupVisitor::ReplaceIdSingleDatum(inp_Keyword& keyword, int row, in
     return fixed == id ? text : fixed;
   };
   inp_CellRewriter cells(keyword);
-  cells.EveryRow(
-    row, row + 1, 1, inp_Columns::Of(col), [](char const*) { return true; }, fix);
+  cells.One(row, col, fix);
 }
 
 void inp_SetFixupVisitor::ReplaceNodeOrNsetData(inp_Keyword& keyword, inp_Columns const& columns,
@@ -213,7 +213,7 @@ void inp_SetFixupVisitor::ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlac
 {
   auto const wants = [&](char const* cell)
   {
-    return MayChange(cell) && (!place.columns.IsAll() || !inp_RawDataArrayImpl::IsNoneCell(cell)) &&
+    return MayChange(cell) && !inp_RawDataArrayImpl::IsNoneCell(cell) &&
            (!place.isText || inp_RawDataArrayImpl::TypeOfCell(cell) == inp_Types::inp_STRING);
   };
   inp_CellRewriter cells(keyword);

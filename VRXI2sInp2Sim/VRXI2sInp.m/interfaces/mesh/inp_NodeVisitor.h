@@ -1,0 +1,129 @@
+#pragma once
+
+#include "gsl_Matrix.h"
+#include "inpM_InstanceMap.h"
+#include "inp_CoordMap.h"
+#include "inp_MapInt2Element.h"
+#include "inp_SetVisitor.h"
+
+/// Turns the node keywords of one part, or of the assembly level, into nodes and node sets.
+///
+/// Handles *NODE, *SYSTEM, *NGEN, *NFILL, *NCOPY, *NMAP and *NSET in deck order: a generator sees only
+/// what stands above it. Every other keyword is passed over.
+///
+/// Needs:    for *NSET with ELSET the element maps and element sets of the same level; empty ones do.
+/// Produces: nodes by user label, in the child of the map that has the name of the scope (the part,
+///           or else the instance; the map itself at assembly level), and node sets.
+/// Reports:  errors and warnings through inp_Visitor, each with its keyword's place. Where a fault ends
+///           its keyword, what was generated before stays; no set is made then. Never throws for a
+///           fault in the deck.
+///
+/// Lengths are in the deck's units, angles of the deck are degrees. Stored coordinates are rectangular
+/// and in the part's own system; nodes of an instance are read in its position and written back from
+/// there. Labels are 1 to 999999999: a generator that would leave this range stops.
+class inp_NodeVisitor : public inp_SetVisitor
+{
+public:
+  /// With `computeGeometry` false nodes are only numbered: labels and sets come out the same, all
+  /// coordinates are zero, and nothing is said of coordinates or of nodes that do not exist.
+  explicit inp_NodeVisitor(bool itComputesGeometry);
+  inp_NodeVisitor(inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
+                  inpM_SetMap const& itsElementSets, inpM_SetMap const& workingSets,
+                  bool itComputesGeometry);
+
+  inp_CoordMap const& GetCoordMap() const { return coordMap; }
+
+  void VisitNcopy(inp_Keyword& keyword) override;
+  void VisitNfill(inp_Keyword& keyword) override;
+  void VisitNgen(inp_Keyword& keyword) override;
+  void VisitNmap(inp_Keyword& keyword) override;
+  void VisitNode(inp_Keyword& keyword) override;
+  void VisitNset(inp_Keyword& keyword) override;
+  void VisitParticleGeneratorMixture(inp_Keyword& keyword) override;
+  void VisitSystem(inp_Keyword& keyword) override;
+
+  /// A point from three fields; those that are missing are 0.0. Counts from 0.
+  static gsl_Point ReadPointFromKeywordData(inp_Keyword const& keyword, int row, int column);
+
+protected:
+  cow_String KeywordName() const override { return "*NODE"; }
+  bool IsValidInstanceName(cow_String const& name) const override { return name == CurrentName(); }
+
+  /// The scope of nodes and elements; empty at assembly level.
+  cow_String const& CurrentName() const
+  {
+    return m_partName.Length() > 0 ? m_partName : m_instanceName;
+  }
+
+  /// The position of the node whose label a field gives; the origin when there is none.
+  gsl_Point ReadNodeFromKeywordData(inp_Keyword const& keyword, cow_String const& instanceName,
+                                    int row, int column) const;
+
+  /// The position goes where the current instance stands; the normal stays.
+  inp_Coord ApplyInstanceTransform(inp_Coord const& coord) const;
+  /// The way back, for the normal too: what is read in position is stored as it was.
+  inp_Coord UndoInstanceTransform(inp_Coord const& coord) const;
+
+  /// The arc from A to B about C: its radius, its angle, and three directions by which its points are
+  /// C + radius * (u cos + v sin). `w` is its axis and `e` the way from C to B. It runs counter-clockwise
+  /// about `normal`, once round when A is at B; the short way when `normal` is zero. False, with an
+  /// error, when there is no such arc; ends at unequal distances draw a warning.
+  bool CircleData(inp_Keyword const& keyword, gsl_Point const& a, gsl_Point const& b,
+                  gsl_Point const& c, gsl_Vector const& normal, double& radius, double& angle,
+                  gsl_Vector& u, gsl_Vector& v, gsl_Vector& w, gsl_Vector& e);
+
+  /// Directions have length 1.
+  static gsl_Vector ReflectVectorAboutLine(gsl_Vector const& vector, gsl_Vector const& direction);
+  static gsl_Vector ReflectVectorAboutPlane(gsl_Vector const& vector, gsl_Vector const& normal);
+  static gsl_Vector MatrixVectorMultiply3x3(double const (&matrix)[3][3], gsl_Vector const& vector);
+
+  inp_CoordMap coordMap;         ///< being filled
+  gsl_Matrix instanceTransform;  ///< position of the current instance; identity for a part
+  gsl_Matrix systemTransform;    ///< of the latest *SYSTEM
+  inpM_InstanceMap<gsl_Matrix> instancePositions; ///< for the walk over instances
+  inpM_InstanceMap<cow_String> instanceParts;     ///< for the walk over instances
+  inpM_InstanceMap<inp_MapInt2Element> elements;
+  inpM_SetMap elementSets;
+  bool hasAssemblySets = false; ///< sets are searched in the whole model, not in the scope alone
+  bool computeGeometry = true;
+  bool reportBlended = false;
+
+private:
+  struct Arc;
+  struct FillRow;
+  struct Motion;
+  struct Mapping;
+
+  /// The map of the scope; null, with an error, when there is no such part or instance.
+  inp_CoordMap* TargetMap(inp_Keyword const& keyword);
+  inpM_BaseSet const* FindNodeSet(inp_Keyword const& keyword, cow_String const& name);
+  void AddNodeSet(inp_Keyword const& keyword, char const* parameter, inpM_SetHandle const& set);
+  bool CheckLabel(inp_Keyword const& keyword, long long label);
+  bool CheckCount(inp_Keyword const& keyword, double count);
+  template <class Rows>
+  void ReadNodes(inp_Keyword const& keyword, Rows const& rows);
+  inp_Coord InSystem(inp_Coord coord, cow_String const& system) const;
+
+  bool GenerateRow(inp_Keyword const& keyword, int row, inp_CoordMap& map, cow_List<int>& labels);
+  bool ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap const& map, Arc& arc);
+  void CreateMissingNode(inp_Keyword const& keyword, inp_CoordMap& map, int label);
+
+  bool ReadFillRow(inp_Keyword const& keyword, int row, FillRow& fill);
+  bool FillBetweenSets(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap& map,
+                       cow_List<int>& labels);
+  bool CheckFillEnds(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap const& map,
+                     int a, int b, bool (&isReported)[2]);
+
+  bool ReadMotion(inp_Keyword const& keyword, inp_CoordMap const& map, Motion& motion);
+  bool ReadReflection(inp_Keyword const& keyword, Motion& motion);
+  bool ReadShift(inp_Keyword const& keyword, Motion& motion);
+
+  void ReadMapping(inp_Keyword const& keyword, cow_String const& type, Mapping& mapping);
+  void SetMappingAxes(inp_Keyword const& keyword, Mapping& mapping);
+
+  void AddNodesOfElements(inp_Keyword& keyword, cow_String const& name, bool internal);
+  bool AddNodesOfScope(inp_Keyword const& keyword, cow_String const& elset,
+                       cow_String const& scope, inpM_BaseSet& nodes);
+  bool AddNodesOfAssembly(inp_Keyword const& keyword, cow_String const& elset, inpM_BaseSet& nodes);
+  bool IsImportedWithoutElements(inp_Keyword const& keyword, cow_String const& instanceName);
+};

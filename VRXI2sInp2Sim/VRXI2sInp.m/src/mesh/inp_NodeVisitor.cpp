@@ -1,0 +1,321 @@
+#include "inp_NodeVisitor.h"
+
+#include "inp_MeshMessages.h"
+#include "inp_NodeDataArrayImpl.h"
+#include "inp_RecordMessages.h"
+#include "inp_RowFields.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr int c_largestLabel = 999999999;
+/// Some 4 GiB of nodes: what one keyword may generate at once.
+constexpr double c_mostGenerated = 50e6;
+
+gsl_Point PointOf(inp_Coord const& coord) { return {coord.x, coord.y, coord.z}; }
+
+void SetPoint(inp_Coord& coord, gsl_Point const& point)
+{
+  coord.x = point.X();
+  coord.y = point.Y();
+  coord.z = point.Z();
+}
+
+/// Rows that are numbers already.
+struct TypedRows
+{
+  inp_NodeDataArrayImpl const& rows;
+
+  int Label(int row) const { return rows.Label(row); }
+  cow_String LabelText(int row) const { return cow_String(Label(row)); }
+  void GetValues(int row, double (&values)[inp_NodeDataArrayImpl::c_values]) const
+  {
+    std::copy_n(rows.RowValues(row), inp_NodeDataArrayImpl::c_values, values);
+  }
+};
+
+/// Rows that could not be turned into numbers, or were never to be.
+struct TextRows
+{
+  inp_DataArray const& rows;
+
+  int Label(int row) const { return inp_IntField(rows, row, 0); }
+  cow_String LabelText(int row) const { return rows.AsString(row, 0); }
+  void GetValues(int row, double (&values)[inp_NodeDataArrayImpl::c_values]) const
+  {
+    for (int i = 0; i < inp_NodeDataArrayImpl::c_values; ++i)
+    {
+      values[i] = inp_RealField(rows, row, i + 1);
+    }
+  }
+};
+
+} // namespace
+
+inp_NodeVisitor::inp_NodeVisitor(bool itComputesGeometry) : computeGeometry(itComputesGeometry) {}
+
+inp_NodeVisitor::inp_NodeVisitor(inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
+                                 inpM_SetMap const& itsElementSets, inpM_SetMap const& workingSets,
+                                 bool itComputesGeometry)
+  : inp_SetVisitor(workingSets), elements(itsElements), elementSets(itsElementSets),
+    hasAssemblySets(!workingSets.IsEmpty()), computeGeometry(itComputesGeometry)
+{
+}
+
+inp_CoordMap* inp_NodeVisitor::TargetMap(inp_Keyword const& keyword)
+{
+  cow_String const& name = CurrentName();
+  if (name.Empty())
+  {
+    return &coordMap;
+  }
+  if (coordMap.IsMember(name))
+  {
+    return &coordMap.Get(name);
+  }
+  Say(inp_msgNodesOfUnknownInstance, keyword, name);
+  return nullptr;
+}
+
+void inp_NodeVisitor::AddNodeSet(inp_Keyword const& keyword, char const* parameter,
+                                 inpM_SetHandle const& set)
+{
+  if (keyword.HasParameter(parameter))
+  {
+    AddPartSet(keyword, NameParameter(keyword, parameter), set, false);
+  }
+}
+
+bool inp_NodeVisitor::CheckLabel(inp_Keyword const& keyword, long long label)
+{
+  bool const isLabel = label >= 1 && label <= c_largestLabel;
+  if (!isLabel)
+  {
+    Say(inp_msgGeneratedLabelOutOfRange, keyword, std::to_string(label).c_str());
+  }
+  return isLabel;
+}
+
+bool inp_NodeVisitor::CheckCount(inp_Keyword const& keyword, double count)
+{
+  if (count > c_mostGenerated)
+  {
+    Say(inp_msgTooManyNodesGenerated, keyword,
+        std::to_string(static_cast<long long>(std::min(count, 9e18))).c_str());
+  }
+  return count <= c_mostGenerated;
+}
+
+gsl_Point inp_NodeVisitor::ReadPointFromKeywordData(inp_Keyword const& keyword, int row, int column)
+{
+  return {inp_RealField(keyword.data, row, column), inp_RealField(keyword.data, row, column + 1),
+          inp_RealField(keyword.data, row, column + 2)};
+}
+
+gsl_Point inp_NodeVisitor::ReadNodeFromKeywordData(inp_Keyword const& keyword,
+                                                   cow_String const& instanceName, int row,
+                                                   int column) const
+{
+  int const label = inp_IntField(keyword.data, row, column);
+  bool const isOwn = instanceName.Empty();
+  if (!isOwn && !coordMap.IsMember(instanceName))
+  {
+    return {};
+  }
+  inp_CoordMap const& map = isOwn ? coordMap : coordMap.ConstGet(instanceName);
+  return PointOf(map.ConstGet(label, inp_Coord()));
+}
+
+inp_Coord inp_NodeVisitor::ApplyInstanceTransform(inp_Coord const& coord) const
+{
+  inp_Coord moved = coord;
+  gsl_Point point = PointOf(coord);
+  instanceTransform.Transform(point);
+  SetPoint(moved, point);
+  return moved;
+}
+
+inp_Coord inp_NodeVisitor::UndoInstanceTransform(inp_Coord const& coord) const
+{
+  inp_Coord moved = coord;
+  moved.Transform(instanceTransform.InverseRigidTransform());
+  return moved;
+}
+
+gsl_Vector inp_NodeVisitor::ReflectVectorAboutLine(gsl_Vector const& vector,
+                                                   gsl_Vector const& direction)
+{
+  return 2.0 * vector.DotProduct(direction) * direction - vector;
+}
+
+gsl_Vector inp_NodeVisitor::ReflectVectorAboutPlane(gsl_Vector const& vector,
+                                                    gsl_Vector const& normal)
+{
+  return vector - 2.0 * vector.DotProduct(normal) * normal;
+}
+
+gsl_Vector inp_NodeVisitor::MatrixVectorMultiply3x3(double const (&matrix)[3][3],
+                                                    gsl_Vector const& vector)
+{
+  double product[3];
+  for (int i = 0; i < 3; ++i)
+  {
+    product[i] =
+      matrix[i][0] * vector.X() + matrix[i][1] * vector.Y() + matrix[i][2] * vector.Z();
+  }
+  return {product[0], product[1], product[2]};
+}
+
+// *SYSTEM rows: xA, yA, zA, xB, yB, zB / xC, yC, zC. A is the origin, B lies on the x-axis and C on the
+// positive side of it in the xy-plane; without C the z-axis stays, without B the axes do.
+void inp_NodeVisitor::VisitSystem(inp_Keyword& keyword)
+{
+  systemTransform.FillIdentity();
+  if (keyword.data.Rows() == 0)
+  {
+    return;
+  }
+  gsl_Point const a = ReadPointFromKeywordData(keyword, 0, 0);
+  gsl_Point const b = ReadPointFromKeywordData(keyword, 0, 3);
+  systemTransform.SetTranslation(gsl_Vector(a));
+  bool const hasPlane = keyword.data.Rows() > 1;
+  if (!hasPlane && gsl_Vector(b) == gsl_Vector())
+  {
+    return;
+  }
+  gsl_Vector x(a, b);
+  gsl_Vector y;
+  gsl_Vector z(0.0, 0.0, 1.0);
+  if (!x.Normalize())
+  {
+    Say(inp_msgXAxisUndefined, keyword);
+  }
+  if (hasPlane)
+  {
+    y = gsl_Vector(a, ReadPointFromKeywordData(keyword, 1, 0));
+    if (!y.Normalize())
+    {
+      Say(inp_msgYAxisUndefined, keyword);
+    }
+    z = x.CrossProduct(y);
+    if (!z.Normalize())
+    {
+      Say(inp_msgXAndYAxesParallel, keyword);
+    }
+    y = z.CrossProduct(x);
+  }
+  else
+  {
+    y = z.CrossProduct(x);
+    if (!y.Normalize())
+    {
+      Say(inp_msgXAndZAxesParallel, keyword);
+    }
+    x = y.CrossProduct(z);
+  }
+  systemTransform.SetRotationVectors(x, y, z);
+}
+
+/// Turns components that a row gives in a coordinate system into those of the part, local system
+/// included. A node outside of a local system keeps its position bit for bit.
+inp_Coord inp_NodeVisitor::InSystem(inp_Coord coord, cow_String const& system) const
+{
+  if (system == "C")
+  {
+    coord.Cylindrical2Rectangular();
+  }
+  else if (system == "S")
+  {
+    coord.Spherical2Rectangular();
+  }
+  if (coord.nx != 0.0 || coord.ny != 0.0 || coord.nz != 0.0)
+  {
+    coord.NormalizePlusRotate(systemTransform);
+  }
+  if (!systemTransform.IsIdentity())
+  {
+    gsl_Point point = PointOf(coord);
+    systemTransform.Transform(point);
+    SetPoint(coord, point);
+    coord.ZeroSmallerThanTolerance();
+  }
+  return coord;
+}
+
+// *NODE row: label[, x, y, z[, nx, ny, nz]]
+void inp_NodeVisitor::VisitNode(inp_Keyword& keyword)
+{
+  if (auto const* const typed = dynamic_cast<inp_NodeDataArrayImpl const*>(&keyword.data.Impl()))
+  {
+    ReadNodes(keyword, TypedRows{*typed});
+  }
+  else
+  {
+    ReadNodes(keyword, TextRows{keyword.data});
+  }
+}
+
+template <class Rows>
+void inp_NodeVisitor::ReadNodes(inp_Keyword const& keyword, Rows const& rows)
+{
+  cow_String const system = keyword.GetParameterAsString("system", "R");
+  bool const isNamed = keyword.HasParameter("nset");
+  int const count = keyword.data.Rows();
+  inp_CoordMap* map = nullptr;
+  bool isMapKnown = false;
+  cow_List<int> labels;
+  for (int row = 0; row < count; ++row)
+  {
+    int const label = rows.Label(row);
+    if (label < 1)
+    {
+      continue;
+    }
+    double values[inp_NodeDataArrayImpl::c_values] = {};
+    if (computeGeometry)
+    {
+      rows.GetValues(row, values);
+    }
+    if (label > c_largestLabel)
+    {
+      Say(inp_msgNodeLabelTooLong, keyword, rows.LabelText(row));
+      continue;
+    }
+    if (!std::all_of(values, values + 6, [](double value) { return std::isfinite(value); }))
+    {
+      Say(inp_msgNodeCoordinatesInvalid, keyword, " " + rows.LabelText(row));
+      continue;
+    }
+    if (isNamed)
+    {
+      labels.Append(label);
+    }
+    if (!isMapKnown)
+    {
+      map = TargetMap(keyword);
+      isMapKnown = true;
+    }
+    if (map != nullptr)
+    {
+      inp_Coord const coord(values[0], values[1], values[2], values[3], values[4], values[5]);
+      map->Insert(label, computeGeometry ? InSystem(coord, system) : coord);
+    }
+  }
+  if (labels.Length() == 0)
+  {
+    return;
+  }
+  inpM_SetHandle const set = CreateSet(labels, false, false);
+  cow_String const name = NameParameter(keyword, "nset");
+  if (CurrentName().Empty())
+  {
+    AddAssySet(keyword, name, set, false);
+  }
+  else
+  {
+    AddPartSet(keyword, name, set, false);
+  }
+}

@@ -15,8 +15,8 @@ drv_CrashContext& drv_TheCrashContext();
 
 /// Catches what would end the process without words: a bad list index, an uncaught exception, the
 /// signals of a crash (a stack that is used up among them). A closed pipe and a file that grows too
-/// large become errors of writing. Also opens what the caller closed of the three standard descriptors, so that no file of
-/// ours takes their numbers. To be called first.
+/// large become errors of writing. Also opens what the caller closed of the three standard
+/// descriptors, so that no file of ours takes their numbers. To be called first.
 void drv_RaiseCrashBarrier();
 
 /// Says what failed, and where; ends the program. May be called from a signal handler.

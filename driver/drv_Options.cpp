@@ -216,7 +216,8 @@ void Reader::AddOutput(CLI::App* command)
   command
     ->add_option(
       "-o,--output", m_options.outputFile,
-      "write to this file, which appears whole or not at\nall, and not to standard output")
+      "write to this file, which appears whole or not at\nall, and not to standard output, which "
+      "is '-'")
     ->option_text("FILE");
 }
 
@@ -288,6 +289,10 @@ void Reader::Complete()
   m_options.stage = static_cast<drv_stageEnm>(stage - c_stages.begin());
   m_options.jsonDiagnostics = m_diagnostics == "json";
   m_options.colored = !m_options.jsonDiagnostics && IsColorWanted(m_color);
+  if (m_options.outputFile == "-")
+  {
+    m_options.outputFile.clear();
+  }
   m_options.includePath = m_include;
   if (m_include.empty())
   {

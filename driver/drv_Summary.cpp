@@ -180,14 +180,14 @@ std::string CountsOf(std::map<std::string, int> const& counts)
   return text;
 }
 
-std::string JoinedNames(cow_List<cow_String> const& words)
+drv_Words WordsOf(cow_List<cow_String> const& names)
 {
-  drv_Words list;
-  for (cow_String const& word : words)
+  drv_Words words;
+  for (cow_String const& name : names)
   {
-    list.emplace_back(word.View());
+    words.emplace_back(name.View());
   }
-  return drv_Joined(list);
+  return words;
 }
 
 std::string Size(long long bytes)
@@ -221,6 +221,25 @@ std::string Row(std::string const& label, int number, std::string const& detail 
 std::string RowUnlessNone(std::string const& label, int number, std::string const& detail = "")
 {
   return number == 0 ? "" : Row(label, number, detail);
+}
+
+std::string RowUnlessNone(std::string const& label, drv_Words const& names)
+{
+  return RowUnlessNone(label, static_cast<int>(names.size()), drv_Joined(names));
+}
+
+/// Of the reader and of the expansion. A file that both miss is one file.
+drv_Words MissingFiles(inp_InputFile const& model)
+{
+  drv_Words missing = WordsOf(model.readerFacts.missingIncludeFiles);
+  for (std::string const& file : WordsOf(model.expansionFacts.missingIncludeFiles))
+  {
+    if (std::find(missing.begin(), missing.end(), file) == missing.end())
+    {
+      missing.push_back(file);
+    }
+  }
+  return missing;
 }
 
 std::string Steps(std::vector<Step> const& steps)
@@ -280,14 +299,12 @@ std::string drv_Summary(drv_Job& job)
   inp_InputFile const& model = job.Model();
   Census census;
   Count(model.keywords, census);
-  inp_InputFile::ReaderFacts const& facts = model.readerFacts;
-  int const included = facts.includedFiles.Length();
-  int const missing = facts.missingIncludeFiles.Length();
 
   std::string text = drv_Printable(model.inputFileName.View(), c_columns - 30) + ": " +
-                     Form(census) + ", " + Size(facts.bytesRead) + "\n\n";
-  text += RowUnlessNone("Include files", included, JoinedNames(facts.includedFiles));
-  text += RowUnlessNone("Missing files", missing, JoinedNames(facts.missingIncludeFiles));
+                     Form(census) + ", " + Size(model.readerFacts.bytesRead) + "\n\n";
+  text += RowUnlessNone("Include files", WordsOf(model.readerFacts.includedFiles));
+  text += RowUnlessNone("Data files", WordsOf(model.expansionFacts.includedFiles));
+  text += RowUnlessNone("Missing files", MissingFiles(model));
   text += Row("Keywords", census.keywords, Plural(static_cast<int>(census.kinds.size()), "kind"));
   text += RowUnlessNone("Parts", census.Of(inp_kwPart));
   text += RowUnlessNone("Instances", census.Of(inp_kwInstance));

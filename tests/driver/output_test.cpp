@@ -89,6 +89,13 @@ TEST_F(Output, PrintGivesDeckTextThatPrintsTheSame)
   EXPECT_EQ(Run({"print", "--stage", "parse", "again.inp"}).out, run.out);
 }
 
+TEST_F(Output, AHyphenIsStandardOutput)
+{
+  files.Write("deck.inp", "*HEADING\nNEW\n");
+  EXPECT_EQ(Run({"print", "deck.inp", "-o", "-"}), (ProgramRun{0, "*heading\nNEW\n", ""}));
+  EXPECT_FALSE(std::filesystem::exists(files.Path("-")));
+}
+
 TEST_F(Output, AFileAppearsWholeAndKeepsItsPermissions)
 {
   files.Write("deck.inp", "*HEADING\nNEW\n");

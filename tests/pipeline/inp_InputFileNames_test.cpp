@@ -91,7 +91,7 @@ TEST(inp_InputFileNames, TheAssemblysNameGoesFromNamesOfTheModel)
                      "*STEP, NAME=S\n"
                      "*BOUNDARY\nAssy.P-1.S, 1\nOther.S, 1\nP-1.S, 1\nASSY, 1\n"
                      "*DSLOAD\nAssy.TOP, P, 1.\n"
-                     "*NODE OUTPUT, NSET=Assy.P-1.S\nU\n*END STEP\n"),
+                     "*OUTPUT, FIELD\n*NODE OUTPUT, NSET=Assy.P-1.S\nU\n*END STEP\n"),
             "part name=P\n"
             "nset nset=S: 1\n"
             "endpart\n"
@@ -105,6 +105,7 @@ TEST(inp_InputFileNames, TheAssemblysNameGoesFromNamesOfTheModel)
             "step name=S\n"
             "boundary: P-1.S|1 / Other.S|1 / P-1.S|1 / ASSY|1\n"
             "dsload: TOP|P|1.\n"
+            "output field\n"
             "nodeoutput nset=P-1.S: U\n"
             "endstep\n");
 }

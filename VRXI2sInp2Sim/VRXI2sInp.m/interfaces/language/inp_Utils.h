@@ -6,6 +6,8 @@
 #include "cow_String.h"
 #include "inpM_OmiSet.h"
 
+#include <string_view>
+
 class inp_DataArray;
 class inp_Keyword;
 
@@ -43,6 +45,8 @@ public:
   static cow_String TakeOutSpacesOutsideQuoted(cow_String const& text);
   /// The same, in upper case outside the quotes.
   static cow_String TakeOutSpacesAndUpperOutsideQuoted(cow_String const& text);
+  /// The same, of a text that is no cow_String.
+  static cow_String CleanedText(std::string_view text);
   /// Characters that the two functions above would keep of the text, up to its first line feed.
   static int LengthWithoutSpaces(char const* text);
 

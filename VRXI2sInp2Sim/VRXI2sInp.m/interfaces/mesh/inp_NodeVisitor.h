@@ -111,6 +111,8 @@ private:
   bool ReadFillRow(inp_Keyword const& keyword, int row, FillRow& fill);
   bool FillBetweenSets(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap& map,
                        cow_List<int>& labels);
+  bool FillBetweenNodes(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap& map, int a,
+                        int b, cow_List<int>& labels);
   bool CheckFillEnds(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap const& map,
                      int a, int b, bool (&isReported)[2]);
 

@@ -46,6 +46,9 @@ public:
   bool HasRowContinuation(int i) const override;
   inp_ElementDataArrayImpl* Copy() const override;
 
+  /// The cells of a row, Cols(i) of them, for readers of many rows.
+  int const* RowCells(int i) const { return rows[i]; }
+
 private:
   inp_ElementDataArrayImpl(inp_ElementDataArrayImpl const& other);
   inp_ElementDataArrayImpl& operator=(inp_ElementDataArrayImpl const&) = delete;

@@ -42,7 +42,7 @@ int DivideFrom(char* text, char const* end, int columns)
   return columns;
 }
 
-cow_String Trimmed(char const* from)
+std::string_view Trimmed(char const* from)
 {
   while (*from == ' ' || *from == '\t')
   {
@@ -53,7 +53,7 @@ cow_String Trimmed(char const* from)
   {
     --to;
   }
-  return cow_String(from, static_cast<int>(to - from));
+  return {from, static_cast<std::size_t>(to - from)};
 }
 
 template <class T>
@@ -387,10 +387,13 @@ cow_String inp_RawDataArrayImpl::AsString(int i, int j) const { return TextOfCel
 
 cow_String inp_RawDataArrayImpl::TextOfCell(char const* cell)
 {
-  return inp_Utils::TakeOutSpacesAndUpperOutsideQuoted(Trimmed(cell));
+  return inp_Utils::CleanedText(Trimmed(cell));
 }
 
-cow_String inp_RawDataArrayImpl::AsStringVerbatim(int i, int j) const { return Trimmed(Cell(i, j)); }
+cow_String inp_RawDataArrayImpl::AsStringVerbatim(int i, int j) const
+{
+  return cow_String(Trimmed(Cell(i, j)));
+}
 
 void inp_RawDataArrayImpl::Set(int i, int j, cow_String const& text)
 {

@@ -47,18 +47,19 @@ cow_String ReplaceUnquotedPeriods(cow_String const& name, char by)
   {
     return name;
   }
-  cow_String result;
+  char buffer[c_longestItem];
+  int length = 0;
   WalkQuoted(name.View(),
              [&](char c, bool quoted)
              {
                char const kept = c == '.' && !quoted ? by : c;
                if (kept != '\0')
                {
-                 result.Append(kept);
+                 buffer[length++] = kept;
                }
-               return result.Length() < c_longestItem;
+               return length < c_longestItem;
              });
-  return result;
+  return cow_String(buffer, length);
 }
 
 /// Writes what stays of a text without the spaces outside quotes to `put`, a character at a time.
@@ -77,11 +78,11 @@ void WalkWithoutSpaces(std::string_view text, Put put)
 }
 
 template <class Change>
-cow_String TakeOutSpaces(cow_String const& text, Change change)
+cow_String TakeOutSpaces(std::string_view text, Change change)
 {
   char buffer[c_longestItem + 1];
   int length = 0;
-  WalkWithoutSpaces(text.View(),
+  WalkWithoutSpaces(text,
                     [&](char c, bool quoted)
                     {
                       VRXBasAssert(length < c_longestItem, "length < sizeof(buffer) - 1");
@@ -180,13 +181,18 @@ cow_String inp_Utils::ReplaceUnquotedPeriodWithUnderscore(cow_String const& name
 
 cow_String inp_Utils::TakeOutSpacesOutsideQuoted(cow_String const& text)
 {
-  return TakeOutSpaces(text, [](char c) { return c; });
+  return TakeOutSpaces(text.View(), [](char c) { return c; });
 }
 
 cow_String inp_Utils::TakeOutSpacesAndUpperOutsideQuoted(cow_String const& text)
 {
+  return CleanedText(text.View());
+}
+
+cow_String inp_Utils::CleanedText(std::string_view text)
+{
   return TakeOutSpaces(text, [](char c)
-                       { return static_cast<char>(std::toupper(static_cast<unsigned char>(c))); });
+                       { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
 }
 
 int inp_Utils::LengthWithoutSpaces(char const* text)

@@ -8,62 +8,76 @@
 namespace
 {
 
-/// Where a node lies between its two ends: the part of the way from A to B.
-struct Weights
+/// Position and components of the normal; the latter need not have length 1.
+struct Place
 {
-  double ofA;
-  double ofB;
+  gsl_Vector position;
+  gsl_Vector normal;
+
+  Place(gsl_Vector const& itsPosition, gsl_Vector const& itsNormal)
+    : position(itsPosition), normal(itsNormal)
+  {
+  }
+  explicit Place(inp_Coord const& coord)
+    : position(coord.x, coord.y, coord.z), normal(coord.nx, coord.ny, coord.nz)
+  {
+  }
+
+  bool HasNormal() const { return gsl_Vector(normal).Normalize(); }
+
+  inp_Coord Node(bool withNormal) const
+  {
+    inp_Coord node(position.X(), position.Y(), position.Z());
+    if (withNormal)
+    {
+      node.AttachNormalComponents(normal.X(), normal.Y(), normal.Z());
+    }
+    return node;
+  }
 };
 
-inp_Coord Between(inp_Coord const& a, inp_Coord const& b, Weights const& weights,
-                  bool hasNormal)
+Place operator*(Place const& place, double factor)
 {
-  auto const mean = [&](double atA, double atB) { return weights.ofA * atA + weights.ofB * atB; };
-  inp_Coord node(mean(a.x, b.x), mean(a.y, b.y), mean(a.z, b.z));
-  if (hasNormal)
-  {
-    node.AttachNormalComponents(mean(a.nx, b.nx), mean(a.ny, b.ny), mean(a.nz, b.nz));
-  }
-  return node;
+  return {place.position * factor, place.normal * factor};
 }
-
-bool HasNormal(inp_Coord const& coord)
+Place operator+(Place const& p, Place const& q)
 {
-  return gsl_Vector(coord.nx, coord.ny, coord.nz).Normalize();
+  return {p.position + q.position, p.normal + q.normal};
 }
-
-Weights Mean(Weights const& p, Weights const& q, double ofQ)
+Place operator-(Place const& p, Place const& q)
 {
-  return {p.ofA * (1.0 - ofQ) + q.ofA * ofQ, p.ofB * (1.0 - ofQ) + q.ofB * ofQ};
+  return {p.position - q.position, p.normal - q.normal};
 }
 
 /// Corner and midside nodes of elements that shrink towards a singular end with the square of the
-/// distance; the midside node next to that end goes to the quarter point.
-std::vector<Weights> SingularWeights(int intervals, int singularEnd)
+/// distance; the midside node next to that end stands at the quarter point. Goes on while `store` does.
+template <class Store>
+bool StoreToSingularEnd(Place const& a, Place const& b, int intervals, int singularEnd,
+                        Store const& store)
 {
-  std::vector<Weights> weights;
-  int const elements = intervals / 2;
-  Weights previous{1.0, 0.0};
-  for (int i = 1; i <= elements; ++i)
+  int const count = intervals / 2;
+  Place previous = a;
+  for (int i = 1; i <= count; ++i)
   {
-    double const r = static_cast<double>(i) / elements;
-    double const way = singularEnd == 1 ? r * r : 1.0 - (1.0 - r) * (1.0 - r);
-    Weights const corner{1.0 - way, way};
-    double const ofCorner = i == 1 && singularEnd == 1          ? 0.25
-                            : i == elements && singularEnd == 2 ? 0.75
-                                                                : 0.5;
-    weights.push_back(Mean(previous, corner, ofCorner));
-    if (i != elements)
+    double const r = static_cast<double>(i) / count;
+    double const fromEnd = singularEnd == 2 ? 1.0 - r : r;
+    double const way = fromEnd * fromEnd;
+    Place const corner = singularEnd == 2 ? b - (b - a) * way : a + (b - a) * way;
+    double const ofCorner = i == 1 && singularEnd == 1       ? 0.25
+                            : i == count && singularEnd == 2 ? 0.75
+                                                             : 0.5;
+    if (!store(previous * (1.0 - ofCorner) + corner * ofCorner) || (i != count && !store(corner)))
     {
-      weights.push_back(corner);
+      return false;
     }
     previous = corner;
   }
-  return weights;
+  return true;
 }
 
-/// Intervals whose lengths fall from one to the next by a factor, or with two steps every second time.
-std::vector<Weights> BiasedWeights(int intervals, double bias, bool hasTwoSteps)
+/// Where the nodes between the ends lie, as parts of the way: the intervals become shorter from one to
+/// the next by a factor, or with two steps every second time.
+std::vector<double> BiasedParts(int intervals, double bias, bool hasTwoSteps)
 {
   std::vector<double> ends;
   double sum = 0.0;
@@ -74,13 +88,20 @@ std::vector<Weights> BiasedWeights(int intervals, double bias, bool hasTwoSteps)
     ends.push_back(sum);
     term = hasTwoSteps && i % 2 == 0 ? term : term / bias;
   }
-  std::vector<Weights> weights;
-  for (int i = 0; i + 1 < intervals; ++i)
+  ends.pop_back();
+  for (double& end : ends)
   {
-    double const way = ends[static_cast<std::size_t>(i)] / sum;
-    weights.push_back({1.0 - way, way});
+    end /= sum;
   }
-  return weights;
+  return ends;
+}
+
+template <class Store>
+bool StoreBetween(Place const& a, Place const& b, std::vector<double> const& parts,
+                  Store const& store)
+{
+  return std::all_of(parts.begin(), parts.end(), [&](double part)
+                     { return store(a * (1.0 - part) + b * part); });
 }
 
 } // namespace
@@ -93,7 +114,8 @@ struct inp_NodeVisitor::FillRow
   int pairs = 0;
   int intervals = 0;
   int step = 1;
-  std::vector<Weights> weights; ///< of the nodes between the ends, from A to B
+  int singularEnd = 0;       ///< 1 or 2; 0 for none
+  std::vector<double> parts; ///< see BiasedParts; for rows without a singular end
 };
 
 inpM_BaseSet const* inp_NodeVisitor::FindNodeSet(inp_Keyword const& keyword, cow_String const& name)
@@ -191,10 +213,12 @@ bool inp_NodeVisitor::ReadFillRow(inp_Keyword const& keyword, int row, FillRow& 
   int const step = inp_IntField(data, row, 3);
   fill.step = step != 0 ? step : 1;
   double const bias = keyword.GetParameterAsDouble("bias", 0.0);
-  fill.weights =
-    isSingular ? SingularWeights(fill.intervals, keyword.GetParameterAsInt("singular", 1))
-               : BiasedWeights(fill.intervals, bias != 0.0 ? bias : 1.0,
-                               keyword.HasParameter("twostep"));
+  fill.singularEnd = keyword.GetParameterAsInt("singular", 0);
+  if (!isSingular)
+  {
+    fill.parts =
+      BiasedParts(fill.intervals, bias != 0.0 ? bias : 1.0, keyword.HasParameter("twostep"));
+  }
   return true;
 }
 
@@ -241,21 +265,35 @@ bool inp_NodeVisitor::FillBetweenSets(inp_Keyword const& keyword, FillRow const&
     {
       continue;
     }
-    long long label = a;
-    inp_Coord const coordA = computeGeometry ? map.ConstGet(a) : inp_Coord();
-    inp_Coord const coordB = computeGeometry ? map.ConstGet(b) : inp_Coord();
-    bool const hasNormal = HasNormal(coordA) || HasNormal(coordB);
-    for (Weights const& weights : fill.weights)
+    if (!FillBetweenNodes(keyword, fill, map, a, b, labels))
     {
-      label += fill.step;
-      if (!CheckLabel(keyword, label))
-      {
-        return false;
-      }
-      inp_Coord const node = UndoInstanceTransform(Between(coordA, coordB, weights, hasNormal));
-      map.Insert(static_cast<int>(label), computeGeometry ? node : inp_Coord());
-      labels.Append(static_cast<int>(label));
+      return false;
     }
   }
   return true;
+}
+
+bool inp_NodeVisitor::FillBetweenNodes(inp_Keyword const& keyword, FillRow const& fill,
+                                       inp_CoordMap& map, int a, int b, cow_List<int>& labels)
+{
+  Place const placeA(computeGeometry ? map.ConstGet(a) : inp_Coord());
+  Place const placeB(computeGeometry ? map.ConstGet(b) : inp_Coord());
+  bool const hasNormal = placeA.HasNormal() || placeB.HasNormal();
+  long long label = a;
+  auto const store = [&](Place const& place)
+  {
+    label += fill.step;
+    if (!CheckLabel(keyword, label))
+    {
+      return false;
+    }
+    map.Insert(static_cast<int>(label), computeGeometry
+                                          ? UndoInstanceTransform(place.Node(hasNormal))
+                                          : inp_Coord());
+    labels.Append(static_cast<int>(label));
+    return true;
+  };
+  return fill.singularEnd != 0
+           ? StoreToSingularEnd(placeA, placeB, fill.intervals, fill.singularEnd, store)
+           : StoreBetween(placeA, placeB, fill.parts, store);
 }

@@ -9,6 +9,7 @@
 #include "drv_Words.h"
 #include "inp_ExpansionRules.h"
 #include "inp_KeywordTable.h"
+#include "inp_ReferencePlaces.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -182,6 +183,35 @@ std::string ParameterLines(inp_KeywordEnm keyword)
   return text;
 }
 
+/// Words over as many lines as they need, those behind the first indented.
+std::string Wrapped(std::string const& text, std::size_t indent)
+{
+  std::string lines;
+  std::string line = text;
+  while (line.size() > c_columns)
+  {
+    std::size_t const blank = line.rfind(' ', c_columns);
+    std::size_t const at = blank == std::string::npos || blank <= indent ? c_columns : blank;
+    lines += line.substr(0, at) + "\n";
+    line = std::string(indent, ' ') + line.substr(std::min(at + 1, line.size()));
+  }
+  return lines + line + "\n";
+}
+
+/// Where the keyword names something, a place a line.
+std::string ReferenceLines(inp_KeywordEnm keyword)
+{
+  std::string text;
+  for (inp_ReferencePlace const& place : inp_ReferencePlaces(keyword))
+  {
+    std::string line = "    " + std::string(inp_NamedThings(place.what)) + " in ";
+    line += inp_PlaceWords(place).View();
+    cow_String const when = inp_ConditionWords(place);
+    text += Wrapped(when.Empty() ? line : line + " if " + std::string(when.View()), 6);
+  }
+  return text.empty() ? text : "  names\n" + text;
+}
+
 std::string Description(inp_KeywordEnm keyword)
 {
   constexpr std::size_t indent = 16;
@@ -192,7 +222,8 @@ std::string Description(inp_KeywordEnm keyword)
     Paragraph("stands below", indent, parents.Empty() ? drv_Words{"nothing"} : ShownNames(parents));
   text += Paragraph("holds", indent, below.Empty() ? drv_Words{"nothing"} : ShownNames(below));
   std::string const parameters = ParameterLines(keyword);
-  return text + (parameters.empty() ? "  parameters    none\n" : "  parameters\n" + parameters);
+  text += parameters.empty() ? "  parameters    none\n" : "  parameters\n" + parameters;
+  return text + ReferenceLines(keyword);
 }
 
 // ---- for programs

@@ -189,6 +189,20 @@ TEST_F(Diagnostics, ASummaryFollowsUnlessQuiet)
   EXPECT_EQ(Run({"check", "--quiet", "deck.inp"}).out, "");
 }
 
+TEST_F(Diagnostics, TheSummaryNamesTheFilesOfTheDeck)
+{
+  files.Write("more.inp", "*NODE, INPUT=nodes.dat\n");
+  files.Write("nodes.dat", "1, 0.0\n");
+  files.Write("deck.inp", "*INCLUDE, INPUT=more.inp\n*INCLUDE, INPUT=lost.inp\n"
+                          "*AMPLITUDE, NAME=A, INPUT=lost.inp\n*AMPLITUDE, NAME=B, INPUT=b.dat\n");
+  std::string const expected = "  Include files             1   more.inp\n"
+                               "  Data files                1   nodes.dat\n"
+                               "  Missing files             2   lost.inp, b.dat\n"
+                               "  Keywords                  3   2 kinds\n";
+  std::string const summary = Run({"check", "deck.inp"}).out;
+  EXPECT_NE(summary.find(expected), std::string::npos) << summary;
+}
+
 TEST_F(Diagnostics, TimingsNameTheStages)
 {
   std::string const text = Of("*NODE\n", {"--timings", "--stage", "expand"});

@@ -29,7 +29,9 @@ TEST_F(Language, ShowsOneKeywordByAnyOfItsNames)
                               "  parameters\n"
                               "    DEPENDENCIES\n"
                               "    POREFLUID\n"
-                              "    SLURRY\n";
+                              "    SLURRY\n"
+                              "  names\n"
+                              "    distributions in field 1 of line 1\n";
   for (std::vector<std::string> const& name : std::vector<std::vector<std::string>>{
          {"density"}, {"*DENSITY"}, {"dens"}, {"* Den sity"}, {"*DEN", "SITY"}})
   {
@@ -48,6 +50,21 @@ TEST_F(Language, ShowsTheWordsThatAParameterTakes)
                       "    FIXEDINTERVAL\n"),
             std::string::npos)
     << text;
+}
+
+TEST_F(Language, ShowsWhereOtherThingsAreNamed)
+{
+  std::string const text = Run({"language", "fastener"}).out;
+  EXPECT_NE(
+    text.find("  names\n"
+              "    nodes or node sets in REFERENCENODESET\n"
+              "    elements or element sets in ELSET\n"
+              "    surfaces in fields 1 to 8 of every line, but for a first line that begins\n"
+              "      with a real number\n"
+              "    orientations in ORIENTATION\n"),
+    std::string::npos)
+    << text;
+  EXPECT_EQ(Run({"language", "node"}).out.find("  names"), std::string::npos);
 }
 
 TEST_F(Language, RefusesNamesThatStandForNoneOrSeveral)

@@ -9,6 +9,7 @@
 
 #include "VRXBasException.h"
 #include "inp_DataArray.h"
+#include "inp_MapInt2Element.h"
 #include "inp_NodeDataArrayImpl.h"
 #include "inp_ParserExceptions.h"
 
@@ -124,6 +125,20 @@ TEST(inp_ElementDataArrayImpl, ElementsStandInTheOrderOfTheMap)
   for (int i = 0; i < rows.Rows(); ++i)
     ids += i > 0 && rows.HasRowContinuation(i - 1) ? "" : std::to_string(rows.AsInt(i, 0)) + " ";
   EXPECT_EQ(ids, expected);
+}
+
+TEST(inp_ElementDataArrayImpl, TakesTheElementsThatAListNames)
+{
+  inp_MapInt2Element elements;
+  for (int id : {3, 5, 9})
+    elements.Insert(id, inp_Element("C3D", Nodes(id == 5 ? 17 : 1), 1, 0, 0));
+  cow_List<int> ids;
+  for (int id : {9, 4, 5, 3, 9})
+    ids.Append(id);
+  EXPECT_EQ(Text(inp_ElementDataArrayImpl(ids, elements)),
+            "9 101 / 5 101 102 103 104 105 106 107 108 109 110 111 112 113 114 115 0 / 116 117 / "
+            "3 101 / 9 101");
+  EXPECT_EQ(inp_ElementDataArrayImpl(cow_List<int>(), elements).Rows(), 0);
 }
 
 TEST(inp_ElementDataArrayImpl, CellsAreIntegersOrBlank)

@@ -45,7 +45,13 @@ public:
   /// so memory must be readable (whatever it holds) for 16 bytes behind the line.
   void AppendLine(char const* line, std::size_t length);
 
+  void Clear();
   void RemoveLastRow();
+  /// Moves a row of `other` to the end of this array. What is left there has no columns and must not
+  /// be read.
+  void TakeRow(inp_RawDataArrayImpl& other, int row);
+  /// The row as the line that it was made of.
+  cow_String Line(int i) const;
 
   /// A text for a column.
   struct NewCell

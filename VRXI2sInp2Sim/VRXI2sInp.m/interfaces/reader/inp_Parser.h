@@ -7,6 +7,7 @@
 #include "cow_String.h"
 #include "inp_Item.h"
 #include "inp_Keyword.h"
+#include "inp_RawDataArrayImpl.h"
 
 /// Reads one deck file, with the files that it includes, into a flat list of keywords in file order.
 ///
@@ -51,7 +52,8 @@ public:
   cow_List<cow_String> const& GetMissingIncludeFiles() const { return m_missingIncludeFiles; }
 
   /// Data lines that stand above the first keyword, includes followed.
-  cow_List<cow_String> const& GetSkippedDataLines() const { return m_skippedDataLines; }
+  cow_List<cow_String> GetSkippedDataLines() const { return SkippedDataLines(); }
+  int NumberSkippedDataLines() const { return m_skippedDataLines.Rows(); }
   /// Line number in the top file of the first of them, 0 when there is none.
   int FirstSkippedLine() const { return m_firstSkippedLine; }
   /// Bytes read from this file and those below.
@@ -84,13 +86,14 @@ private:
   void ReadData(inp_Keyword& keyword);
   bool RefusesLine(inp_Keyword const& keyword, char const* line, bool isText);
   void SkipToNextKeyword(bool collect);
-  cow_List<cow_String> SkippedDataLines() const { return m_skippedDataLines; }
+  cow_List<cow_String> SkippedDataLines() const;
 
   cow_List<inp_Keyword> IncludeFile(inp_Keyword const& includeKeyword, bool strict);
   cow_String FindIncludeFile(cow_String const& name);
   void ReadLineRange(inp_Keyword const& includeKeyword, int& startLine, int& endLine);
   void MergeFrom(inp_Parser const& child);
-  void TakeUpSkippedLines(inp_Parser const& child);
+  void TakeUpSkippedLines(inp_Parser& child);
+  bool TakeUpSkippedLine(inp_RawDataArrayImpl& lines, int row);
   void TakeUpFollowingLines(cow_List<inp_Keyword>& included);
   void AppendToLast(cow_List<inp_Keyword>& keywords, char const* line);
 
@@ -116,7 +119,7 @@ private:
   double m_decryptSeconds = 0.0;
   cow_List<inp_Keyword> m_keywords;
   cow_List<cow_String> m_includeChain;
-  cow_List<cow_String> m_skippedDataLines;
+  inp_RawDataArrayImpl m_skippedDataLines; ///< as rows, ready to go on with a keyword
   cow_List<cow_String> m_includedFiles;
   cow_List<cow_String> m_missingIncludeFiles;
   cow_List<cow_String> m_pendingComments;

@@ -179,6 +179,15 @@ inp_RawDataArrayImpl::inp_RawDataArrayImpl(inp_RawDataArrayImpl const& other)
 
 inp_RawDataArrayImpl::~inp_RawDataArrayImpl() { Free(); }
 
+void inp_RawDataArrayImpl::Clear()
+{
+  Free();
+  nrows = 0;
+  m_capacity = 0;
+  m_rows = nullptr;
+  ncols = nullptr;
+}
+
 void inp_RawDataArrayImpl::Free()
 {
   for (int i = 0; i < nrows; ++i)
@@ -248,6 +257,31 @@ void inp_RawDataArrayImpl::Append(char const* line) { AppendText(line, std::strl
 void inp_RawDataArrayImpl::AppendRaw(char const* line)
 {
   AddRow(NewBlock(line, std::strlen(line)), 1);
+}
+
+void inp_RawDataArrayImpl::TakeRow(inp_RawDataArrayImpl& other, int row)
+{
+  VRXBasAssert(row >= 0 && row < other.nrows, "i >= 0 && i < nrows");
+  if (nrows == m_capacity)
+  {
+    Grow();
+  }
+  m_rows[nrows] = other.m_rows[row];
+  ncols[nrows] = other.ncols[row];
+  ++nrows;
+  other.m_rows[row] = nullptr;
+  other.ncols[row] = 0;
+}
+
+cow_String inp_RawDataArrayImpl::Line(int i) const
+{
+  cow_String line;
+  char const* cell = RowText(i);
+  for (int column = 0; column < ncols[i]; ++column, cell += std::strlen(cell) + 1)
+  {
+    line.Append(column > 0 ? "," : "").Append(cell);
+  }
+  return line;
 }
 
 void inp_RawDataArrayImpl::RemoveLastRow()

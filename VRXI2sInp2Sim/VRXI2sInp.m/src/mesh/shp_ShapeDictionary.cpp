@@ -125,7 +125,7 @@ shp_Shape const* shp_ShapeDictionary::GetShape(cow_String const& type)
                                          {shp_triangle6, 6, false, true, c_sides6},
                                          {shp_quad8, 8, false, true, c_sides8},
                                          {shp_quad8, 9, false, true, c_sides9}};
-  inp_ElementInfo const* const info = inp_FindElementInfo(type);
+  inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(type);
   if (info == nullptr)
   {
     return nullptr;

@@ -16,7 +16,7 @@ void inp_InputFile::Parse(cow_String fileName)
                     0, 0);
   keywords = parser.Parse(true);
   readerFacts = {parser.GetIncludedFiles(), parser.GetMissingIncludeFiles(),
-                 parser.GetSkippedDataLines().Length(), parser.FirstSkippedLine(),
+                 parser.NumberSkippedDataLines(), parser.FirstSkippedLine(),
                  parser.TotalBytes()};
 
   wip_WIP& sink = omi_Singleton<wip_WIP>::Instance();

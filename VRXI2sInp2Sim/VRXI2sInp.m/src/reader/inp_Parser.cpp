@@ -89,7 +89,6 @@ inp_Parser::inp_Parser(cow_String const& fileName, cow_String const& directoryNa
     m_keepData(keepData),
     m_keywords(cow_ListConstruct(), c_expectedKeywords),
     m_includeChain(includeChain),
-    m_skippedDataLines(cow_ListConstruct(), c_expectedKeywords),
     m_rawSource(rawSource),
     m_startLine(startLine),
     m_endLine(endLine),
@@ -179,7 +178,7 @@ bool inp_Parser::IsOutsideLimits() const
 
 void inp_Parser::SkipToNextKeyword(bool collect)
 {
-  if (collect && m_skippedDataLines.Length() > 0)
+  if (collect && m_skippedDataLines.Rows() > 0)
   {
     m_skippedDataLines.Clear();
   }
@@ -201,9 +200,19 @@ void inp_Parser::SkipToNextKeyword(bool collect)
     else if (collect && m_keepData)
     {
       m_firstSkippedLine = m_firstSkippedLine == 0 ? m_lineNumber : m_firstSkippedLine;
-      m_skippedDataLines.Append(cow_String(line, m_length));
+      m_skippedDataLines.AppendLine(line, static_cast<std::size_t>(m_length));
     }
   }
+}
+
+cow_List<cow_String> inp_Parser::SkippedDataLines() const
+{
+  cow_List<cow_String> lines;
+  for (int row = 0; row < m_skippedDataLines.Rows(); ++row)
+  {
+    lines.Append(m_skippedDataLines.Line(row));
+  }
+  return lines;
 }
 
 // ---- the file ----

@@ -178,27 +178,27 @@ void inp_Parser::MergeFrom(inp_Parser const& child)
   m_totalBytes += child.m_totalBytes;
 }
 
-/// Data lines at the head of the included file go on with the keyword before the *INCLUDE.
-void inp_Parser::TakeUpSkippedLines(inp_Parser const& child)
+/// Data lines at the head of the included file go on with the keyword before the *INCLUDE. A whole
+/// mesh may come this way, so rows change hands and are not made again.
+void inp_Parser::TakeUpSkippedLines(inp_Parser& child)
 {
-  cow_List<cow_String> const lines = child.SkippedDataLines();
+  inp_RawDataArrayImpl& lines = child.m_skippedDataLines;
   if (m_keywords.Length() == 0)
   {
-    if (lines.Length() > 0 && m_firstSkippedLine == 0)
+    if (lines.Rows() > 0 && m_firstSkippedLine == 0)
     {
       m_firstSkippedLine = m_keywordLine;
     }
-    m_skippedDataLines.Concatenate(lines);
+    for (int row = 0; row < lines.Rows(); ++row)
+    {
+      m_skippedDataLines.TakeRow(lines, row);
+    }
     return;
   }
   int added = 0;
-  for (cow_String const& line : lines)
+  for (int row = 0; row < lines.Rows(); ++row)
   {
-    if (m_keepData && !IsComment(line.CStr()))
-    {
-      AppendToLast(m_keywords, line.CStr());
-      ++added;
-    }
+    added += TakeUpSkippedLine(lines, row);
   }
   if (added > 0 && child.m_hasPassword)
   {
@@ -211,6 +211,21 @@ void inp_Parser::TakeUpSkippedLines(inp_Parser const& child)
                                   << child.m_fileName << "\".\n";
     pnt_debugPrint().EndDebug();
   }
+}
+
+bool inp_Parser::TakeUpSkippedLine(inp_RawDataArrayImpl& lines, int row)
+{
+  inp_Keyword const& keyword = m_keywords.Last();
+  if (!m_keepData || IsComment(lines.RowText(row)))
+  {
+    return false;
+  }
+  // Only a line of one item can hold one that is too long.
+  if (lines.Cols(row) > 1 || !RefusesLine(keyword, lines.RowText(row), true))
+  {
+    static_cast<inp_RawDataArrayImpl&>(keyword.data.Impl()).TakeRow(lines, row);
+  }
+  return true;
 }
 
 /// Data lines below the *INCLUDE go on with the last keyword so far.
@@ -242,7 +257,7 @@ void inp_Parser::TakeUpFollowingLines(cow_List<inp_Keyword>& included)
     else
     {
       m_firstSkippedLine = m_firstSkippedLine == 0 ? m_lineNumber : m_firstSkippedLine;
-      m_skippedDataLines.Append(cow_String(line));
+      m_skippedDataLines.AppendLine(line, static_cast<std::size_t>(m_length));
     }
   }
 }

@@ -3,6 +3,7 @@
 #include "VRXBasException.h"
 #include "inp_DataArray.h"
 #include "inp_MapInt2Element.h"
+#include "inp_MapInt2Element.h"
 #include "inp_Numbers.h"
 #include "inp_ParserExceptions.h"
 #include "inp_RawDataArrayImpl.h"
@@ -177,13 +178,16 @@ void inp_ElementDataArrayImpl::AddRow(int columns)
 }
 
 template <class Nodes>
-void inp_ElementDataArrayImpl::AddElement(int id, int nodeCount, Nodes node)
+/// `node` gives the label of the node at a place.
+template <class Node>
+void inp_ElementDataArrayImpl::AddElement(int id, int nodeCount, Node const& node)
 {
-  int left = nodeCount;
+  int given = 0;
   int limit = c_nodesInFirstRow;
   do
   {
-    bool const isFirst = left == nodeCount;
+    bool const isFirst = given == 0;
+    int const left = nodeCount - given;
     int const count = std::min(left, limit);
     AddRow(isFirst + count + (left > limit));
     int* cell = rows[nrows - 1];
@@ -193,16 +197,14 @@ void inp_ElementDataArrayImpl::AddElement(int id, int nodeCount, Nodes node)
     }
     for (int i = 0; i < count; ++i)
     {
-      *cell++ = *node;
-      ++node;
+      *cell++ = node(given++);
     }
     if (left > limit)
     {
       *cell = 0;
     }
-    left -= count;
     limit = c_nodesInRow;
-  } while (left > 0);
+  } while (given < nodeCount);
 }
 
 void inp_ElementDataArrayImpl::CheckIndex(int i, int j) const

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "inpM_InstanceMap.h"
+#include "inpM_SetMap.h"
+#include "inp_CoordMap.h"
+#include "inp_ElementFamily.h"
+#include "inp_MapInt2Element.h"
+#include "inp_Visitor.h"
+
+/// Makes the nodes that elements imply and no keyword lists: those of the layers of layered elements,
+/// each where its bottom node is, and the midside nodes of quadratic gaskets.
+///
+///     inp_NodeGenerationVisitor nodes(coords, elements, elementSets, true, false, true, "");
+///     nodes.VisitListAndReport(keywords);
+///     nodes.GetCoordMap();
+///
+/// Needs:    the elements that inp_ElementVisitor made of the same keywords, and the nodes of the level.
+/// Produces: the nodes with those added. A node that exists stays as it is. Midside nodes get labels
+///           above those of the part, which are written into the elements, in the table that others
+///           share.
+/// Reports:  errors with the keyword's place; the walk goes on.
+class inp_NodeGenerationVisitor : public inp_Visitor
+{
+public:
+  /// Without `checkNodes` elements have no connectivity, and nothing is made. In a `restartJob` an old
+  /// set or a master may belong to the earlier job, and one that is missing is passed over. `inParts`:
+  /// the walk is over the keywords of parts, and else over those of instances. `partName` is where the
+  /// walk begins; empty for a deck with parts.
+  inp_NodeGenerationVisitor(inp_CoordMap const& coords,
+                            inpM_InstanceMap<inp_MapInt2Element> const& elementMap,
+                            inpM_SetMap const& elementSetMap, bool checkNodes, bool restartJob,
+                            bool inParts, cow_String const& partName);
+
+  void setLumenCompatible(bool isCompatible) { lumenCompatible = isCompatible; }
+  bool LumenCompatible() const { return lumenCompatible; }
+
+  inp_CoordMap const& GetCoordMap() const { return coordMap; }
+
+  void Visit(inp_Keyword& keyword) override;
+  void DefaultAction(inp_Keyword&) override {}
+  void VisitElcopy(inp_Keyword& keyword) override;
+  void VisitElement(inp_Keyword& keyword) override;
+  void VisitElgen(inp_Keyword& keyword) override;
+  void VisitInstance(inp_Keyword& keyword) override;
+  void VisitPart(inp_Keyword& keyword) override;
+  virtual bool IsValidInstanceName(cow_String const& name) const { return name == CurrentName(); }
+
+protected:
+  /// The largest label of a part or an instance, 0 for one without nodes.
+  int FindMaxNodeLabel(cow_String const& name) const;
+
+  /// The weights of the corners (-1,-1), (1,-1), (1,1), (-1,1) and of the midside nodes behind each, at a
+  /// point of a quadrilateral with eight nodes.
+  void BiquadraticInterpolator(double const& r, double const& s, double* weights) const;
+
+  /// Puts the nodes 17 and 18, as far as they are new, into the middle of both faces of a gasket.
+  void GenerateGasketGK3D18MidsideNodes(inp_CoordMap& coords, int const* nodes, bool isFirstNew,
+                                        bool isSecondNew) const;
+  /// The point (r, s) of a face of which `nodes` are the eight nodes; false when one of them is missing.
+  bool GenerateGasketGK3D18MidsideNodes(inp_CoordMap const& coords, int const* nodes, double r,
+                                        double s, inp_Coord& point) const;
+
+  /// The set, or null with a message.
+  inpM_BaseSet const* CheckExistenceOfSet(inp_Keyword const& keyword, cow_String const& name);
+
+  cow_String const& CurrentName() const
+  {
+    return m_partName.Length() > 0 ? m_partName : m_instanceName;
+  }
+
+  inp_CoordMap coordMap;
+  inpM_InstanceMap<inp_MapInt2Element> elements;
+  inpM_SetMap elementSets;
+  int nextLabel; ///< of a midside node, once it is raised
+
+private:
+  using ShortRow = atr_MessageRow<2>;
+
+  bool IsInScope() const;
+  void BeginScope();
+  void CompleteElement(inp_Keyword const& keyword, int label, ShortRow const& tooFewNodes);
+  void AddMidsideNodes(inp_Keyword const& keyword, int label, inp_Element& element,
+                       inp_CoordMap& coords);
+  int NewLabel(inp_CoordMap const& coords);
+  void AddLayers(inp_Keyword const& keyword, inp_Element const& element,
+                 inp_ElementFamily const& family, inp_CoordMap& coords,
+                 ShortRow const& tooFewNodes);
+
+  bool m_checksNodes;
+  bool m_isRestart;
+  bool m_isInParts;
+  bool lumenCompatible = false;
+};

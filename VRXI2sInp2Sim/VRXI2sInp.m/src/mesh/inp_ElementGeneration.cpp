@@ -1,0 +1,123 @@
+#include "inp_ElementGeneration.h"
+
+#include "inp_ElementInfo.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int c_nodesOfElbowSection = 2;
+
+bool IsElbow(inp_Element const& element) { return element.type().View().starts_with("ELBOW"); }
+
+bool HasOrientationNode(inp_Element const& element)
+{
+  std::string_view const type = element.type().View();
+  if (!type.starts_with("B") && !type.starts_with("PIPE"))
+  {
+    return false;
+  }
+  inp_ElementInfo const* const info = inp_FindElementInfo(element.type());
+  return info != nullptr && element.numNodesPerElement() > info->minNodes;
+}
+
+} // namespace
+
+int inp_ElementGeneration::Read(inp_DataArray const& data, int row)
+{
+  int const fields = std::min(data.Cols(row), c_fields);
+  for (int field = 0; field < fields; ++field)
+  {
+    inp_Types::typeEnm const type = data.Type(row, field);
+    if (type == inp_Types::inp_NONE)
+    {
+      continue;
+    }
+    if (type != inp_Types::inp_INTEGER)
+    {
+      return field + 1;
+    }
+    int const value = data.AsInt(row, field);
+    int const direction = (field - 1) / 3;
+    if (field == 0)
+    {
+      master = value;
+    }
+    else
+    {
+      ((field - 1) % 3 == 0   ? counts
+       : (field - 1) % 3 == 1 ? nodeShifts
+                              : elementShifts)[direction] = value;
+    }
+  }
+  counts[1] = std::max<std::int64_t>(counts[1], 1);
+  counts[2] = std::max<std::int64_t>(counts[2], 1);
+  return 0;
+}
+
+// Fields have nine digits, so that each product is below 10^18 and their sums fit.
+inp_ElementGeneration::Range inp_ElementGeneration::Reach(
+  std::int64_t const (&shifts)[c_directions], std::int64_t start) const
+{
+  Range range{start, start};
+  for (int direction = 0; direction < c_directions; ++direction)
+  {
+    std::int64_t const end = (counts[direction] - 1) * shifts[direction];
+    (end < 0 ? range.lowest : range.highest) += end;
+  }
+  return range;
+}
+
+inp_ElementGeneration::Range inp_ElementGeneration::Labels() const
+{
+  return Reach(elementShifts, master);
+}
+
+inp_ElementGeneration::Range inp_ElementGeneration::NodeShift() const
+{
+  return Reach(nodeShifts, 0);
+}
+
+bool inp_ElementGeneration::IsTooLarge() const
+{
+  return counts[0] * counts[1] > c_mostElements / counts[2];
+}
+
+bool inp_IsBlankRow(inp_DataArray const& data, int row)
+{
+  int const columns = data.Cols(row);
+  return columns == 0 || (columns == 1 && data.IsNone(row, 0));
+}
+
+int inp_MovableNodesInGeneration(inp_Element const& element, bool allNodes)
+{
+  int const nodes = element.numNodesPerElement();
+  int const fixed = IsElbow(element)              ? (allNodes ? 0 : c_nodesOfElbowSection)
+                    : HasOrientationNode(element) ? 1
+                                                  : 0;
+  return std::max(nodes - fixed, 0);
+}
+
+int inp_MovableNodesInCopy(inp_Element const& element)
+{
+  return std::max(element.numNodesPerElement() - (IsElbow(element) ? c_nodesOfElbowSection : 0), 0);
+}
+
+bool inp_ShiftNodes(inp_Element& element, int count, std::int64_t shift)
+{
+  int* const nodes = element.topology();
+  for (int i = 0; i < count; ++i)
+  {
+    std::int64_t const node = nodes[i] + shift;
+    if (nodes[i] > 0 && (node < 1 || node > inp_ElementGeneration::c_largestLabel))
+    {
+      return false;
+    }
+  }
+  for (int i = 0; i < count; ++i)
+  {
+    nodes[i] += nodes[i] > 0 ? static_cast<int>(shift) : 0;
+  }
+  return true;
+}

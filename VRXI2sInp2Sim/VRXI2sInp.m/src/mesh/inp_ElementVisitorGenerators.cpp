@@ -1,0 +1,233 @@
+#include "inp_ElementGeneration.h"
+#include "inp_ElementMessages.h"
+#include "inp_ElementReflection.h"
+#include "inp_ElementVisitor.h"
+#include "inp_MeshMessages.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr std::int64_t c_largestLabel = inp_ElementGeneration::c_largestLabel;
+
+bool IsLabel(std::int64_t label) { return label >= 1 && label <= c_largestLabel; }
+
+cow_String LabelText(std::int64_t label)
+{
+  return cow_String(std::string_view(std::to_string(label)));
+}
+
+bool IsIntegerParameter(inp_Keyword const& keyword, char const* name)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind(name);
+  return item != nullptr && item->Type() == inp_Types::inp_INTEGER;
+}
+
+inp_Element const* FindElement(inp_MapInt2Element const& map, int label)
+{
+  return map.GetEltPtr(label);
+}
+
+/// The smallest and the largest of the nodes that move; 1 and 0 when none does.
+inp_ElementGeneration::Range RangeOfNodes(inp_Element const& element, int movable)
+{
+  inp_ElementGeneration::Range range{c_largestLabel + 1, 0};
+  for (int i = 0; i < movable; ++i)
+  {
+    std::int64_t const node = element.topology()[i];
+    if (node > 0)
+    {
+      range.lowest = std::min(range.lowest, node);
+      range.highest = std::max(range.highest, node);
+    }
+  }
+  return range;
+}
+
+} // namespace
+
+// *ELGEN row: master, count, node shift, element shift, and the last three again for the second and
+// for the third direction.
+void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword)
+{
+  cow_List<int> labels;
+  for (int row = 0; row < keyword.data.Rows(); ++row)
+  {
+    inp_ElementGeneration generation;
+    if (inp_IsBlankRow(keyword.data, row))
+    {
+      continue;
+    }
+    if (int const field = generation.Read(keyword.data, row); field > 0)
+    {
+      Say(inp_msgGenerationItemNotInteger, keyword, field);
+      continue;
+    }
+    if (generation.counts[0] >= 1 && !GenerateElements(keyword, generation, labels))
+    {
+      return;
+    }
+  }
+  cow_String const setName = NameParameter(keyword, "elset");
+  if (setName.Length() > 0 && labels.Length() > 0)
+  {
+    AddElementSet(keyword, setName, labels);
+  }
+}
+
+/// The labels are known to be good before anything is made. False stops the keyword.
+bool inp_ElementVisitor::CheckGeneration(inp_Keyword const& keyword,
+                                         inp_ElementGeneration const& generation)
+{
+  inp_ElementGeneration::Range const range = generation.Labels();
+  if (range.highest > c_largestLabel)
+  {
+    Say(inp_msgLargestElementNumber, keyword);
+    return false;
+  }
+  if (generation.IsTooLarge())
+  {
+    Say(inp_msgTooManyElementsGenerated, keyword,
+        LabelText(inp_ElementGeneration::c_mostElements), cow_String(generation.master));
+    return false;
+  }
+  return true;
+}
+
+bool inp_ElementVisitor::GenerateElements(inp_Keyword const& keyword,
+                                          inp_ElementGeneration const& generation,
+                                          cow_List<int>& labels)
+{
+  if (!CheckGeneration(keyword, generation))
+  {
+    return false;
+  }
+  inp_MapInt2Element& target = CurrentElements();
+  inp_Element const* const master = FindElement(target, generation.master);
+  if (master == nullptr)
+  {
+    if (computeConnectivity)
+    {
+      Say(inp_msgMasterElementUndefined, keyword, generation.master);
+    }
+    return true;
+  }
+  if (generation.Labels().lowest < 1)
+  {
+    Say(inp_msgGeneratedElementOutOfRange, keyword, LabelText(generation.Labels().lowest));
+    return true;
+  }
+  int const movable = inp_MovableNodesInGeneration(*master, keyword.HasParameter("allnodes"));
+  inp_ElementGeneration::Range const nodes = RangeOfNodes(*master, movable);
+  inp_ElementGeneration::Range const shift = generation.NodeShift();
+  if (computeConnectivity && nodes.highest > 0 &&
+      (nodes.lowest + shift.lowest < 1 || nodes.highest + shift.highest > c_largestLabel))
+  {
+    Say(inp_msgGeneratedNodesOutOfRange, keyword, cow_String(generation.master));
+    return true;
+  }
+  generation.ForEach(
+    [&](int label, std::int64_t nodeShift)
+    {
+      labels.Append(label);
+      if (label == generation.master)
+      {
+        return;
+      }
+      inp_Element* const element =
+        computeConnectivity ? inp_Element::Make(*master) : new inp_Element;
+      if (computeConnectivity)
+      {
+        inp_ShiftNodes(*element, movable, nodeShift);
+      }
+      target.InsertPtr(label, element);
+    });
+  return true;
+}
+
+inpM_BaseSet const* inp_ElementVisitor::CheckExistenceOfOldSet(inp_Keyword const& keyword,
+                                                               cow_String const& name)
+{
+  cow_String place = CurrentName();
+  bool const isSearched =
+    !hasAssemblySets || sets.SearchAssemblyAndInstancesForSet(name, place);
+  inpM_BaseSet const* const set = isSearched ? sets.ConstFindNestedSet(place, name) : nullptr;
+  if (set == nullptr)
+  {
+    Say(inp_msgElementSetMissing, keyword, name);
+  }
+  return set;
+}
+
+// *ELCOPY has no rows.
+void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
+{
+  cow_String const oldName = NameParameter(keyword, "oldset");
+  if (oldName.Empty() || !IsIntegerParameter(keyword, "elementshift") ||
+      !IsIntegerParameter(keyword, "shiftnodes"))
+  {
+    Say(inp_msgElementCopyParametersMissing, keyword);
+    return;
+  }
+  inpM_BaseSet const* const oldSet = CheckExistenceOfOldSet(keyword, oldName);
+  if (oldSet == nullptr)
+  {
+    return;
+  }
+  std::int64_t const elementShift = keyword.GetParameterAsInt("elementshift", 0);
+  int const nodeShift = keyword.GetParameterAsInt("shiftnodes", 0);
+  inp_MapInt2Element& target = CurrentElements();
+  cow_List<int> labels;
+  cow_List<int> const members = oldSet->ConstGetIds();
+  for (int const label : members)
+  {
+    if (computeConnectivity && !target.IsMember(label))
+    {
+      continue;
+    }
+    std::int64_t const newLabel = label + elementShift;
+    if (!IsLabel(newLabel))
+    {
+      Say(inp_msgGeneratedElementOutOfRange, keyword, LabelText(newLabel));
+      return;
+    }
+    if (!CopyElement(keyword, target, label, static_cast<int>(newLabel), nodeShift, labels))
+    {
+      return;
+    }
+  }
+  cow_String const newName = NameParameter(keyword, "newset");
+  if (newName.Length() > 0 && labels.Length() > 0)
+  {
+    AddPartSet(keyword, newName, CreateSet(labels, false, false), false);
+  }
+}
+
+/// False stops the keyword.
+bool inp_ElementVisitor::CopyElement(inp_Keyword const& keyword, inp_MapInt2Element& target,
+                                     int label, int newLabel, int nodeShift, cow_List<int>& labels)
+{
+  inp_Element const* const old = FindElement(target, label);
+  if (!computeConnectivity || old == nullptr)
+  {
+    target.InsertPtr(newLabel, new inp_Element);
+    labels.Append(newLabel);
+    return true;
+  }
+  inp_Element copy(*old);
+  if (!inp_ShiftNodes(copy, inp_MovableNodesInCopy(copy), nodeShift))
+  {
+    Say(inp_msgGeneratedNodesOutOfRange, keyword, cow_String(label));
+    return false;
+  }
+  std::span<int> const nodes(copy.topology(), static_cast<std::size_t>(copy.numNodesPerElement()));
+  if (keyword.HasParameter("reflect") && !inp_ReflectNodes(copy.type(), nodes))
+  {
+    Say(inp_msgReflectionUnknown, keyword, copy.type());
+    return false;
+  }
+  target.InsertPtr(newLabel, inp_Element::Make(copy));
+  labels.Append(newLabel);
+  return true;
+}

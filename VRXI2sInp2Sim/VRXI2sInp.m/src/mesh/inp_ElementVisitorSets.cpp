@@ -1,0 +1,128 @@
+#include "inp_ElementMessages.h"
+#include "inp_ElementVisitor.h"
+#include "inp_MeshMessages.h"
+
+inpM_SetHandle inp_ElementVisitor::ReadAssyElsetIdsAndSetNames(inp_Keyword const& keyword,
+                                                               cow_String const& name,
+                                                               bool internal, bool unsorted)
+{
+  return ReadAssemblyIdsAndSetNamesAccumulate(sets, keyword, name, internal, unsorted);
+}
+
+// *ELSET rows: ids and names of sets; with GENERATE first, last[, step].
+void inp_ElementVisitor::VisitElset(inp_Keyword& keyword)
+{
+  cow_String const name = NameParameter(keyword, "elset");
+  if (name.Empty())
+  {
+    Say(inp_msgElsetNameRequired, keyword);
+    return;
+  }
+  ProcessInstanceParameter(keyword);
+  bool const internal = keyword.HasParameter("internal");
+  bool const unsorted = keyword.HasParameter("unsorted");
+  bool const generates = keyword.HasParameter("generate");
+  if (CurrentSetScope().Empty())
+  {
+    AddAssySet(keyword, name,
+               generates
+                 ? GenerateAssemblySetAccumulate(sets, keyword, name, internal, unsorted)
+                 : ReadAssyElsetIdsAndSetNames(keyword, name, internal, unsorted),
+               true);
+    return;
+  }
+  AddPartSet(keyword, name,
+             generates
+               ? GenerateSetAccumulate(keyword, name, internal, unsorted)
+               : ReadIdsAndSetNamesAccumulate(keyword, name, internal, unsorted, hasAssemblySets),
+             true);
+}
+
+void inp_ElementVisitor::VisitUserElement(inp_Keyword& keyword)
+{
+  cow_String type = NameParameter(keyword, "type");
+  if (type.Empty())
+  {
+    Say(inp_msgUserElementTypeRequired, keyword);
+    return;
+  }
+  if (!keyword.HasParameter("nodes"))
+  {
+    Say(inp_msgUserElementNodesRequired, keyword);
+    return;
+  }
+  int const nodes = keyword.GetParameterAsInt("nodes", 0);
+  if (nodes < 1)
+  {
+    Say(inp_msgUserElementNodesNotPositive, keyword);
+    return;
+  }
+  type.LeftTrim(" \t").RightTrim(" \t").ToUpper();
+  userElementNodes.Insert(type, nodes);
+}
+
+/// The set that the elements of a fastener are to go into exists from then on, so that what stands below
+/// may name it.
+void inp_ElementVisitor::VisitFastener(inp_Keyword& keyword)
+{
+  cow_List<cow_String> pieces = inp_Utils::SplitScopedSet(NameParameter(keyword, "elset"));
+  cow_String const name = pieces.Pop();
+  if (name.Empty())
+  {
+    return;
+  }
+  inpM_SetHandle const none = CreateSet(false, false);
+  if (pieces.Empty())
+  {
+    if (CurrentSetScope().Empty())
+    {
+      AddAssySet(keyword, name, none, false);
+    }
+    else
+    {
+      AddPartSet(keyword, name, none, false);
+    }
+    return;
+  }
+  cow_String const instanceName = pieces.Pop();
+  if (!IsInstance(instanceName) && !elements.IsMember(instanceName))
+  {
+    Say(inp_msgFastenerInstanceUnknown, keyword, instanceName);
+    return;
+  }
+  sets.AddToNestedSet(instanceName, name, *none);
+}
+
+// *PARTICLE GENERATOR MIXTURE rows: names of sets that the program is to fill, among other things.
+void inp_ElementVisitor::VisitParticleGeneratorMixture(inp_Keyword& keyword)
+{
+  cow_String const scope = CurrentSetScope();
+  if (scope.Empty())
+  {
+    return;
+  }
+  cow_List<cow_String> present;
+  for (int row = 0; row < keyword.data.Rows(); ++row)
+  {
+    for (int column = 0; column < keyword.data.Cols(row); ++column)
+    {
+      if (keyword.data.Type(row, column) != inp_Types::inp_STRING)
+      {
+        continue;
+      }
+      cow_String const name = keyword.data.AsString(row, column);
+      if (sets.HasNestedSet(scope, name))
+      {
+        present.Append(name);
+      }
+      else
+      {
+        AddPartSet(keyword, name, CreateSet(false, true), false);
+      }
+    }
+  }
+  if (present.Length() > 0)
+  {
+    SayItems(inp_msgSetsExistAlready, keyword, present);
+  }
+}

@@ -50,8 +50,8 @@ public:
   /// The last line was ended by a line feed and not by the end of the file.
   bool EndedByLineFeed() const { return m_endedByLineFeed; }
   bool HasNulBytes() const { return m_hasNulBytes; }
-  /// The last line, or text near it, may hold an asterisk. False is certain: found out for a chunk
-  /// at a time, it spares looking through every line.
+  /// The last line, or text near it, may hold an asterisk. False is certain of a line that was not
+  /// cut: found out for a chunk at a time, it spares looking through every line.
   bool MayHoldAsterisk() const { return m_mayHoldAsterisk; }
   /// A read failed half way through the file.
   bool Failed() const { return m_failed; }

@@ -216,8 +216,7 @@ void Reader::AddOutput(CLI::App* command)
   command
     ->add_option(
       "-o,--output", m_options.outputFile,
-      "write to this file, which appears whole or not at\nall, and not to standard output, which "
-      "is '-'")
+      "write to this file, which appears whole or not at\nall; '-' and no -o mean standard output")
     ->option_text("FILE");
 }
 

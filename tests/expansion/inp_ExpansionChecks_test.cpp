@@ -114,6 +114,7 @@ TEST(inp_ExpansionChecks, CompleteWords)
     EXPECT_EQ(checks.Messages(), "");
     EXPECT_EQ(MessagesOf(check, KeywordWith(inp_Item::Text("IMPL"))),
               "0 error: Ambiguous value \"IMPL\" for parameter \"p1\".\n");
+    EXPECT_EQ(MessagesOf(check, KeywordWith(inp_Item::Text("<a>"))), "") << "a reference";
   }
   EXPECT_EQ(MessagesOf(&Checks::Word, KeywordWith(inp_Item(3))),
             "0 error: Illegal value \"3\" for parameter \"p1\".  The value may be misspelled, "

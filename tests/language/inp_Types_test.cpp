@@ -103,7 +103,7 @@ TEST(inp_Types, TellsTextsApart)
     {"a..b", "string setName fileName "},
     {"\"a\"..b", ""},
     {"part-1.12", "string setName scopedID fileName "},
-    {"\"part 1\".12 ", "scopedID "},
+    {"\"left leg\".12 ", "scopedID "},
     {"\"\".1", ""},
     {"a.b.1x", "string setName fileName "},
     {"< <a.inp > >", "fileName "},

@@ -108,6 +108,8 @@ protected:
 private:
   using NameSet = std::unordered_set<cow_String>;
 
+  /// <name>, a reference to a parameter of the deck.
+  static bool IsReference(cow_String const& value);
   char const* MatchParameter(inp_Keyword const& keyword, cow_String const& spelled,
                              char const* const* table);
   inp_Item CleanedValue(inp_Keyword const& keyword, cow_String const& full,

@@ -51,7 +51,8 @@ public:
   /// The keyword as text for people: "*name, parameter = value", data rows below. A parameter line
   /// is broken before it reaches 256 characters; data rows are not.
   cow_String Print(bool withSuboptions) const;
-  /// The keyword as deck lines that read back as the same keyword.
+  /// The keyword as deck lines. They read back as the same keyword, unless a row that was near the
+  /// longest line of a deck becomes too long by the blanks put behind its commas.
   void Print(aio_ostream& stream, bool withSuboptions) const;
   void Print(eli_eostream& stream, bool withSuboptions) const;
 

@@ -5,7 +5,7 @@
 #include "gsl_Vector.h"
 
 class inp_Coord;
-struct inp_Keyword;
+class inp_Keyword;
 
 /// The box to which *SURFACE, CROP cuts a surface.
 ///

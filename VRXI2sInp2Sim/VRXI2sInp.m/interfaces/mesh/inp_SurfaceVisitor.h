@@ -7,8 +7,8 @@
 #include "inp_MapInt2Element.h"
 #include "inp_Visitor.h"
 
+class inpM_ElementFaceIdSurface;
 class inp_CropDefinition;
-struct inp_ScopedField;
 
 /// Turns *SURFACE of one part, of an instance, or of the assembly level into surfaces.
 ///

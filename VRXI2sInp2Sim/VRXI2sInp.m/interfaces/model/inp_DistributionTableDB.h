@@ -50,7 +50,8 @@ public:
   /// once; again has no effect.
   void initializeValidDistTables();
 
-  /// Declares a table; the labels are copied. Nonzero, and no change, when the name is declared.
+  /// Declares a table; `numLabels`, 0 or more, of `labels` are copied. Nonzero, and no change, when
+  /// the name is declared.
   int addDistTables(cow_String const& name, int numLabels, int numComponents,
                     inp_distTableLabelEnum const* labels);
   /// Labels of a declared table. `found` becomes 1, or 0 with the result 0.

@@ -6,7 +6,6 @@
 
 class inp_DataArray;
 class inp_MapInt2Element;
-class inp_MapInt2Element;
 
 /// The rows of *ELEMENT as integers: a label and node labels, in the deck's own layout.
 ///
@@ -26,8 +25,6 @@ public:
   explicit inp_ElementDataArrayImpl(inp_DataArray const& raw);
   /// Element label to node labels, in map order.
   explicit inp_ElementDataArrayImpl(cow_Map<int, cow_List<int>> const& elements);
-  /// The elements of a map that the list names, in the order of the list.
-  inp_ElementDataArrayImpl(cow_List<int> const& ids, inp_MapInt2Element const& elements);
   /// The elements of a list of labels, in list order; a label without an element is skipped.
   inp_ElementDataArrayImpl(cow_List<int> const& ids, inp_MapInt2Element const& elements);
   ~inp_ElementDataArrayImpl() override;

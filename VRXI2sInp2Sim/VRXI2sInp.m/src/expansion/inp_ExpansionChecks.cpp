@@ -100,10 +100,11 @@ void inp_KeywordExpansionVisitor::CheckIntegerOrEnumerated(inp_Keyword& keyword,
     return;
   }
   cow_String word;
-  if (inp_ExpandEnum(word, table, item->AsString()) == 0)
+  cow_String const value = item->AsString();
+  if (!IsReference(value) && inp_ExpandEnum(word, table, value) == 0)
   {
     SayOf(parameter, inp_msgParameterNotIntegerOrWord, keyword, cow_String(parameter).ToUpper(),
-          item->AsString());
+          value);
     return;
   }
   ExpandEnum(keyword, table, parameter);

@@ -24,12 +24,6 @@ cow_String WithoutQuotes(cow_String const& name)
   return quoted ? name.Substr(1, length - 2) : name;
 }
 
-bool IsReference(cow_String const& value)
-{
-  int const length = value.Length();
-  return length >= 3 && value.CStr()[0] == '<' && value.CStr()[length - 1] == '>';
-}
-
 bool IsBlankRow(inp_DataArray const& data, int row)
 {
   return data.Cols(row) == 0 || (data.Cols(row) == 1 && data.IsNone(row, 0));

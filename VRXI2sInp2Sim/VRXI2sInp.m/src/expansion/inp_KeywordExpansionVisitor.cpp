@@ -16,13 +16,6 @@ bool HasNoValue(inp_Item const& item)
   return item.Type() == inp_Types::inp_BOOLEAN || item.Type() == inp_Types::inp_NONE;
 }
 
-/// <name>, a reference to a parameter of the deck.
-bool IsReference(cow_String const& value)
-{
-  int const length = value.Length();
-  return length >= 3 && value.CStr()[0] == '<' && value.CStr()[length - 1] == '>';
-}
-
 /// File names and the like, whose case matters.
 bool KeepsCase(inp_Keyword const& keyword, cow_String const& parameter)
 {
@@ -172,6 +165,12 @@ void inp_KeywordExpansionVisitor::InsertExpanded(inp_Keyword const& keyword,
 }
 
 // ---- words ----
+
+bool inp_KeywordExpansionVisitor::IsReference(cow_String const& value)
+{
+  int const length = value.Length();
+  return length >= 3 && value.CStr()[0] == '<' && value.CStr()[length - 1] == '>';
+}
 
 int inp_KeywordExpansionVisitor::inp_ExpandEnum(cow_String& result, char const* const* table,
                                                 cow_String value)

@@ -18,7 +18,7 @@ bool HasOrientationNode(inp_Element const& element)
   {
     return false;
   }
-  inp_ElementInfo const* const info = inp_FindElementInfo(element.type());
+  inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(element.type());
   return info != nullptr && element.numNodesPerElement() > info->minNodes;
 }
 

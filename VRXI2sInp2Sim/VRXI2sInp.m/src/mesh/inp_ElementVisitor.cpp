@@ -147,7 +147,7 @@ bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& 
   definition.type = definition.typeAsGiven;
   definition.type.LeftTrim(" \t").RightTrim(" \t").ToUpper();
   definition.hasOffset = keyword.HasParameter("offset");
-  if (inp_ElementInfo const* const info = inp_FindElementInfo(definition.type))
+  if (inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(definition.type))
   {
     definition.family =
       inp_FamilyOf(*info, definition.hasOffset, keyword.HasParameter("solidelementnumbering"));

@@ -120,7 +120,7 @@ void inp_NodeGenerationVisitor::VisitElement(inp_Keyword& keyword)
     Say(inp_msgElementTypeRequired, keyword);
     return;
   }
-  inp_ElementInfo const* const info = inp_FindElementInfo(type);
+  inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(type);
   if (info == nullptr)
   {
     if (!inp_Types::IsSuperelementID(type.View()) && !inp_Types::IsUserElementID(type.View()))
@@ -236,7 +236,7 @@ void inp_NodeGenerationVisitor::CompleteElement(inp_Keyword const& keyword, int 
   inp_MapInt2Element map = elements.ConstGet(CurrentName());
   inp_Element* const element = map.GetEltPtr(label);
   inp_ElementInfo const* const info =
-    element == nullptr ? nullptr : inp_FindElementInfo(element->type());
+    element == nullptr ? nullptr : inp_ElementInfo::elementInfo(element->type());
   if (info == nullptr)
   {
     return;

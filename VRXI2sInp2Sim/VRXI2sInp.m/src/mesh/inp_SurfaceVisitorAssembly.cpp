@@ -1,7 +1,6 @@
 // Rows of surfaces of the assembly level.
 
 #include "inpM_ElementFaceIdSurface.h"
-#include "inp_SetVisitorFaults.h"
 #include "inp_SurfaceMessages.h"
 #include "inp_SurfaceVisitorParts.h"
 
@@ -95,13 +94,85 @@ void inp_SurfaceVisitor::AssemblyRows::ReadScoped(inp_ScopedField const& field,
     return;
   }
   AddIds();
-  auto const [piece, isNew] = m_pieces.try_emplace({set, m_place});
-  if (isNew)
+  inpM_PartInstanceSurfaceHandle& piece = m_pieces[{set, m_place}];
+  if (piece.IsNull())
   {
-    inpM_AssemblyInstanceSurface made;
-    std::swap(made, m_surface);
-    AddMembers(instanceName, m_place, set->ConstGetIds());
-    std::swap(made, m_surface);
+    piece = MakePiece(m_place, set->ConstGetIds());
   }
-  m_surface.Add(instanceName, *piece->second);
+  m_surface.Add(instanceName, *piece);
+}
+
+// Elements that are named again bring nothing; nodes may bring another area.
+bool inp_SurfaceVisitor::AssemblyRows::IsAddedAlready(cow_String const& name)
+{
+  return !m_visitor.isNodeSurface && !m_added.emplace(name, m_place).second;
+}
+
+bool inp_SurfaceVisitor::AssemblyRows::IsInstance(cow_String const& name)
+{
+  if (!(name == m_knownInstance) && m_visitor.instanceParts.IsMember(name))
+  {
+    m_knownInstance = name;
+  }
+  return name == m_knownInstance;
+}
+
+void inp_SurfaceVisitor::AssemblyRows::AddId(cow_String const& instanceName, int id)
+{
+  if (!(instanceName == m_idsInstance) || !(m_place == m_idsPlace))
+  {
+    AddIds();
+    m_idsInstance = instanceName;
+    m_idsPlace = m_place;
+  }
+  m_ids.Append(id);
+}
+
+void inp_SurfaceVisitor::AssemblyRows::AddIds()
+{
+  AddMembers(m_idsInstance, m_idsPlace, m_ids);
+  m_ids.Clear();
+}
+
+void inp_SurfaceVisitor::AssemblyRows::AddSetOfAssembly(inpM_BaseSet const& set)
+{
+  AddMembers(cow_String(), m_place, set.ConstGetIds());
+  inpM_BaseSet::InstanceTree const instances = set.ConstGetInstanceTree();
+  cow_BtreeIterator<cow_String, inpM_OmiSet> it(instances);
+  for (it.First(); !it.IsDone(); it.Next())
+  {
+    AddMembers(it.CurrentKey(), m_place, set.ConstGetIds(it.CurrentKey()));
+  }
+}
+
+void inp_SurfaceVisitor::AssemblyRows::AddMembers(cow_String const& instanceName,
+                                                  Place const& place, cow_List<int> const& ids)
+{
+  if (ids.Empty())
+  {
+    return;
+  }
+  if (m_visitor.isNodeSurface && instanceName.Empty())
+  {
+    m_surface.Add(inpM_NodeAreaSurface(place.area, ids));
+  }
+  else
+  {
+    m_surface.Add(instanceName, *MakePiece(place, ids));
+  }
+}
+
+inpM_PartInstanceSurfaceHandle
+inp_SurfaceVisitor::AssemblyRows::MakePiece(Place const& place, cow_List<int> const& ids) const
+{
+  inpM_PartInstanceSurfaceHandle piece;
+  if (m_visitor.isNodeSurface)
+  {
+    piece = new inpM_NodeAreaSurface(place.area, ids);
+  }
+  else
+  {
+    piece = new inpM_ElementFaceIdSurface(place.faceId, ids);
+  }
+  return piece;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inp_SetVisitorFaults.h"
 #include "inp_SurfaceVisitor.h"
 
 #include <map>
@@ -76,6 +77,7 @@ private:
   void AddSetOfAssembly(inpM_BaseSet const& set);
   void AddMembers(cow_String const& instanceName, Place const& place, cow_List<int> const& ids);
   bool IsAddedAlready(cow_String const& name);
+  inpM_PartInstanceSurfaceHandle MakePiece(Place const& place, cow_List<int> const& ids) const;
   bool IsInstance(cow_String const& name);
 
   inp_SurfaceVisitor& m_visitor;

@@ -3,7 +3,6 @@
 #include "VRXBasException.h"
 #include "inp_DataArray.h"
 #include "inp_MapInt2Element.h"
-#include "inp_MapInt2Element.h"
 #include "inp_Numbers.h"
 #include "inp_ParserExceptions.h"
 #include "inp_RawDataArrayImpl.h"
@@ -178,16 +177,13 @@ void inp_ElementDataArrayImpl::AddRow(int columns)
 }
 
 template <class Nodes>
-/// `node` gives the label of the node at a place.
-template <class Node>
-void inp_ElementDataArrayImpl::AddElement(int id, int nodeCount, Node const& node)
+void inp_ElementDataArrayImpl::AddElement(int id, int nodeCount, Nodes node)
 {
-  int given = 0;
+  int left = nodeCount;
   int limit = c_nodesInFirstRow;
   do
   {
-    bool const isFirst = given == 0;
-    int const left = nodeCount - given;
+    bool const isFirst = left == nodeCount;
     int const count = std::min(left, limit);
     AddRow(isFirst + count + (left > limit));
     int* cell = rows[nrows - 1];
@@ -197,14 +193,16 @@ void inp_ElementDataArrayImpl::AddElement(int id, int nodeCount, Node const& nod
     }
     for (int i = 0; i < count; ++i)
     {
-      *cell++ = node(given++);
+      *cell++ = *node;
+      ++node;
     }
     if (left > limit)
     {
       *cell = 0;
     }
+    left -= count;
     limit = c_nodesInRow;
-  } while (given < nodeCount);
+  } while (left > 0);
 }
 
 void inp_ElementDataArrayImpl::CheckIndex(int i, int j) const

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "inp_SurfaceVisitor.h"
+
+/// Reads what stands outside of *PART: surfaces within instances and those of the assembly.
+///
+/// Needs:    a list that is organized; the surfaces of the parts; nodes, elements and sets of the
+///           instances and of the assembly; the names of the instances.
+/// Produces: for each instance a share of its part's surfaces, and what is new. An instance costs O(1).
+/// Reports:  an instance that defines a surface of its part again, and analytical surfaces outside of
+///           parts and instances.
+class inp_AssemblySurfaceVisitor : public inp_SurfaceVisitor
+{
+public:
+  inp_AssemblySurfaceVisitor(inpM_SetMap const& itsNodeSets, inpM_SetMap const& itsElementSets,
+                             inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
+                             inp_CoordMap const& itsCoordMap, inpM_SurfaceMap const& partSurfaces);
+
+  void Visit(inp_Keyword& keyword) override;
+  void VisitInstance(inp_Keyword& keyword) override;
+  void VisitEndInstance(inp_Keyword& keyword) override;
+  void VisitRigidSurface(inp_Keyword& keyword) override { VisitAnalyticalSurface(keyword); }
+  void VisitSurface(inp_Keyword& keyword) override;
+
+protected:
+  void VisitAnalyticalSurface(inp_Keyword& keyword) override;
+
+private:
+  inpM_SurfaceMap m_partSurfaces;
+  cow_String m_part; ///< of the current instance
+};

@@ -1,0 +1,116 @@
+#include "inp_AssemblyNodeVisitor.h"
+
+#include "inp_LevelMessages.h"
+#include "inp_RowFields.h"
+
+#include <numbers>
+
+namespace
+{
+
+constexpr int c_secondPoint = 3;
+constexpr int c_angle = 6;
+constexpr double c_radians = std::numbers::pi / 180.0;
+
+bool HasRow(inp_DataArray const& data, int row)
+{
+  bool hasValue = false;
+  for (int column = 0; row < data.Rows() && column < data.Cols(row) && !hasValue; ++column)
+  {
+    hasValue = data.HasValue(row, column);
+  }
+  return hasValue;
+}
+
+} // namespace
+
+inp_AssemblyNodeVisitor::inp_AssemblyNodeVisitor(
+  inpM_InstanceMap<inp_MapInt2Element> const& itsElements, inpM_SetMap const& itsElementSets,
+  inp_CoordMap const& partCoordMap, inpM_SetMap const& partNodeSets,
+  inpM_SetMap const& workingSets, bool itComputesGeometry)
+  : inp_NodeVisitor(itsElements, itsElementSets, workingSets, itComputesGeometry),
+    m_partCoordMap(partCoordMap), m_partNodeSets(partNodeSets)
+{
+  reportBlended = true;
+}
+
+void inp_AssemblyNodeVisitor::Visit(inp_Keyword& keyword)
+{
+  if (!keyword.Is(inp_kwPart))
+  {
+    inp_NodeVisitor::Visit(keyword);
+  }
+}
+
+bool inp_AssemblyNodeVisitor::IsValidInstanceName(cow_String const& name) const
+{
+  return m_instanceName.Empty() ? IsInstance(name) : name == m_instanceName;
+}
+
+void inp_AssemblyNodeVisitor::VisitInstance(inp_Keyword& keyword)
+{
+  SetInstanceName(keyword);
+  m_part = NameParameter(keyword, "part");
+  systemTransform.FillIdentity();
+  instanceTransform.FillIdentity();
+  ReadPosition(keyword);
+  if (m_instanceName.Empty())
+  {
+    return;
+  }
+  if (m_partNodeSets.HasInstance(m_part))
+  {
+    sets.InsertNestedSetMap(m_instanceName, m_partNodeSets.ConstGetNestedSetMap(m_part));
+  }
+  inp_CoordMap coords =
+    m_partCoordMap.IsMember(m_part) ? m_partCoordMap.ConstGet(m_part) : inp_CoordMap();
+  if (!instanceTransform.IsIdentity())
+  {
+    coords.Transform(instanceTransform);
+  }
+  coordMap.Insert(m_instanceName, coords);
+  instancePositions.Insert(m_instanceName, instanceTransform);
+}
+
+// *INSTANCE rows: x, y, z; xa, ya, za, xb, yb, zb, angle
+void inp_AssemblyNodeVisitor::ReadPosition(inp_Keyword const& keyword)
+{
+  if (HasRow(keyword.data, 0))
+  {
+    instanceTransform.SetTranslation(gsl_Vector(ReadPointFromKeywordData(keyword, 0, 0)));
+  }
+  if (!HasRow(keyword.data, 1))
+  {
+    return;
+  }
+  gsl_Point const a = ReadPointFromKeywordData(keyword, 1, 0);
+  gsl_Vector axis(a, ReadPointFromKeywordData(keyword, 1, c_secondPoint));
+  if (!axis.Normalize())
+  {
+    Say(inp_msgInstanceAxisUndefined, keyword);
+    return;
+  }
+  double const angle = inp_RealField(keyword.data, 1, c_angle) * c_radians;
+  instanceTransform.Concatenate(gsl_Matrix::AxisRotation(a, axis, angle));
+}
+
+void inp_AssemblyNodeVisitor::VisitEndInstance(inp_Keyword& keyword)
+{
+  DefaultAction(keyword);
+  ClearInstanceName();
+  m_part.Erase();
+  instanceTransform.FillIdentity();
+  systemTransform.FillIdentity();
+}
+
+void inp_AssemblyNodeVisitor::VisitNset(inp_Keyword& keyword)
+{
+  cow_String const name = NameParameter(keyword, "nset");
+  if (m_instanceName.Length() > 0 && m_part.Length() > 0 &&
+      m_partNodeSets.HasNestedSet(m_part, name))
+  {
+    Say(inp_msgNodeSetOfPartRedefined, keyword, name, m_part, m_instanceName);
+    return;
+  }
+  inp_NodeVisitor::VisitNset(keyword);
+}

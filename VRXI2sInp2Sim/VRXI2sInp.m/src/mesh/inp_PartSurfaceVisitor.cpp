@@ -1,0 +1,9 @@
+#include "inp_PartSurfaceVisitor.h"
+
+void inp_PartSurfaceVisitor::Visit(inp_Keyword& keyword)
+{
+  if (keyword.Is(inp_kwPart) || m_partName.Length() > 0)
+  {
+    inp_SurfaceVisitor::Visit(keyword);
+  }
+}

@@ -1,0 +1,235 @@
+// Surfaces that are made of other surfaces.
+
+#include "inp_CropDefinition.h"
+#include "inp_SurfaceMessages.h"
+#include "inp_SurfaceVisitorParts.h"
+
+namespace
+{
+
+enum combineEnm
+{
+  c_union,
+  c_intersection,
+  c_difference
+};
+
+combineEnm CombinationOf(inp_Keyword const& keyword)
+{
+  cow_String const word = keyword.GetParameterAsString("combine", "UNION");
+  return word == "INTERSECTION" ? c_intersection : word == "DIFFERENCE" ? c_difference : c_union;
+}
+
+/// Makes one surface of several: the first is the start, the others are applied to it in turn. A surface
+/// that is named again changes nothing, but for the start when it is to be taken away.
+template <class Surface>
+class Combination
+{
+public:
+  Combination(combineEnm how, Surface& result) : m_how(how), m_result(result) {}
+
+  void Apply(cow_String const& name, Surface const& other)
+  {
+    bool const isStart = !std::exchange(m_hasStart, true);
+    if (isStart && m_how == c_difference)
+    {
+      m_result.Add(other);
+    }
+    else if (m_applied.insert(name).second)
+    {
+      Combine(isStart ? c_union : m_how, other);
+    }
+  }
+
+private:
+  void Combine(combineEnm how, Surface const& other)
+  {
+    switch (how)
+    {
+    case c_union:
+      m_result.Add(other);
+      break;
+    case c_intersection:
+      m_result.Intersection(other);
+      break;
+    case c_difference:
+      m_result.Difference(other);
+      break;
+    }
+  }
+
+  combineEnm m_how;
+  Surface& m_result;
+  bool m_hasStart = false;
+  std::unordered_set<cow_String> m_applied;
+};
+
+/// The names in the rows of a combined surface, in order.
+template <class OnName>
+void ForEachName(inp_DataArray const& data, OnName const& onName)
+{
+  for (int row = 0; row < data.Rows(); ++row)
+  {
+    for (int column = 0; column < data.Cols(row); ++column)
+    {
+      if (!data.IsNone(row, column))
+      {
+        onName(data.AsString(row, column));
+      }
+    }
+  }
+}
+
+inp_CoordMap const& CoordsOf(inp_CoordMap const& coords, cow_String const& instanceName)
+{
+  static thread_local inp_CoordMap const none;
+  return instanceName.Empty()           ? coords
+         : coords.IsMember(instanceName) ? coords.ConstGet(instanceName)
+                                         : none;
+}
+
+inp_MapInt2Element ElementsOf(inpM_InstanceMap<inp_MapInt2Element> const& elements,
+                              cow_String const& instanceName)
+{
+  if (instanceName.Empty())
+  {
+    return elements.HasValue() ? elements.ConstGet() : inp_MapInt2Element();
+  }
+  bool const hasElements =
+    elements.IsMember(instanceName) && elements.ConstGetMap(instanceName).HasValue();
+  return hasElements ? elements.ConstGet(instanceName) : inp_MapInt2Element();
+}
+
+} // namespace
+
+/// A surface of the assembly, or the piece of an instance as a surface of the assembly.
+bool inp_SurfaceVisitor::FindSurface(cow_String const& name,
+                                     inpM_AssemblyInstanceSurface& found) const
+{
+  inp_ScopedField const field(name, m_assemblyName);
+  if (!field.fits)
+  {
+    return false;
+  }
+  if (field.instanceName.Empty())
+  {
+    auto const* const whole = surfaces.ConstFindAssemblyInstanceSurface(field.last);
+    found = whole != nullptr ? *whole : found;
+    return whole != nullptr;
+  }
+  auto const* const piece = surfaces.ConstFindPartInstanceSurface(field.instanceName, field.last);
+  if (piece != nullptr)
+  {
+    found.Add(field.instanceName, *piece);
+  }
+  return piece != nullptr;
+}
+
+inpM_PartInstanceSurfaceHandle
+inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
+{
+  inpM_PartInstanceSurfaceHandle surface =
+    CreateSurface(isNodeSurface ? inpM_nodeSurface : inpM_elementSurface);
+  Combination<inpM_PartInstanceSurface> combination(CombinationOf(keyword), *surface.Get());
+  Faults faults;
+  ForEachName(keyword.data,
+              [&](cow_String const& name)
+              {
+                if (auto const* const other =
+                      surfaces.ConstFindPartInstanceSurface(CurrentScope(), name))
+                {
+                  combination.Apply(name, *other);
+                }
+                else
+                {
+                  faults.Add(name);
+                }
+              });
+  SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
+  return surface;
+}
+
+inpM_AssemblyInstanceSurface
+inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
+{
+  inpM_AssemblyInstanceSurface surface;
+  Combination<inpM_AssemblyInstanceSurface> combination(CombinationOf(keyword), surface);
+  Faults faults;
+  ForEachName(keyword.data,
+              [&](cow_String const& name)
+              {
+                inpM_AssemblyInstanceSurface other;
+                if (FindSurface(name, other))
+                {
+                  combination.Apply(name, other);
+                }
+                else
+                {
+                  faults.Add(name);
+                }
+              });
+  SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
+  return surface;
+}
+
+// *SURFACE, CROP rows: surface; first corner, second corner; directions a, b
+void inp_SurfaceVisitor::CropNamedSurface(inp_Keyword const& keyword,
+                                          inpM_PartInstanceSurface& surface)
+{
+  inp_CropDefinition const box(keyword);
+  Faults faults;
+  if (box.IsValid() && keyword.data.HasValue(0, 0))
+  {
+    cow_String const name = keyword.data.AsString(0, 0);
+    if (auto const* const whole = surfaces.ConstFindPartInstanceSurface(CurrentScope(), name))
+    {
+      surface.Add(*whole);
+      Crop(surface, box, CoordsOf(coordMap, CurrentScope()), ElementsOf(elements, CurrentScope()));
+    }
+    else
+    {
+      faults.Add(name);
+    }
+  }
+  SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
+}
+
+void inp_SurfaceVisitor::CropNamedSurface(inp_Keyword const& keyword,
+                                          inpM_AssemblyInstanceSurface& surface)
+{
+  inp_CropDefinition const box(keyword);
+  Faults faults;
+  if (box.IsValid() && keyword.data.HasValue(0, 0))
+  {
+    cow_String const name = keyword.data.AsString(0, 0);
+    if (FindSurface(name, surface))
+    {
+      Crop(surface, box, coordMap, elements);
+    }
+    else
+    {
+      faults.Add(name);
+    }
+  }
+  SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
+}
+
+void inp_SurfaceVisitor::Crop(inpM_AssemblyInstanceSurface& surface, inp_CropDefinition const& box,
+                              inp_CoordMap const& coords,
+                              inpM_InstanceMap<inp_MapInt2Element> const& elements)
+{
+  inpM_AssemblyInstanceSurface cropped;
+  cropped.SetInternal(surface.IsInternal());
+  inpM_PartInstanceSurfaceMapSIT it(surface.ConstGetInstance2PartInstanceSurfaceMap());
+  for (; !it.IsDone(); it.Next())
+  {
+    inpM_PartInstanceSurfaceHandle piece = it.CurrentHandle();
+    Crop(*piece.Get(), box, CoordsOf(coords, it.CurrentKey()),
+         ElementsOf(elements, it.CurrentKey()));
+    cropped.Add(it.CurrentKey(), *piece);
+  }
+  inpM_NodeAreaSurface nodes = surface.ConstGetNodeSurface();
+  Crop(nodes, box, coords);
+  cropped.Add(nodes);
+  surface = cropped;
+}

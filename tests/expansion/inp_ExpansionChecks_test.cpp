@@ -66,8 +66,8 @@ TEST(inp_ExpansionChecks, TakeTheTypesThatTheyName)
     inp_Item item;
     char const* text;
   } const values[] = {
-    {"flag", inp_Item(true), "TRUE"}, {"none", inp_Item(), "None"},
-    {"integer", inp_Item(3), "3"},    {"real", inp_Item(2.5), "2.5"},
+    {"flag", inp_Item(true), "TRUE"},     {"none", inp_Item(), "None"},
+    {"integer", inp_Item(3), "3"},        {"real", inp_Item(2.5), "2.5"},
     {"text", inp_Item::Text("aB"), "aB"},
   };
   struct

@@ -52,8 +52,9 @@ std::string RowsOf(std::string const& data, std::string const& messages = "")
 
 std::string HoldsKeyword(char const* keyword)
 {
-  return std::string("1 error: Data file \"data\" contains a keyword definition. It must only contain "
-                     "the data required under keyword \"") +
+  return std::string(
+           "1 error: Data file \"data\" contains a keyword definition. It must only contain "
+           "the data required under keyword \"") +
          keyword + "\". You may use the *INCLUDE keyword instead.\n";
 }
 
@@ -119,7 +120,8 @@ TEST(inp_ExpansionFiles, ReadsRowsOfDataFiles)
     {"nothing but comments", "** a\n** b\n", "\n"},
     {"blank rows stay between others", "1,a\n\n \t\n2,b\n", ": 1|a /  /  / 2|b\n"},
     {"an empty last line is the end", "1,a b\n\n", ": 1|a b\n"},
-    {"blank rows at the end go, and with them case and blanks", "1,a b,\"c d\"\n\n \n", ": 1|AB|\"c d\"\n"},
+    {"blank rows at the end go, and with them case and blanks", "1,a b,\"c d\"\n\n \n",
+     ": 1|AB|\"c d\"\n"},
     {"also above a comment", "1,a b\n\n** end\n", ": 1|AB\n"},
     {"cells without text are no blank row", "1,a b\n,,\n", ": 1|a b / ||\n"},
     {"none but blank rows", "\n\n\n", "\n"},
@@ -140,7 +142,8 @@ TEST(inp_ExpansionFiles, DataFilesHoldNoKeywords)
 {
   EXPECT_EQ(RowsOf("1\n*NODE\n2\n", HoldsKeyword("MPC")), ": 1\n");
   EXPECT_EQ(RowsOf("*1\n", HoldsKeyword("MPC")), "\n");
-  EXPECT_EQ(RowsOf("1,a b\n\n\n* x\n", HoldsKeyword("MPC")), ": 1|a b /  / \n") << "rows stay as read";
+  EXPECT_EQ(RowsOf("1,a b\n\n\n* x\n", HoldsKeyword("MPC")), ": 1|a b /  / \n")
+    << "rows stay as read";
 }
 
 TEST(inp_ExpansionFiles, LongLines)
@@ -148,7 +151,10 @@ TEST(inp_ExpansionFiles, LongLines)
   std::string const item(255, 'x');
   std::string const tail(100, ' ');
   auto const cut = [](int line)
-  { return "1 warning: Line #" + std::to_string(line) + " of data file \"data\" has been truncated.\n"; };
+  {
+    return "1 warning: Line #" + std::to_string(line) +
+           " of data file \"data\" has been truncated.\n";
+  };
   auto const leftOut = [](int line)
   {
     return "1 error: Line #" + std::to_string(line) +
@@ -185,7 +191,8 @@ TEST(inp_ExpansionFiles, ReportsFilesThatCannotBeRead)
   DeckFiles files;
   files.Write("dir/file", "");
   ASSERT_EQ(mkfifo(files.Path("pipe").c_str(), 0600), 0);
-  files.Write("utf16", "\xff\xfe" "1\n");
+  files.Write("utf16", "\xff\xfe"
+                       "1\n");
   struct
   {
     char const* what;
@@ -291,21 +298,23 @@ TEST(inp_ExpansionFiles, AManifestNamesDecks)
   std::string keywords;
   for (inp_Keyword const& keyword : expansion.visitor.GetManifestKeywords())
     keywords += KeywordText(keyword) + "\n";
-  EXPECT_EQ(keywords, "nset nset=A: 1\nstep name=Step-5\nmaterial\nmanifest evolution=NONE: two\n"
-                      "undefined keyword\nstep name=Step-5\nimport hourglass, update=NO\nmpc\npart\n");
+  EXPECT_EQ(keywords,
+            "nset nset=A: 1\nstep name=Step-5\nmaterial\nmanifest evolution=NONE: two\n"
+            "undefined keyword\nstep name=Step-5\nimport hourglass, update=NO\nmpc\npart\n");
   EXPECT_EQ(Joined(expansion.visitor.GetIncludedFiles()), "one.inp;Two b.inp;inc;");
   EXPECT_EQ(Joined(expansion.visitor.GetMissingIncludedFiles()), "gone;lost;three.inp;");
-  EXPECT_EQ(expansion.messages,
-            "Two b.inp:4 warning: THE HOURGLASS PARAMETER HAS BEEN USED WITH *IMPORT. RESULTS SHOULD "
-            "BE INTERPRETED WITH CAUTION.\n"
-            "one.inp:4 error: The NAME parameter is required.\n"
-            "Two b.inp:6 error: untitled: Unknown keyword \"bad\". The keyword may be misspelled, "
-            "obsolete, or invalid.\n"
-            "inc:1 error: The ELSET parameter is required.\n"
-            "Two b.inp:5 error: Input file \"lost\" does not exist.\n"
-            "1 error: Input file \"three.inp\" does not exist.\n"
-            "Two b.inp:2 fatal: untitled: Include file \"gone\" does not exist.\n"
-            "Two b.inp:7 fatal: Part must have a name.\n");
+  EXPECT_EQ(
+    expansion.messages,
+    "Two b.inp:4 warning: THE HOURGLASS PARAMETER HAS BEEN USED WITH *IMPORT. RESULTS SHOULD "
+    "BE INTERPRETED WITH CAUTION.\n"
+    "one.inp:4 error: The NAME parameter is required.\n"
+    "Two b.inp:6 error: untitled: Unknown keyword \"bad\". The keyword may be misspelled, "
+    "obsolete, or invalid.\n"
+    "inc:1 error: The ELSET parameter is required.\n"
+    "Two b.inp:5 error: Input file \"lost\" does not exist.\n"
+    "1 error: Input file \"three.inp\" does not exist.\n"
+    "Two b.inp:2 fatal: untitled: Include file \"gone\" does not exist.\n"
+    "Two b.inp:7 fatal: Part must have a name.\n");
 }
 
 TEST(inp_ExpansionFiles, AManifestMayNameItself)

@@ -133,8 +133,7 @@ TEST(inp_ExpansionHandlers, AreContentWithWhatTheyDemand)
 TEST(inp_ExpansionHandlers, BlankWhatIsUselessWithoutAName)
 {
   Case const cases[] = {
-    {"sets",
-     "*NSET, GENERATE\n1, 2\n*ELSET\n1\n*NSET, NSET=A\n",
+    {"sets", "*NSET, GENERATE\n1, 2\n*ELSET\n1\n*NSET, NSET=A\n",
      "undefined keyword\nundefined keyword\nnset nset=A\n",
      "1 error: The NSET parameter is required.\n3 error: The ELSET parameter is required.\n"},
     {"a value-less name is one", "*NSET, NSET\n1\n", "nset nset: 1\n", ""},
@@ -176,11 +175,11 @@ TEST(inp_ExpansionHandlers, CutLongRows)
     std::string const heading = std::string(c.keyword).erase(c.keyword.find(','), 1);
     EXPECT_EQ(expansion.keywords, heading + ": " + c.data + "\n");
     EXPECT_EQ(expansion.messages,
-              c.cut == 0 ? ""
-                         : "1 warning: One or more data lines contain more than " +
-                             std::to_string(c.cut) +
-                             " items (counting those after trailing commas).  The extra items are "
-                             "deleted.\n")
+              c.cut == 0
+                ? ""
+                : "1 warning: One or more data lines contain more than " + std::to_string(c.cut) +
+                    " items (counting those after trailing commas).  The extra items are "
+                    "deleted.\n")
       << c.rows;
   }
 }
@@ -218,12 +217,12 @@ TEST(inp_ExpansionHandlers, RefuseWhatAnAssemblyDoesNotTakeOnceItIsKnownToBeOne)
      "Option is currently not supported in a model defined in terms of an assembly of part "
      "instances: *INITIAL CONDITIONS, TYPE=, FILE=\n"},
     {"*INITIAL CONDITIONS, TYPE=RATIO\n", ""},
-    {"*ELASTIC, TYPE=SHORT\n",
-     "Type=SHORTFIBER (used for CMOLD) is currently not supported in a model defined in terms of an "
-     "assembly of part instances.\n"},
-    {"*EXPANSION, TYPE=SHORT\n",
-     "Type=SHORTFIBER (used for CMOLD) is currently not supported in a model defined in terms of an "
-     "assembly of part instances.\n"},
+    {"*ELASTIC, TYPE=SHORT\n", "Type=SHORTFIBER (used for CMOLD) is currently not supported in a "
+                               "model defined in terms of an "
+                               "assembly of part instances.\n"},
+    {"*EXPANSION, TYPE=SHORT\n", "Type=SHORTFIBER (used for CMOLD) is currently not supported in a "
+                                 "model defined in terms of an "
+                                 "assembly of part instances.\n"},
     {"*ELASTIC, TYPE=ISO\n", ""},
     {"*EXPANSION\n", ""},
   };
@@ -249,14 +248,16 @@ TEST(inp_ExpansionHandlers, RefusalsComeOutWhereTheFirstPartStands)
                                 "*SURFACE\n"
                                 "*NMAP\n"
                                 "*PART, NAME=Q\n");
-  EXPECT_EQ(expansion.messages,
-            "2 error: The NAME parameter is required.\n"
-            "4 error: Illegal value \"MAYBE\" for parameter \"update\".  The value may be misspelled, "
-            "obsolete, or invalid.\n"
-            "1 error: " + Assembly("*NMAP") +
-            "3 error: " + Assembly("*SUBSTRUCTURE PATH") +
-            "5 error: The NAME parameter is required.\n"
-            "6 error: " + Assembly("*NMAP"));
+  EXPECT_EQ(
+    expansion.messages,
+    "2 error: The NAME parameter is required.\n"
+    "4 error: Illegal value \"MAYBE\" for parameter \"update\".  The value may be misspelled, "
+    "obsolete, or invalid.\n"
+    "1 error: " +
+      Assembly("*NMAP") + "3 error: " + Assembly("*SUBSTRUCTURE PATH") +
+      "5 error: The NAME parameter is required.\n"
+      "6 error: " +
+      Assembly("*NMAP"));
 }
 
 TEST(inp_ExpansionHandlers, Parts)
@@ -264,22 +265,19 @@ TEST(inp_ExpansionHandlers, Parts)
   Case const cases[] = {
     {"enumerated parameters, names in upper case",
      "*PART, NAME=p a, STATE=y, UPDATE=n\n*END PART\n",
-     "part name=PA, state=YES, update=NO\nendpart\n",
-     ""},
+     "part name=PA, state=YES, update=NO\nendpart\n", ""},
     {"names in front of the other errors",
      "*MATERIAL\n*PART, NAME=P\n*PART, NAME=p\n*PART, NAME=Q\n*PART, NAME=Q\n",
      "material\npart name=P\npart name=P\npart name=Q\npart name=Q\n",
      "5 error: Part with the name \"Q\" has already been defined in the model.\n"
      "3 error: Part with the name \"P\" has already been defined in the model.\n"
      "1 error: The NAME parameter is required.\n"},
-    {"without a name",
-     "*PART\n*PART, NAME\n*PART, NAME=12\n*PART, NAME=\"12\"\n",
+    {"without a name", "*PART\n*PART, NAME\n*PART, NAME=12\n*PART, NAME=\"12\"\n",
      "part\npart name\npart name=12\npart name=\"12\"\n",
      "1 fatal: Part must have a name.\n"
      "2 fatal: Part was not assigned a valid name.\n"
      "3 fatal: Part was not assigned a valid name.\n"},
-    {"an end without a beginning",
-     "*END PART, NAME=P\n*ASSEMBLY, NAME=A\n*END PART\n",
+    {"an end without a beginning", "*END PART, NAME=P\n*ASSEMBLY, NAME=A\n*END PART\n",
      "endpart name=P\nassembly name=A\nendpart\n",
      "1 error: Unknown parameter: name. The parameter may be misspelled, obsolete, or invalid.\n"
      "1 error: Misplaced keyword: No matching *Part keyword has been defined.\n"},
@@ -296,21 +294,19 @@ TEST(inp_ExpansionHandlers, Instances)
     char const* messages;
     char const* parts;
   } const cases[] = {
-    {"of parts above", "*PART, NAME=P\n*INSTANCE, NAME=i, PART=p\n*INSTANCE, NAME=\"I 1\", PART=P\n", "",
+    {"of parts above",
+     "*PART, NAME=P\n*INSTANCE, NAME=i, PART=p\n*INSTANCE, NAME=\"I 1\", PART=P\n", "",
      "I:P \"I 1\":P "},
-    {"of an unknown part are kept",
-     "*MATERIAL\n*INSTANCE, NAME=I, PART=Q\n*PART, NAME=Q\n",
+    {"of an unknown part are kept", "*MATERIAL\n*INSTANCE, NAME=I, PART=Q\n*PART, NAME=Q\n",
      "2 error: Part with the name \"Q\" has not been defined.\n"
      "1 error: The NAME parameter is required.\n",
      "I:Q "},
     {"of one name: the later holds",
      "*PART, NAME=P\n*PART, NAME=Q\n*INSTANCE, NAME=I, PART=P\n*INSTANCE, NAME=I, PART=Q\n",
-     "4 error: Instance with the name \"I\" already exists in the assembly.\n",
-     "I:Q "},
+     "4 error: Instance with the name \"I\" already exists in the assembly.\n", "I:Q "},
     {"of an unknown part take no name",
      "*PART, NAME=P\n*INSTANCE, NAME=I, PART=Q\n*INSTANCE, NAME=I, PART=P\n",
-     "2 error: Part with the name \"Q\" has not been defined.\n",
-     "I:P "},
+     "2 error: Part with the name \"Q\" has not been defined.\n", "I:P "},
     {"without name or part",
      "*INSTANCE\n*INSTANCE, NAME=I\n*INSTANCE, PART=P\n*INSTANCE, NAME=1, PART\n",
      "1 fatal: Instance must have a name\n"
@@ -336,15 +332,10 @@ TEST(inp_ExpansionHandlers, Assemblies)
 {
   Case const cases[] = {
     {"one", "*ASSEMBLY, NAME=a 1\n", "assembly name=A1\n", ""},
-    {"without a name",
-     "*ASSEMBLY\n",
-     "assembly\n",
-     "1 fatal: The NAME parameter is required.\n"},
+    {"without a name", "*ASSEMBLY\n", "assembly\n", "1 fatal: The NAME parameter is required.\n"},
     {"with an empty one", "*ASSEMBLY, NAME=\n", "assembly name\n",
      "1 fatal: The NAME parameter is required.\n"},
-    {"with a name that is none",
-     "*ASSEMBLY, NAME=12\n",
-     "assembly name=12\n",
+    {"with a name that is none", "*ASSEMBLY, NAME=12\n", "assembly name=12\n",
      "1 error: Invalid assembly label \"12\".\n"},
     {"a second one, in which names begin anew",
      "*PART, NAME=P\n*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*END ASSEMBLY\n"
@@ -360,21 +351,16 @@ TEST(inp_ExpansionHandlers, Assemblies)
 TEST(inp_ExpansionHandlers, Steps)
 {
   Case const cases[] = {
-    {"are numbered where they have no name",
-     "*STEP\n*END STEP\n*STEP, NAME=b\n*STEP\n",
-     "step name=Step-1\nendstep\nstep name=b\nstep name=Step-3\n",
-     ""},
-    {"of one name are told apart",
-     "*STEP, NAME=A\n*STEP, NAME=A\n*STEP, NAME=a\n*STEP, NAME=A\n",
+    {"are numbered where they have no name", "*STEP\n*END STEP\n*STEP, NAME=b\n*STEP\n",
+     "step name=Step-1\nendstep\nstep name=b\nstep name=Step-3\n", ""},
+    {"of one name are told apart", "*STEP, NAME=A\n*STEP, NAME=A\n*STEP, NAME=a\n*STEP, NAME=A\n",
      "step name=A\nstep name=2-Duplicate-A\nstep name=a\nstep name=4-Duplicate-A\n",
      "4 fatal: Step with the name \"A\" has already been defined.\n"
      "2 fatal: Step with the name \"A\" has already been defined.\n"},
-    {"may meet a name that was made",
-     "*STEP\n*STEP, NAME=Step-1\n",
+    {"may meet a name that was made", "*STEP\n*STEP, NAME=Step-1\n",
      "step name=Step-1\nstep name=2-Duplicate-Step-1\n",
      "2 fatal: Step with the name \"Step-1\" has already been defined.\n"},
-    {"are not named by a number",
-     "*STEP, NAME=7\n*STEP, NAME=\"7\"\n*STEP, NAME=7\n",
+    {"are not named by a number", "*STEP, NAME=7\n*STEP, NAME=\"7\"\n*STEP, NAME=7\n",
      "step name=7\nstep name=\"7\"\nstep name=3-Duplicate-7\n",
      "1 error: Name as a label should not be pure numbers unless within quotes.\n"
      "3 error: Name as a label should not be pure numbers unless within quotes.\n"
@@ -402,14 +388,12 @@ TEST(inp_ExpansionHandlers, StepsGoOnFromWhereTheDriverOrARestartSays)
     {"driver", 4, 9, "*STEP\n", "Step-5", ""},
     {"restart at a step", 4, 9, "*RESTART, READ, STEP=2, INC=1\n*STEP\n", "Step-3", ""},
     {"restart without one", 4, 9, "*RESTART, READ\n*STEP\n", "Step-10", ""},
-    {"no reading", 4, 9, "*RESTART, WRITE, STEP=2, INC=x, FREQUENCY=3, TIME MARKS=Y\n*STEP\n", "Step-5", ""},
-    {"none but integers",
-     4,
-     9,
-     "*RESTART, READ, STEP=two, INC=1.5, END STEP=x\n*STEP\n",
-     "Step-5",
+    {"no reading", 4, 9, "*RESTART, WRITE, STEP=2, INC=x, FREQUENCY=3, TIME MARKS=Y\n*STEP\n",
+     "Step-5", ""},
+    {"none but integers", 4, 9, "*RESTART, READ, STEP=two, INC=1.5, END STEP=x\n*STEP\n", "Step-5",
      "1 error: step parameter must be an integer\n1 error: inc parameter must be an integer\n"},
-    {"the largest number", 0, 0, "*RESTART, READ, STEP=99999999999\n*STEP\n*STEP, NAME=Step-2147483648\n",
+    {"the largest number", 0, 0,
+     "*RESTART, READ, STEP=99999999999\n*STEP\n*STEP, NAME=Step-2147483648\n",
      "2147483648-Duplicate-Step-2147483648",
      "3 fatal: Step with the name \"Step-2147483648\" has already been defined.\n"},
   };
@@ -429,8 +413,9 @@ TEST(inp_ExpansionHandlers, StepsGoOnFromWhereTheDriverOrARestartSays)
 
 TEST(inp_ExpansionHandlers, TestsOfValues)
 {
-  std::string const range = "The parameter NUMBER BACKSTRESSES on the option *PLASTIC must have value "
-                            "larger than 0 and smaller than or equal to 10. The value specified is ";
+  std::string const range =
+    "The parameter NUMBER BACKSTRESSES on the option *PLASTIC must have value "
+    "larger than 0 and smaller than or equal to 10. The value specified is ";
   struct
   {
     char const* deck;
@@ -456,8 +441,8 @@ TEST(inp_ExpansionHandlers, TestsOfValues)
     {"*PLASTIC, NUMBER BACKSTRESSES=1\n*PLASTIC, NUMBER BACKSTRESSES=10\n*PLASTIC\n", ""},
     {"*PLASTIC, NUMBER BACKSTRESSES=0\n*PLASTIC, NUMBER BACKSTRESSES=11\n"
      "*PLASTIC, NUMBER BACKSTRESSES=2.5\n*PLASTIC, NUMBER BACKSTRESSES=two\n",
-     "1 error: " + range + "0.\n2 error: " + range + "11.\n3 error: " + range + "2.5.\n4 error: " +
-       range + "TWO.\n"},
+     "1 error: " + range + "0.\n2 error: " + range + "11.\n3 error: " + range +
+       "2.5.\n4 error: " + range + "TWO.\n"},
     {"*INITIAL CONDITIONS, TYPE=HARD, NUMBER BACKSTRESSES=3\n", ""},
     {"*INITIAL CONDITIONS, TYPE=RATIO, NUMBER BACKSTRESSES=11\n",
      "1 error: " + range +
@@ -552,8 +537,8 @@ TEST(inp_ExpansionHandlers, RaiseForBadNodeRowsUnlessToldToKeepThem)
   }
   EXPECT_EQ(visitor.GetErrorList().Length(), 1) << "that of *MATERIAL";
 
-  DeckExpansion const kept(
-    deck, [](inp_KeywordExpansionVisitor& other) { other.SetBulkConversion(false); });
+  DeckExpansion const kept(deck, [](inp_KeywordExpansionVisitor& other)
+                           { other.SetBulkConversion(false); });
   EXPECT_EQ(kept.keywords, "material\nnode: 1|0. / x|1.\nsurface\n");
   EXPECT_EQ(kept.messages, "1 error: The NAME parameter is required.\n"
                            "5 error: The NAME parameter is required.\n");
@@ -575,12 +560,14 @@ TEST(inp_ExpansionHandlers, ServeKeywordsThatNoDeckReaches)
   EXPECT_EQ(visitor.GetErrorList().Length(), 0);
   visitor.Visit(part);
   ASSERT_EQ(visitor.GetErrorList().Length(), 2);
-  EXPECT_EQ(visitor.GetErrorList()[0],
-            "in keyword *STATIC Option will be eliminated in a future release, and is not supported "
-            "in a model defined in terms of an assembly of part instances: *REACTIVE ACOUSTIC "
-            "SURFACE");
-  EXPECT_EQ(visitor.GetErrorList()[1],
-            "in keyword *STATIC The following option will be eliminated in a future release, and is "
-            "not supported in a model defined in terms of an assembly of part instances: *SURFACE "
-            "IMPEDANCE");
+  EXPECT_EQ(
+    visitor.GetErrorList()[0],
+    "in keyword *STATIC Option will be eliminated in a future release, and is not supported "
+    "in a model defined in terms of an assembly of part instances: *REACTIVE ACOUSTIC "
+    "SURFACE");
+  EXPECT_EQ(
+    visitor.GetErrorList()[1],
+    "in keyword *STATIC The following option will be eliminated in a future release, and is "
+    "not supported in a model defined in terms of an assembly of part instances: *SURFACE "
+    "IMPEDANCE");
 }

@@ -91,34 +91,26 @@ std::string Objections(Rule const& rule, inp_Keyword& keyword)
 TEST(inp_KeywordExpansionVisitor, CompletesParameterNames)
 {
   Case const cases[] = {
-    {"an abbreviation",
-     "*ORIENTATION, NAM=O, SYS=R\n",
-     "orientation name=O, system=RECTANGULAR\n",
+    {"an abbreviation", "*ORIENTATION, NAM=O, SYS=R\n", "orientation name=O, system=RECTANGULAR\n",
      ""},
     {"of several entries the first in the order of the table",
      "*ORIENTATION, D=NODES\n*DYNAMIC, I=NO\n",
-     "orientation definition=NODES\ndynamic initial=NO\n",
-     ""},
-    {"a spelling that goes on behind an entry",
-     "*ORIENTATION, NAME OF IT=O\n*ORNL, ABC=1\n",
-     "orientation name=O\nornl a=1\n",
-     ""},
+     "orientation definition=NODES\ndynamic initial=NO\n", ""},
+    {"a spelling that goes on behind an entry", "*ORIENTATION, NAME OF IT=O\n*ORNL, ABC=1\n",
+     "orientation name=O\nornl a=1\n", ""},
     {"of entries that begin each other the longest that agrees",
      "*HYPERELASTIC, N=2, NEOHOOKEAN\n*CONNECTOR HARDENING, RATE, RATE FILTER FACTOR=1\n",
-     "hyperelastic n=2, neohooke\nconnectorhardening rate, ratefilterfactor=1\n",
-     ""},
+     "hyperelastic n=2, neohooke\nconnectorhardening rate, ratefilterfactor=1\n", ""},
     {"case and blanks do not count", "*Output, Mode List\n", "output modelist\n", ""},
-    {"unknown ones stay as spelled",
-     "*ORIENTATION, NAME=O, Colour = red x, SYSTEMS=S\n",
+    {"unknown ones stay as spelled", "*ORIENTATION, NAME=O, Colour = red x, SYSTEMS=S\n",
      "orientation colour=red x, name=O, system=SPHERICAL\n",
-     "1 error: Unknown parameter: colour. The parameter may be misspelled, obsolete, or invalid.\n"},
-    {"a keyword without a rule knows none",
-     "*HEADING, A\n*STEP, NAME=S\n*END STEP, B=1\n",
+     "1 error: Unknown parameter: colour. The parameter may be misspelled, obsolete, or "
+     "invalid.\n"},
+    {"a keyword without a rule knows none", "*HEADING, A\n*STEP, NAME=S\n*END STEP, B=1\n",
      "heading a\nstep name=S\nendstep b=1\n",
      "1 error: Unknown parameter: a. The parameter may be misspelled, obsolete, or invalid.\n"
      "3 error: Unknown parameter: b. The parameter may be misspelled, obsolete, or invalid.\n"},
-    {"an unknown one may still be enumerated",
-     "*DFLUX, REGION TYPE=EUL\n",
+    {"an unknown one may still be enumerated", "*DFLUX, REGION TYPE=EUL\n",
      "dflux regiontype=EULERIAN\n",
      "1 error: Unknown parameter: regiontype. The parameter may be misspelled, obsolete, or "
      "invalid.\n"},
@@ -126,8 +118,7 @@ TEST(inp_KeywordExpansionVisitor, CompletesParameterNames)
      "*DAMPING CONTROLS, VISCOUS=NONE, STRUCT=NONE\n*DAMPING CONTROLS, VISCOUSLY=NONE\n",
      "dampingcontrols structural=NONE, viscous=NONE\ndampingcontrols viscous=NONE\n",
      "2 error: Ambiguous parameter: viscously\n"},
-    {"names of models with capitals are never reached",
-     "*UNDEX CHARGE PROPERTY, HICKS\n",
+    {"names of models with capitals are never reached", "*UNDEX CHARGE PROPERTY, HICKS\n",
      "undexchargeproperty hicks\n",
      "1 error: Unknown parameter: hicks. The parameter may be misspelled, obsolete, or invalid.\n"},
   };
@@ -149,22 +140,17 @@ TEST(inp_KeywordExpansionVisitor, CleansValues)
   Case const cases[] = {
     {"upper case without blanks, but for quoted text",
      "*MATERIAL, NAME= Steel one \n*MATERIAL, NAME=\"Steel one\"\n*MATERIAL, NAME=a\"b c\"d e\n",
-     "material name=STEELONE\nmaterial name=\"Steel one\"\nmaterial name=A\"b c\"DE\n",
-     ""},
-    {"numbers stay numbers",
-     "*MATERIAL, NAME=M, RTOL=1.5D3\n*BOUNDARY, STEP=007\n",
-     "material name=M, rtol=1500.\nboundary step=7\n",
-     ""},
+     "material name=STEELONE\nmaterial name=\"Steel one\"\nmaterial name=A\"b c\"DE\n", ""},
+    {"numbers stay numbers", "*MATERIAL, NAME=M, RTOL=1.5D3\n*BOUNDARY, STEP=007\n",
+     "material name=M, rtol=1500.\nboundary step=7\n", ""},
     {"file names keep their case",
-     "*USER ELEMENT, FILE=My File.inp\n*IMPORT, UPDATE=NO, LIBRARY=\"My Lib\"\n*WAVE, DATA FILE=W v\n",
-     "userelement file=MyFile.inp\nimport library=\"My Lib\", update=NO\nwave datafile=Wv\n",
-     ""},
+     "*USER ELEMENT, FILE=My File.inp\n*IMPORT, UPDATE=NO, LIBRARY=\"My Lib\"\n*WAVE, DATA FILE=W "
+     "v\n",
+     "userelement file=MyFile.inp\nimport library=\"My Lib\", update=NO\nwave datafile=Wv\n", ""},
     {"so do the names of steps and of shape parameters",
      "*STEP, NAME=Load Case\n*PARAMETER SHAPE VARIATION, PARAMETER=a B\n",
-     "step name=LoadCase\nparametershapevariation parameter=aB\n",
-     ""},
-    {"a value of an unknown parameter is not touched",
-     "*DESIGN SHAPE VARIATION, PARAMETER=a B\n",
+     "step name=LoadCase\nparametershapevariation parameter=aB\n", ""},
+    {"a value of an unknown parameter is not touched", "*DESIGN SHAPE VARIATION, PARAMETER=a B\n",
      "designshapevariation parameter=a B\n",
      "1 error: Unknown parameter: parameter. The parameter may be misspelled, obsolete, or "
      "invalid.\n"},
@@ -178,8 +164,8 @@ TEST(inp_KeywordExpansionVisitor, KeepsTheCaseOfReferencesWhereDataAreNotRead)
   DeckExpansion const analysis(deck);
   EXPECT_EQ(analysis.keywords, "orientation name=<AB>, system=<SYS>\norientation name=B<A>\n");
   EXPECT_EQ(analysis.messages, "");
-  DeckExpansion const listing(
-    deck, [](inp_KeywordExpansionVisitor& visitor) { visitor.SetBulkDataProcess(false); });
+  DeckExpansion const listing(deck, [](inp_KeywordExpansionVisitor& visitor)
+                              { visitor.SetBulkDataProcess(false); });
   EXPECT_EQ(listing.keywords, "orientation name=<aB>, system=<sys>\norientation name=B<A>\n");
   EXPECT_EQ(listing.messages, "");
 }
@@ -187,21 +173,16 @@ TEST(inp_KeywordExpansionVisitor, KeepsTheCaseOfReferencesWhereDataAreNotRead)
 TEST(inp_KeywordExpansionVisitor, WarnsOfTwoSpellingsOfOneParameter)
 {
   Case const cases[] = {
-    {"the one that the parameter map holds later counts",
-     "*ORIENTATION, NAME=first, NA=second\n",
+    {"the one that the parameter map holds later counts", "*ORIENTATION, NAME=first, NA=second\n",
      "orientation name=SECOND\n",
      "1 warning: Repeated parameter: name.  New definition of \"SECOND\" overrides previous "
      "setting.\n"},
-    {"each repeat is one",
-     "*STATIC, STA=1, STAB=2, STABI=3\n",
-     "static stabilize=3\n",
+    {"each repeat is one", "*STATIC, STA=1, STAB=2, STABI=3\n", "static stabilize=3\n",
      "1 warning: Repeated parameter: stabilize.  New definition of \"2\" overrides previous "
      "setting.\n"
      "1 warning: Repeated parameter: stabilize.  New definition of \"3\" overrides previous "
      "setting.\n"},
-    {"one without a value counts as TRUE",
-     "*STATIC, STA, STAB\n",
-     "static stabilize\n",
+    {"one without a value counts as TRUE", "*STATIC, STA, STAB\n", "static stabilize\n",
      "1 warning: Repeated parameter: stabilize.  New definition of \"TRUE\" overrides previous "
      "setting.\n"},
   };
@@ -221,12 +202,10 @@ TEST(inp_KeywordExpansionVisitor, CompletesWords)
   Case const cases[] = {
     {"abbreviated, in any case, by any abbreviation of the parameter",
      "*BOUNDARY, OP=n, TYPE=vel, REGION=s\n",
-     "boundary op=NEW, regiontype=SLIDING, type=VELOCITY\n",
-     ""},
+     "boundary op=NEW, regiontype=SLIDING, type=VELOCITY\n", ""},
     {"exact ones, whatever begins with them",
      "*SOLID SECTION, CONTROLS=C\n*INITIAL CONDITIONS, TYPE=STRESS\n",
-     "solidsection controls=C\ninitialconditions type=STRESS\n",
-     ""},
+     "solidsection controls=C\ninitialconditions type=STRESS\n", ""},
     {"digits", "*CLOAD, SECTOR NUMBER=2\n*BOUNDARY, LOAD CASE=1\n",
      "cload sectornumber=2\nboundary loadcase=1\n", ""},
     {"no word of the table",
@@ -240,16 +219,13 @@ TEST(inp_KeywordExpansionVisitor, CompletesWords)
      "or invalid.\n"
      "4 error: Illegal value \"\"MOD\"\" for parameter \"op\".  The value may be misspelled, "
      "obsolete, or invalid.\n"},
-    {"several of them",
-     "*ELASTIC, TYPE=SH\n*ELASTIC, TYPE=SHEA\n",
+    {"several of them", "*ELASTIC, TYPE=SH\n*ELASTIC, TYPE=SHEA\n",
      "elastic type=SH\nelastic type=SHEAR\n",
      "1 error: Ambiguous value \"SH\" for parameter \"type\".\n"},
     {"a parameter without a value has none to complete",
-     "*BOUNDARY, OP, TYPE=\n*STEP, NLGEOM, NAME=S\n",
-     "boundary op, type\nstep name=S, nlgeom\n",
+     "*BOUNDARY, OP, TYPE=\n*STEP, NLGEOM, NAME=S\n", "boundary op, type\nstep name=S, nlgeom\n",
      ""},
-    {"a reference is none, unless in quotes",
-     "*BOUNDARY, OP=<op>\n*BOUNDARY, OP=\"<op>\"\n",
+    {"a reference is none, unless in quotes", "*BOUNDARY, OP=<op>\n*BOUNDARY, OP=\"<op>\"\n",
      "boundary op=<OP>\nboundary op=\"<op>\"\n",
      "2 error: Illegal value \"\"<op>\"\" for parameter \"op\".  The value may be misspelled, "
      "obsolete, or invalid.\n"},
@@ -267,8 +243,7 @@ TEST(inp_KeywordExpansionVisitor, ASecondTableOfAParameterServesWhatTheFirstDoes
      "*RESPONSE SPECTRUM, COMP=R\n*RESPONSE SPECTRUM, COMP=A\n",
      "responsespectrum comp=R\nresponsespectrum comp=ALGEBRAIC\n",
      "1 error: Ambiguous value \"R\" for parameter \"comp\".\n"},
-    {"none, said once",
-     "*CONTACT PAIR, ADJUST=0.1\n*CONTACT PAIR, ADJUST=N\n",
+    {"none, said once", "*CONTACT PAIR, ADJUST=0.1\n*CONTACT PAIR, ADJUST=N\n",
      "contactpair adjust=0.1\ncontactpair adjust=NO\n",
      "1 error: Illegal value \"0.1\" for parameter \"adjust\".  The value may be misspelled, "
      "obsolete, or invalid.\n"},
@@ -285,9 +260,9 @@ TEST(inp_KeywordExpansionVisitor, CountsTheWordsThatFit)
     int count;
     char const* result;
   } const cases[] = {
-    {"", 0, "before"},        {" \t ", 0, "before"},       {"LIN", 1, "LINEAR"},
-    {"lin", 1, "LINEAR"},     {" \tlinear \t", 1, "LINEAR"}, {"LINEARLY", 0, "before"},
-    {"EXP", 4, "EXPLICITLY"}, {"EXPLICIT", 1, "EXPLICIT"}, {"EXPLICITL", 1, "EXPLICITLY"},
+    {"", 0, "before"},         {" \t ", 0, "before"},         {"LIN", 1, "LINEAR"},
+    {"lin", 1, "LINEAR"},      {" \tlinear \t", 1, "LINEAR"}, {"LINEARLY", 0, "before"},
+    {"EXP", 4, "EXPLICITLY"},  {"EXPLICIT", 1, "EXPLICIT"},   {"EXPLICITL", 1, "EXPLICITLY"},
     {"EXPL", 2, "EXPLICITLY"}, {"EX P", 0, "before"},
   };
   for (auto const& c : cases)
@@ -363,24 +338,24 @@ TEST(inp_KeywordExpansionVisitor, EveryWordOfEveryRulePasses)
       }
   }
   // Parameters that their own rule does not list.
-  EXPECT_EQ(refused, "ConnectorFriction extrapolation=CONSTANT: lost\n" // "extrapolationflow" takes it
-                     "ConnectorFriction extrapolation=LINEAR: lost\n"
-                     "ConnectorFriction flow=ASSOCIATIVE: UnknownParameter\n"
-                     "ConnectorFriction flow=NONASSOCIATIVE: UnknownParameter\n"
-                     "Dflux regiontype=EULERIAN: UnknownParameter\n"
-                     "Dflux regiontype=LAGRANGIAN: UnknownParameter\n"
-                     "Dflux regiontype=SLIDING: UnknownParameter\n"
-                     "MatrixGenerate transformation=YES: UnknownParameter\n"
-                     "MatrixGenerate transformation=NO: UnknownParameter\n"
-                     "PMLCoefficient type=LINEAR: UnknownParameter\n"
-                     "PMLCoefficient type=QUADRATIC: UnknownParameter\n");
+  EXPECT_EQ(refused,
+            "ConnectorFriction extrapolation=CONSTANT: lost\n" // "extrapolationflow" takes it
+            "ConnectorFriction extrapolation=LINEAR: lost\n"
+            "ConnectorFriction flow=ASSOCIATIVE: UnknownParameter\n"
+            "ConnectorFriction flow=NONASSOCIATIVE: UnknownParameter\n"
+            "Dflux regiontype=EULERIAN: UnknownParameter\n"
+            "Dflux regiontype=LAGRANGIAN: UnknownParameter\n"
+            "Dflux regiontype=SLIDING: UnknownParameter\n"
+            "MatrixGenerate transformation=YES: UnknownParameter\n"
+            "MatrixGenerate transformation=NO: UnknownParameter\n"
+            "PMLCoefficient type=LINEAR: UnknownParameter\n"
+            "PMLCoefficient type=QUADRATIC: UnknownParameter\n");
 }
 
 TEST(inp_KeywordExpansionVisitor, RefusesTheNameOfTheEndOfTheFile)
 {
   Case const cases[] = {
-    {"blanked, as if it had not been there",
-     "*EOF, A=1\n1, 2\n*NODE\n",
+    {"blanked, as if it had not been there", "*EOF, A=1\n1, 2\n*NODE\n",
      "undefined keyword\nnode\n",
      "1 error: The keyword is reserved and cannot be used in a deck.\n"},
   };

@@ -76,21 +76,22 @@ struct Staged
 TEST(inp_InputFile, ReadsCompletesAndPrintsADeck)
 {
   Staged const run("** a comment\n"
-                "*HEADING\nA title\n"
-                "*PARAMETER\na = 1\n"
-                "*NODE, NSE=all nodes\n1, 0., 1.5D1\n"
-                "*PART, NAME=p\n*END PART\n"
-                "*ASSEMBLY, NAME=a\n*INSTANCE, NAME=i, PA=p\n*END INSTANCE\n*END ASSEMBLY\n"
-                "*MANIFEST, EVOLUTION=NONE\n"
-                "*STEP, NLGEOM\n*STATIC, STAB=0.5\n1., 1.\n*END STEP\n");
+                   "*HEADING\nA title\n"
+                   "*PARAMETER\na = 1\n"
+                   "*NODE, NSE=all nodes\n1, 0., 1.5D1\n"
+                   "*PART, NAME=p\n*END PART\n"
+                   "*ASSEMBLY, NAME=a\n*INSTANCE, NAME=i, PA=p\n*END INSTANCE\n*END ASSEMBLY\n"
+                   "*MANIFEST, EVOLUTION=NONE\n"
+                   "*STEP, NLGEOM\n*STATIC, STAB=0.5\n1., 1.\n*END STEP\n");
   EXPECT_THAT(run.Messages(), IsEmpty());
-  EXPECT_EQ(run.Printed(), "*heading\nATITLE\n"
-                           "*parameter\nA=1\n"
-                           "*node, nset=ALLNODES\n1, 0., 15., 0., 0., 0., 0.\n"
-                           "*part, name=P\n*endpart\n"
-                           "*assembly, name=A\n*instance, name=I, part=P\n*endinstance\n*endassembly\n"
-                           "*manifest, evolution=NONE\n"
-                           "*step, nlgeom, name=Step-1\n*static, stabilize=0.5\n1., 1.\n*endstep\n");
+  EXPECT_EQ(run.Printed(),
+            "*heading\nATITLE\n"
+            "*parameter\nA=1\n"
+            "*node, nset=ALLNODES\n1, 0., 15., 0., 0., 0., 0.\n"
+            "*part, name=P\n*endpart\n"
+            "*assembly, name=A\n*instance, name=I, part=P\n*endinstance\n*endassembly\n"
+            "*manifest, evolution=NONE\n"
+            "*step, nlgeom, name=Step-1\n*static, stabilize=0.5\n1., 1.\n*endstep\n");
   EXPECT_EQ(run.files.WithoutFolder(run.input.inputFileName.CStr()), "deck.inp");
   EXPECT_TRUE(run.input.FeatureEnhanced());
   EXPECT_TRUE(run.input.parameterized);
@@ -115,27 +116,28 @@ TEST(inp_InputFile, AnEmptyDeckIsAFlatModelOfNothing)
 TEST(inp_InputFile, StagesReportOneBehindTheOther)
 {
   Staged const run("*BAD\n"
-                "*INCLUDE, INPUT=gone\n"
-                "*MATERIAL, NAM=A, NAM=B\n"
-                "*PART\n"
-                "*IMPORT, HOURGLASS\n"
-                "*SURFACE\n"
-                "*DYNAMIC, EXPLICIT\n"
-                "*RIGID SURFACE, TYPE=SEGMENTS\n");
-  EXPECT_THAT(run.Messages(),
-              ElementsAre(
-                "fatal0: Include file \"gone\" does not exist.",
-                "error: Unknown keyword \"bad\". The keyword may be misspelled, obsolete, or invalid.",
-                "warning: in keyword *MATERIAL, file \"deck.inp\", line 3: Repeated parameter: nam.  New "
-                "definition of \"B\" overrides previous setting.",
-                "warning: in keyword *IMPORT, file \"deck.inp\", line 5: THE HOURGLASS PARAMETER HAS "
-                "BEEN USED WITH *IMPORT. RESULTS SHOULD BE INTERPRETED WITH CAUTION.",
-                "error: in keyword *IMPORT, file \"deck.inp\", line 5: Parameter UPDATE is a required "
-                "parameter.",
-                "error: in keyword *SURFACE, file \"deck.inp\", line 6: The NAME parameter is required.",
-                "fatal2: in keyword *PART, file \"deck.inp\", line 4: Part must have a name.",
-                "error: the *RIGID SURFACE option is not supported in Zorvek/Explicit; use the *SURFACE "
-                "option in conjunction with the *RIGID BODY option instead."));
+                   "*INCLUDE, INPUT=gone\n"
+                   "*MATERIAL, NAM=A, NAM=B\n"
+                   "*PART\n"
+                   "*IMPORT, HOURGLASS\n"
+                   "*SURFACE\n"
+                   "*DYNAMIC, EXPLICIT\n"
+                   "*RIGID SURFACE, TYPE=SEGMENTS\n");
+  EXPECT_THAT(
+    run.Messages(),
+    ElementsAre(
+      "fatal0: Include file \"gone\" does not exist.",
+      "error: Unknown keyword \"bad\". The keyword may be misspelled, obsolete, or invalid.",
+      "warning: in keyword *MATERIAL, file \"deck.inp\", line 3: Repeated parameter: nam.  New "
+      "definition of \"B\" overrides previous setting.",
+      "warning: in keyword *IMPORT, file \"deck.inp\", line 5: THE HOURGLASS PARAMETER HAS "
+      "BEEN USED WITH *IMPORT. RESULTS SHOULD BE INTERPRETED WITH CAUTION.",
+      "error: in keyword *IMPORT, file \"deck.inp\", line 5: Parameter UPDATE is a required "
+      "parameter.",
+      "error: in keyword *SURFACE, file \"deck.inp\", line 6: The NAME parameter is required.",
+      "fatal2: in keyword *PART, file \"deck.inp\", line 4: Part must have a name.",
+      "error: the *RIGID SURFACE option is not supported in Zorvek/Explicit; use the *SURFACE "
+      "option in conjunction with the *RIGID BODY option instead."));
 }
 
 TEST(inp_InputFile, RejectedKeywordsLeaveTheListAndTheOthersKeepTheirOrder)
@@ -176,7 +178,7 @@ TEST(inp_InputFile, TellsWhetherAModelCanBeDividedIntoParts)
 TEST(inp_InputFile, TellsOfFiles)
 {
   Staged const run({{"data", "1\n"}, {"inc", "*NSET, NSET=A\n"}},
-                "1, a row\n*INCLUDE, INPUT=inc\n*MPC, INPUT=data\n*MPC, INPUT=no/gone\n");
+                   "1, a row\n*INCLUDE, INPUT=inc\n*MPC, INPUT=data\n*MPC, INPUT=no/gone\n");
   EXPECT_EQ(run.Keywords(), "nset nset=A\nmpc: 1\nmpc\n");
   ASSERT_EQ(run.input.readerFacts.includedFiles.Length(), 1);
   EXPECT_EQ(run.input.readerFacts.includedFiles[0], "inc");
@@ -229,9 +231,10 @@ TEST(inp_InputFile, PrintsTheTimeOfEachStageWhenDebugging)
   input.setModelParameters();
   typ_DebugFlags::SetDebugFlags(30, 0);
   pnt_debugPrint().SetTarget(nullptr);
-  EXPECT_THAT(text.str(), testing::MatchesRegex(
-                            "Expand Keywords - Elapsed time: [0-9.e-]+  CPU time: [0-9.e-]+\n"
-                            "Set Model Parameters - Elapsed time: [0-9.e-]+  CPU time: [0-9.e-]+\n"));
+  EXPECT_THAT(
+    text.str(),
+    testing::MatchesRegex("Expand Keywords - Elapsed time: [0-9.e-]+  CPU time: [0-9.e-]+\n"
+                          "Set Model Parameters - Elapsed time: [0-9.e-]+  CPU time: [0-9.e-]+\n"));
 }
 
 // Three names each, all of them twice: a search through the names met so far would take a minute.
@@ -242,8 +245,8 @@ TEST(inp_InputFile, ManyNamesAreNoBurden)
   for (int i = 0; i < count; ++i)
   {
     std::string const number = std::to_string(i);
-    deck += "*PART, NAME=P" + number + "\n*END PART\n*INSTANCE, NAME=I" + number + ", PART=P" + number +
-            "\n*END INSTANCE\n*STEP, NAME=S" + number + "\n*END STEP\n";
+    deck += "*PART, NAME=P" + number + "\n*END PART\n*INSTANCE, NAME=I" + number + ", PART=P" +
+            number + "\n*END INSTANCE\n*STEP, NAME=S" + number + "\n*END STEP\n";
   }
   deck += deck;
   Staged const run(deck);
@@ -270,7 +273,8 @@ TEST(inp_InputFile, TakesSpacesOutOfALine)
   for (auto const& c : cases)
     EXPECT_EQ(inp_InputFile::TakeOutSpacesOutsideQuoted(c.text), c.result) << c.text;
   std::string const longest(256, 'x');
-  EXPECT_EQ(inp_InputFile::TakeOutSpacesOutsideQuoted((longest + "   \t").c_str()), longest.c_str());
+  EXPECT_EQ(inp_InputFile::TakeOutSpacesOutsideQuoted((longest + "   \t").c_str()),
+            longest.c_str());
   EXPECT_EQ(inp_InputFile::TakeOutSpacesOutsideQuoted((longest.substr(1) + "\nyyy").c_str()),
             (longest.substr(1) + "\n").c_str());
   EXPECT_THROW(inp_InputFile::TakeOutSpacesOutsideQuoted((longest + "x").c_str()),

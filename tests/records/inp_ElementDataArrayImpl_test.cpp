@@ -22,10 +22,7 @@ std::string Text(inp_DataArrayImpl const& rows)
   std::string text;
   for (int i = 0; i < rows.Rows(); ++i)
     for (int j = 0; j < rows.Cols(i); ++j)
-      text += (j > 0   ? " "
-               : i > 0 ? " / "
-                       : "") +
-              std::string(rows.AsString(i, j).View());
+      text += (j > 0 ? " " : i > 0 ? " / " : "") + std::string(rows.AsString(i, j).View());
   return text;
 }
 
@@ -85,8 +82,8 @@ TEST(inp_ElementDataArrayImpl, LaysAnElementOutInRowsOfSixteen)
     int nodes;
     std::vector<int> columns; ///< of the element's rows
   } const cases[] = {
-    {0, {1}},          {1, {2}},          {15, {16}},        {16, {17, 1}},
-    {31, {17, 16}},    {32, {17, 17, 1}}, {47, {17, 17, 16}}, {48, {17, 17, 17, 1}},
+    {0, {1}},       {1, {2}},          {15, {16}},         {16, {17, 1}},
+    {31, {17, 16}}, {32, {17, 17, 1}}, {47, {17, 17, 16}}, {48, {17, 17, 17, 1}},
   };
   for (auto const& c : cases)
   {
@@ -165,10 +162,13 @@ TEST(inp_ElementDataArrayImpl, CellsAreIntegersOrBlank)
     {[&] { rows.Set(0, 0, 5.); }, "Illegal operation on element data"},
     {[&] { rows.Set(0, 0, cow_String("5")); }, "Illegal operation on element data"},
     {[&] { rows.Append("5, 1"); },
-     "There has been an attempt to append a generic data line to a *ELEMENT keyword.  This can happen "
-     "when the element connectivity listing is separated from the *ELEMENT keyword.  Please make sure "
+     "There has been an attempt to append a generic data line to a *ELEMENT keyword.  This can "
+     "happen "
+     "when the element connectivity listing is separated from the *ELEMENT keyword.  Please make "
+     "sure "
      "your include files contain complete keywords (keyword + parameters + data lines).  Note that "
-     "you can still use multiple files to list the elements, provided you have *ELEMENT at the top of "
+     "you can still use multiple files to list the elements, provided you have *ELEMENT at the top "
+     "of "
      "each file."},
   };
   for (auto const& c : cases)

@@ -108,13 +108,13 @@ TEST(inp_NodeDataArrayImpl, ReadsCoordinates)
     double value;
     bool isGood;
   } const cases[] = {
-    {"", 0., true},         {"  ", 0., true},       {"1", 1., true},      {" -1.5 ", -1.5, true},
-    {"+.5", .5, true},      {"1e3", 1e3, true},     {"1E-3", 1e-3, true}, {"1.5D3", 1500., true},
-    {"1d+2", 100., true},   {"1.D-2\r", .01, true}, {"0x10", 16., true},  {"2\t", 2., true},
-    {"1e-400", 0., true},   {"1.0x", 0., false},    {"x", 0., false},     {"1 2", 0., false},
-    {"1d2D3", 0., false},   {"1.5D", 0., false},    {"--1", 0., false},   {"nan", 0., false},
-    {"INF", 0., false},     {"1e999", 0., false},   {"-1D999", 0., false},
-    {"<x>", 0., false},     {"\"1\"", 0., false}, {"1e308", 1e308, true},
+    {"", 0., true},       {"  ", 0., true},       {"1", 1., true},       {" -1.5 ", -1.5, true},
+    {"+.5", .5, true},    {"1e3", 1e3, true},     {"1E-3", 1e-3, true},  {"1.5D3", 1500., true},
+    {"1d+2", 100., true}, {"1.D-2\r", .01, true}, {"0x10", 16., true},   {"2\t", 2., true},
+    {"1e-400", 0., true}, {"1.0x", 0., false},    {"x", 0., false},      {"1 2", 0., false},
+    {"1d2D3", 0., false}, {"1.5D", 0., false},    {"--1", 0., false},    {"nan", 0., false},
+    {"INF", 0., false},   {"1e999", 0., false},   {"-1D999", 0., false}, {"<x>", 0., false},
+    {"\"1\"", 0., false}, {"1e308", 1e308, true},
   };
   for (auto const& c : cases)
   {
@@ -134,7 +134,8 @@ TEST(inp_NodeDataArrayImpl, ReadsCoordinates)
 TEST(inp_NodeDataArrayImpl, EveryRowHasSevenColumns)
 {
   inp_NodeDataArrayImpl rows;
-  rows.SetRaw(Raw({"1", "2, 1, 2, 3", "3, 1, 2, 3, 4, 5, 6", "4, 1, 2, 3, 4, 5, 6, 7, x", "5, 1,"}));
+  rows.SetRaw(
+    Raw({"1", "2, 1, 2, 3", "3, 1, 2, 3, 4, 5, 6", "4, 1, 2, 3, 4, 5, 6, 7, x", "5, 1,"}));
   std::string text;
   for (int i = 0; i < rows.Rows(); ++i)
   {
@@ -152,7 +153,8 @@ TEST(inp_NodeDataArrayImpl, NamesBadNodesInAscendingOrder)
 {
   auto const report = [](std::vector<std::string> const& lines)
   { return Raised<nex_AtrException>([&] { inp_NodeDataArrayImpl().SetRaw(Raw(lines)); }); };
-  std::string const head = "Invalid nodal coordinate values were specified for the following nodes:";
+  std::string const head =
+    "Invalid nodal coordinate values were specified for the following nodes:";
   EXPECT_EQ(report({"30, x", "4, 1", "2, 1, 1, y", "30, z"}), head + " 2 30") << "each once";
   EXPECT_EQ(report({"30, x", "-4, 1"}), "Node label is not a positive integer: -4")
     << "a bad label comes first";
@@ -233,7 +235,8 @@ TEST(inp_NodeDataArrayImpl, EachColumnHasItsType)
      "Nodal id, coordinates or normals cannot set as a string"},
     {[&] { rows.Append("5, 1"); },
      "There has been an attempt to append a generic data line to a *NODE keyword.  This can happen "
-     "when the nodal coordinate listing is separated from the *NODE keyword.  Please make sure your "
+     "when the nodal coordinate listing is separated from the *NODE keyword.  Please make sure "
+     "your "
      "include files contain complete keywords (keyword + parameters + data lines).  Note that you "
      "can still use multiple files to list the nodes, provided you have *NODE at the top of each "
      "file."},

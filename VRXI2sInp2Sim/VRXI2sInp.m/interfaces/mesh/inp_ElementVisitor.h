@@ -61,8 +61,7 @@ protected:
   /// What the parameters of an *ELEMENT say.
   struct Definition
   {
-    cow_String type;        ///< upper case; all elements share it
-    cow_String typeAsGiven; ///< for messages
+    cow_String type; ///< upper case; all elements share it
     inp_ElementFamily family;
     cow_String file; ///< of a substructure
     int offset = 0;  ///< 0 when the parameter is missing or no integer

@@ -71,7 +71,7 @@ protected:
   inp_CoordMap coordMap;
   inpM_InstanceMap<inp_MapInt2Element> elements;
   inpM_SetMap elementSets;
-  int nextLabel; ///< of a midside node, once it is raised
+  int nextLabel; ///< of a midside node, once it is raised; 0 until the first one of the scope
 
 private:
   using ShortRow = atr_MessageRow<2>;

@@ -2,11 +2,14 @@
 
 #include "cow_List.h"
 #include "cow_String.h"
+#include "gsl_Matrix.h"
+#include "inp_CoordMap.h"
 #include "inp_Keyword.h"
 #include "inp_MapInt2Element.h"
 #include "inp_ModelParameters.h"
 #include "inpM_InstanceMap.h"
 #include "inpM_SetMap.h"
+#include "inpM_SurfaceMap.h"
 
 class eli_eostream;
 
@@ -16,6 +19,7 @@ class eli_eostream;
 ///     Parse(fileName)         text to a flat list of keywords, in file order
 ///     ExpandKeywords()        parameters completed, values checked, data files read
 ///     setModelParameters()    section points and model-wide flags, from the flat list
+///     Classify(lumen)         the hierarchy, and the maps of parts and instances
 ///     CheckOutOfPlace()       the rules of parts and rigid bodies, from hierarchy and maps
 ///
 /// Stages return nothing. What they have to say goes to the sink (wip_WIP) when a stage ends:
@@ -37,6 +41,16 @@ public:
   /// stand outside of parts, instances and assemblies.
   void ModifyScopedNames();
   void ModifyScopedNames(cow_String const& assemblyName);
+  /// Makes a hierarchy of the list, and fills the maps: part... by part, assembly... by instance and,
+  /// at their top, for the assembly itself. `lumen`: the results are to stay fit for the Lumen
+  /// pre-processor, so the rows of parts stay with their keywords. A deck without parts is only checked:
+  /// see FlatRoadMissing.
+  void Classify(bool lumen);
+  /// The same without the maps, for those who want the keywords.
+  void ReorganizeKeywords(bool lumen);
+  /// The deck has no parts of its own, and there is no way yet to divide it into parts: behind
+  /// ExpandKeywords no stage takes it further. Known after ExpandKeywords.
+  bool FlatRoadMissing() const { return !featureEnhanced; }
   /// *IMPORT beside *MAP SOLUTION, and *IMPORT in a job that continues none, unless the results are
   /// to stay fit for the Lumen pre-processor. Looks at the top level.
   void CheckImportValidity(bool lumen);
@@ -67,10 +81,18 @@ public:
   bool inOdbConverter = false; ///< given by the driver: serves a converter of results databases
   cow_String inputFileName;
   cow_String includePath; ///< given by the driver: where include and data files are looked for
+  inp_CoordMap partCoordMap;                               ///< by part
   inpM_InstanceMap<inp_MapInt2Element> partElementMap;     ///< by part
+  inpM_SetMap partNsetMap;
   inpM_SetMap partElsetMap;
+  inpM_SurfaceMap partSurfaceMap;
+  inp_CoordMap assemblyCoordMap;                           ///< by instance, in position when read
   inpM_InstanceMap<inp_MapInt2Element> assemblyElementMap; ///< by instance
+  inpM_SetMap assemblyNsetMap;
   inpM_SetMap assemblyElsetMap;
+  inpM_SurfaceMap assemblySurfaceMap;
+  inpM_InstanceMap<gsl_Matrix> transformationMap; ///< position by instance
+  cow_List<inp_Keyword> assemblyKeywords; ///< elements of the assembly, for inp_AssyLevelElemVisitor
   inpM_InstanceMap<cow_String> instancePartNames; ///< instance to part
   inp_ModelParameters modelParameters;
 
@@ -99,4 +121,6 @@ private:
   void Reorganize();
   /// Reports the first name with a period outside quotes; see inp_FindPeriodInNames.
   void ProhibitPeriodInNames(cow_List<inp_Keyword> const& list);
+  void ExtractPartMaps(bool lumen);
+  void ExtractAssemblyMaps(bool lumen);
 };

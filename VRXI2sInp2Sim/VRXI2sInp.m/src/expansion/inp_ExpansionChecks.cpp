@@ -76,7 +76,8 @@ void inp_KeywordExpansionVisitor::CheckDoubleOrLabel(inp_Keyword& keyword,
                                                      cow_String const& parameter)
 {
   CheckType(
-    keyword, parameter, [](inp_Types::typeEnm type)
+    keyword, parameter,
+    [](inp_Types::typeEnm type)
     { return type == inp_Types::inp_REAL || type == inp_Types::inp_STRING; },
     inp_msgParameterNotFloatOrLabel);
 }
@@ -85,7 +86,8 @@ void inp_KeywordExpansionVisitor::CheckIntegerOrLabel(inp_Keyword& keyword,
                                                       cow_String const& parameter)
 {
   CheckType(
-    keyword, parameter, [](inp_Types::typeEnm type)
+    keyword, parameter,
+    [](inp_Types::typeEnm type)
     { return type == inp_Types::inp_INTEGER || type == inp_Types::inp_STRING; },
     inp_msgParameterNotIntegerOrLabel);
 }

@@ -76,8 +76,8 @@ void inp_KeywordExpansionVisitor::ReadInputParameter(cow_String const& file, inp
 }
 
 /// Looks in the directory given, then in the include path.
-cow_String inp_KeywordExpansionVisitor::FindFile(cow_String const& directory, cow_String const& file,
-                                                 inp_Keyword const& keyword)
+cow_String inp_KeywordExpansionVisitor::FindFile(cow_String const& directory,
+                                                 cow_String const& file, inp_Keyword const& keyword)
 {
   VRXBasUtlFilePath path(directory, file);
   if (!path.Exists())

@@ -108,9 +108,8 @@ void inp_KeywordExpansionVisitor::VisitAssembly(inp_Keyword& keyword)
   Expand(keyword);
   SetAssemblyName(keyword);
   inp_Item const* const item = keyword.parameters.ConstFind("name");
-  cow_String const name = item != nullptr && item->Type() != inp_Types::inp_BOOLEAN
-                            ? item->AsString()
-                            : cow_String();
+  cow_String const name =
+    item != nullptr && item->Type() != inp_Types::inp_BOOLEAN ? item->AsString() : cow_String();
   if (name.Length() == 0)
   {
     Say(inp_msgAssemblyNameRequired, keyword);

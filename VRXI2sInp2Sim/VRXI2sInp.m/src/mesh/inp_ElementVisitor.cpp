@@ -5,6 +5,7 @@
 #include "inp_ElementRows.h"
 #include "inp_GasketOrders.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace
@@ -22,12 +23,6 @@ void AppendListed(cow_List<int>& labels, int label)
   {
     labels.Append(label);
   }
-}
-
-bool HasIntegerOrNone(inp_Keyword const& keyword, char const* parameter)
-{
-  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  return item == nullptr || item->Type() == inp_Types::inp_INTEGER;
 }
 
 /// Room for the layers, behind the bottom nodes; false when a label would be too large.
@@ -138,13 +133,12 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword)
 
 bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& definition)
 {
-  definition.typeAsGiven = NameParameter(keyword, "type");
-  if (definition.typeAsGiven.Empty())
+  definition.type = NameParameter(keyword, "type");
+  if (definition.type.Empty())
   {
     Say(inp_msgElementTypeRequired, keyword);
     return false;
   }
-  definition.type = definition.typeAsGiven;
   definition.type.LeftTrim(" \t").RightTrim(" \t").ToUpper();
   definition.hasOffset = keyword.HasParameter("offset");
   if (inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(definition.type))
@@ -171,7 +165,7 @@ bool inp_ElementVisitor::ReadUserType(inp_Keyword const& keyword, Definition& de
   {
     bool const isObsolete = obsoleteTypes.IsMember(definition.type);
     Say(isObsolete ? inp_msgElementTypeObsolete : inp_msgElementTypeUnsupported, keyword,
-        definition.typeAsGiven);
+        definition.type);
     return false;
   }
   int const* const nodes = userElementNodes.ConstFind(definition.type);
@@ -211,7 +205,7 @@ bool inp_ElementVisitor::ReadSolidNumbering(inp_Keyword const& keyword, Definiti
   if (faces > 0 && value > faces)
   {
     Say(inp_msgSolidNumberingOutOfRange, keyword, cow_String(value), cow_String(faces),
-        definition.typeAsGiven);
+        definition.type);
     return false;
   }
   definition.solidNumbering = faces > 0 ? definition.solidNumbering : 0;
@@ -264,7 +258,7 @@ bool inp_ElementVisitor::CheckLabel(inp_Keyword const& keyword, Definition const
   }
   Say(rows.LabelState() == inp_ElementRows::c_labelNotInteger ? inp_msgElementNumberNotInteger
                                                               : inp_msgElementNumberNotPositive,
-      keyword, definition.typeAsGiven);
+      keyword, definition.type);
   return false;
 }
 
@@ -291,7 +285,7 @@ bool inp_ElementVisitor::CheckNodes(inp_Keyword const& keyword, Definition const
   }
   if (rows.Nodes().empty() && definition.family.kind != inp_ElementFamily::c_substructure)
   {
-    Say(inp_msgConnectivityMissing, keyword, label, definition.typeAsGiven);
+    Say(inp_msgConnectivityMissing, keyword, label, definition.type);
     return false;
   }
   if (rows.Nodes().size() > static_cast<std::size_t>(inp_Element::c_mostNodes))
@@ -384,11 +378,11 @@ void inp_ElementVisitor::FinishElements(inp_Keyword& keyword, Definition const& 
   }
   if (found.tooLong.Length() > 0)
   {
-    SayItems(inp_msgTooManyNodes, keyword, found.tooLong, definition.typeAsGiven);
+    SayItems(inp_msgTooManyNodes, keyword, found.tooLong, definition.type);
   }
   if (found.tooShort.Length() > 0)
   {
-    SayItems(inp_msgTooFewNodes, keyword, found.tooShort, definition.typeAsGiven);
+    SayItems(inp_msgTooFewNodes, keyword, found.tooShort, definition.type);
   }
   cow_String const setName = NameParameter(keyword, "elset");
   if (setName.Length() > 0 && found.labels.Length() > 0 && found.tooShort.Empty())

@@ -5,6 +5,7 @@
 #include "inp_MeshMessages.h"
 
 #include <algorithm>
+#include <string>
 
 namespace
 {

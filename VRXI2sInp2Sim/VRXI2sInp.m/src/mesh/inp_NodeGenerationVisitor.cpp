@@ -75,7 +75,8 @@ void inp_NodeGenerationVisitor::VisitInstance(inp_Keyword& keyword)
   BeginScope();
 }
 
-void inp_NodeGenerationVisitor::BeginScope() { nextLabel = FindMaxNodeLabel(CurrentName()) + 1; }
+// The largest label is looked for when one is needed: for an instance it costs all of its nodes.
+void inp_NodeGenerationVisitor::BeginScope() { nextLabel = 0; }
 
 bool inp_NodeGenerationVisitor::IsInScope() const
 {
@@ -256,6 +257,10 @@ void inp_NodeGenerationVisitor::CompleteElement(inp_Keyword const& keyword, int 
 
 int inp_NodeGenerationVisitor::NewLabel(inp_CoordMap const& coords)
 {
+  if (nextLabel == 0)
+  {
+    nextLabel = FindMaxNodeLabel(CurrentName()) + 1;
+  }
   while (nextLabel < c_largestLabel)
   {
     if (!coords.IsMember(++nextLabel))

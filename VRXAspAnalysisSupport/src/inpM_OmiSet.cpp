@@ -153,6 +153,14 @@ void inpM_OmiSetData::Insert(std::vector<int> const& sorted)
     }
     return;
   }
+  if (64 * sorted.size() <= few.size()) // a set that grows by a few at a time is not copied for each
+  {
+    for (int const item : sorted)
+    {
+      Insert(item);
+    }
+    return;
+  }
   std::vector<int> both;
   both.reserve(few.size() + sorted.size());
   std::set_union(few.begin(), few.end(), sorted.begin(), sorted.end(), std::back_inserter(both));

@@ -61,7 +61,8 @@ protected:
   /// What the parameters of an *ELEMENT say.
   struct Definition
   {
-    cow_String type; ///< upper case; all elements share it
+    cow_String type;        ///< upper case; all elements share it
+    cow_String typeAsGiven; ///< for messages
     inp_ElementFamily family;
     cow_String file; ///< of a substructure
     int offset = 0;  ///< 0 when the parameter is missing or no integer

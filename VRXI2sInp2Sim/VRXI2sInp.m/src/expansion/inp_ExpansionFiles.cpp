@@ -50,7 +50,8 @@ void inp_KeywordExpansionVisitor::ProcessInputParameter(inp_Keyword& keyword)
   inp_Item const* const item = keyword.parameters.ConstFind("input");
   if (item != nullptr)
   {
-    ReadInputParameter(item->AsString(), keyword);
+    bool const hasValue = item->Type() != inp_Types::inp_BOOLEAN;
+    ReadInputParameter(hasValue ? item->AsString() : cow_String(), keyword);
     keyword.parameters.Remove("input");
   }
 }

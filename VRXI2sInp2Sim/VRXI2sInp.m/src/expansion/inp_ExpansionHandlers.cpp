@@ -322,7 +322,7 @@ void inp_KeywordExpansionVisitor::CheckBeginsWithLetter(inp_Keyword const& keywo
                                                         atr_MessageRow<Places> const& row)
 {
   inp_Item const* const item = keyword.parameters.ConstFind("name");
-  if (item == nullptr || item->Type() != inp_Types::inp_STRING)
+  if (item == nullptr || item->Type() != inp_Types::inp_STRING || IsReference(item->AsString()))
   {
     return;
   }

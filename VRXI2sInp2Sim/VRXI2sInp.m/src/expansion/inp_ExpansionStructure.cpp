@@ -114,7 +114,7 @@ void inp_KeywordExpansionVisitor::VisitAssembly(inp_Keyword& keyword)
   {
     Say(inp_msgAssemblyNameRequired, keyword);
   }
-  else if (!inp_Utils::IsSetName(name))
+  else if (!inp_Utils::IsSetName(name) && !IsReference(name))
   {
     Say(inp_msgAssemblyLabelInvalid, keyword, name);
   }

@@ -133,12 +133,13 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword)
 
 bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& definition)
 {
-  definition.type = NameParameter(keyword, "type");
-  if (definition.type.Empty())
+  definition.typeAsGiven = NameParameter(keyword, "type");
+  if (definition.typeAsGiven.Empty())
   {
     Say(inp_msgElementTypeRequired, keyword);
     return false;
   }
+  definition.type = definition.typeAsGiven;
   definition.type.LeftTrim(" \t").RightTrim(" \t").ToUpper();
   definition.hasOffset = keyword.HasParameter("offset");
   if (inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(definition.type))
@@ -163,12 +164,12 @@ bool inp_ElementVisitor::ReadUserType(inp_Keyword const& keyword, Definition& de
 {
   if (!inp_Types::IsUserElementID(definition.type.View()))
   {
-    bool const isObsolete = obsoleteTypes.IsMember(definition.type);
+    bool const isObsolete = obsoleteTypes.IsMember(definition.typeAsGiven);
     Say(isObsolete ? inp_msgElementTypeObsolete : inp_msgElementTypeUnsupported, keyword,
-        definition.type);
+        definition.typeAsGiven);
     return false;
   }
-  int const* const nodes = userElementNodes.ConstFind(definition.type);
+  int const* const nodes = userElementNodes.ConstFind(definition.typeAsGiven);
   if (nodes == nullptr)
   {
     Say(inp_msgUserElementUndefined, keyword);
@@ -205,7 +206,7 @@ bool inp_ElementVisitor::ReadSolidNumbering(inp_Keyword const& keyword, Definiti
   if (faces > 0 && value > faces)
   {
     Say(inp_msgSolidNumberingOutOfRange, keyword, cow_String(value), cow_String(faces),
-        definition.type);
+        definition.typeAsGiven);
     return false;
   }
   definition.solidNumbering = faces > 0 ? definition.solidNumbering : 0;
@@ -258,7 +259,7 @@ bool inp_ElementVisitor::CheckLabel(inp_Keyword const& keyword, Definition const
   }
   Say(rows.LabelState() == inp_ElementRows::c_labelNotInteger ? inp_msgElementNumberNotInteger
                                                               : inp_msgElementNumberNotPositive,
-      keyword, definition.type);
+      keyword, definition.typeAsGiven);
   return false;
 }
 
@@ -285,7 +286,7 @@ bool inp_ElementVisitor::CheckNodes(inp_Keyword const& keyword, Definition const
   }
   if (rows.Nodes().empty() && definition.family.kind != inp_ElementFamily::c_substructure)
   {
-    Say(inp_msgConnectivityMissing, keyword, label, definition.type);
+    Say(inp_msgConnectivityMissing, keyword, label, definition.typeAsGiven);
     return false;
   }
   if (rows.Nodes().size() > static_cast<std::size_t>(inp_Element::c_mostNodes))
@@ -316,7 +317,7 @@ bool inp_ElementVisitor::CompleteNodes(inp_Keyword const& keyword, Definition co
                                        inp_ElementRows& rows, Found& found)
 {
   std::vector<int>& nodes = rows.Nodes();
-  bool const hasMidsideNodes = inp_IsGasketWithMidsideNodes(definition.type);
+  bool const hasMidsideNodes = inp_IsGasketWithMidsideNodes(definition.typeAsGiven);
   if (definition.solidNumbering > 0)
   {
     inp_GasketOrder const gasket = inp_GasketOrderOf(definition.type, definition.solidNumbering);
@@ -378,11 +379,11 @@ void inp_ElementVisitor::FinishElements(inp_Keyword& keyword, Definition const& 
   }
   if (found.tooLong.Length() > 0)
   {
-    SayItems(inp_msgTooManyNodes, keyword, found.tooLong, definition.type);
+    SayItems(inp_msgTooManyNodes, keyword, found.tooLong, definition.typeAsGiven);
   }
   if (found.tooShort.Length() > 0)
   {
-    SayItems(inp_msgTooFewNodes, keyword, found.tooShort, definition.type);
+    SayItems(inp_msgTooFewNodes, keyword, found.tooShort, definition.typeAsGiven);
   }
   cow_String const setName = NameParameter(keyword, "elset");
   if (setName.Length() > 0 && found.labels.Length() > 0 && found.tooShort.Empty())

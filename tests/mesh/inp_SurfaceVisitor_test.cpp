@@ -24,7 +24,7 @@ std::string InPart(std::string const& keywords)
          "*NSET, NSET=LEFT\n1, 2, 3, 4\n*NSET, NSET=EDGE\n1, 11, 21, 31\n" +
          keywords + "*END PART\n";
 }
-constexpr int c_firstLine = 29; // of what a test puts into the part
+constexpr int c_firstLine = 31; // of what a test puts into the part
 
 std::string InAssembly(std::string const& keywords)
 {
@@ -113,7 +113,7 @@ TEST(inp_SurfaceVisitor, CombinesSurfacesOfAPart)
 
 TEST(inp_SurfaceVisitor, ReadsRowsOfTheAssembly)
 {
-  int const line = 44;
+  int const line = 47;
   Case const cases[] = {
     {"sets and labels of instances", "*SURFACE, NAME=S, INTERNAL\nI-1.ENDS, S1\nI-2.ENDS, S1\nI-1.2, S1\n",
      "S: internal I-1 {S1: 1 3 2} I-2 {S1: 1 3}\n", ""},

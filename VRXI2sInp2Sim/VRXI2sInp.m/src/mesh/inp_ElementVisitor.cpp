@@ -164,12 +164,12 @@ bool inp_ElementVisitor::ReadUserType(inp_Keyword const& keyword, Definition& de
 {
   if (!inp_Types::IsUserElementID(definition.type.View()))
   {
-    bool const isObsolete = obsoleteTypes.IsMember(definition.typeAsGiven);
+    bool const isObsolete = obsoleteTypes.IsMember(definition.type);
     Say(isObsolete ? inp_msgElementTypeObsolete : inp_msgElementTypeUnsupported, keyword,
         definition.typeAsGiven);
     return false;
   }
-  int const* const nodes = userElementNodes.ConstFind(definition.typeAsGiven);
+  int const* const nodes = userElementNodes.ConstFind(definition.type);
   if (nodes == nullptr)
   {
     Say(inp_msgUserElementUndefined, keyword);
@@ -317,7 +317,7 @@ bool inp_ElementVisitor::CompleteNodes(inp_Keyword const& keyword, Definition co
                                        inp_ElementRows& rows, Found& found)
 {
   std::vector<int>& nodes = rows.Nodes();
-  bool const hasMidsideNodes = inp_IsGasketWithMidsideNodes(definition.typeAsGiven);
+  bool const hasMidsideNodes = inp_IsGasketWithMidsideNodes(definition.type);
   if (definition.solidNumbering > 0)
   {
     inp_GasketOrder const gasket = inp_GasketOrderOf(definition.type, definition.solidNumbering);

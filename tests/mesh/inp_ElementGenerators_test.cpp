@@ -42,8 +42,9 @@ TEST(inp_ElementGenerators, ElgenRepeatsAMaster)
      "1 T3D2: 1 2; 2 T3D2: 2 3; 3 T3D2: 3 4", "{}", ""},
     {"descending", "*ELEMENT, TYPE=T3D2\n9, 9, 8\n*ELGEN\n9, 3, -2, -3\n",
      "3 T3D2: 5 4; 6 T3D2: 7 6; 9 T3D2: 9 8", "{}", ""},
-    {"counts below 1 and blank rows", "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN, ELSET=E\n1, 0\n\n1, 2, 1, "
-                                      "1, -4, 5, 6, 0\n1, , 1\n",
+    {"counts below 1 and blank rows",
+     "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN, ELSET=E\n1, 0\n\n1, 2, 1, "
+     "1, -4, 5, 6, 0\n1, , 1\n",
      "1 MASS: 1; 2 MASS: 2", "{\"E\": [1, 2]}", ""},
     {"places without a node", "*ELEMENT, TYPE=CONN3D2\n1, 0, 5\n*ELGEN\n1, 2, 10, 1\n",
      "1 CONN3D2: 0 5; 2 CONN3D2: 0 15", "{}", ""},
@@ -61,8 +62,9 @@ TEST(inp_ElementGenerators, ElgenRepeatsAMaster)
      "1 ELBOW32: 1 2 99; 2 ELBOW32: 2 2 99", "{}", ""},
     {"unless all nodes move", "*ELEMENT, TYPE=ELBOW32\n1, 1, 2, 99\n*ELGEN, ALL NODES\n1, 2\n",
      "1 ELBOW32: 1 2 99; 2 ELBOW32: 2 3 100", "{}", ""},
-    {"no integer", "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n1, 2, x\n1, 2.5\n1, 2, 1, 1, 1, 1, 1, 1, 1, "
-                   "1, x\n",
+    {"no integer",
+     "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n1, 2, x\n1, 2.5\n1, 2, 1, 1, 1, 1, 1, 1, 1, "
+     "1, x\n",
      "1 MASS: 1; 2 MASS: 2", "{}",
      "4 error: Data item #3 must be an integer value.\n"
      "4 error: Data item #2 must be an integer value.\n"},
@@ -75,8 +77,9 @@ TEST(inp_ElementGenerators, ElgenRepeatsAMaster)
 TEST(inp_ElementGenerators, ElgenStaysWithinLabels)
 {
   char const* const largest = "4 error: Maximum element number allowed is 999999999.\n";
-  auto const tooMany = "4 error: More than 50000000 elements would be generated from element 1. They "
-                       "are left out.\n";
+  auto const tooMany =
+    "4 error: More than 50000000 elements would be generated from element 1. They "
+    "are left out.\n";
   Case const cases[] = {
     {"the last label", "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n1, 2, 1, 999999998\n",
      "1 MASS: 1; 999999999 MASS: 2", "{}", ""},
@@ -85,11 +88,13 @@ TEST(inp_ElementGenerators, ElgenStaysWithinLabels)
      "1 MASS: 1; 2 MASS: 2", "{}", largest},
     {"10^12 elements", "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n1, 1000000, 1, 1, 1000000, 1, 1000000\n",
      "1 MASS: 1", "{}", largest},
-    {"beyond 64 bits", "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n1, 999999999, 999999999, 999999999, "
-                       "999999999, 999999999, 999999999, 999999999, 999999999, 999999999\n",
+    {"beyond 64 bits",
+     "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n1, 999999999, 999999999, 999999999, "
+     "999999999, 999999999, 999999999, 999999999, 999999999, 999999999\n",
      "1 MASS: 1", "{}", largest},
-    {"10^27 elements of one label", "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n1, 999999999, 0, 0, "
-                                    "999999999, 0, 0, 999999999, 0, 0\n",
+    {"10^27 elements of one label",
+     "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n1, 999999999, 0, 0, "
+     "999999999, 0, 0, 999999999, 0, 0\n",
      "1 MASS: 1", "{}", tooMany},
     {"steps that cancel out", "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n1, 100000, 0, 1, 100000, 0, -1\n",
      "1 MASS: 1", "{}", tooMany},
@@ -119,7 +124,8 @@ TEST(inp_ElementGenerators, ElgenMakesTheBlockOfTheRule)
       n[d] = between(1, 4);
       s[d] = between(-20, 40);
       e[d] = between(-30, 60);
-      row += ", " + std::to_string(n[d]) + ", " + std::to_string(s[d]) + ", " + std::to_string(e[d]);
+      row +=
+        ", " + std::to_string(n[d]) + ", " + std::to_string(s[d]) + ", " + std::to_string(e[d]);
     }
     std::map<int, std::array<int, 2>> expected{{5000, {1000, 1007}}};
     for (int k3 = 0; k3 < n[2]; ++k3)
@@ -145,19 +151,22 @@ TEST(inp_ElementGenerators, ElgenMakesTheBlockOfTheRule)
 TEST(inp_ElementGenerators, ElcopyCopiesASet)
 {
   Case const cases[] = {
-    {"a set", "*ELEMENT, TYPE=T3D2, ELSET=A\n1, 1, 2\n2, 2, 3\n*ELCOPY, OLD SET=A, NEW SET=B, ELEMENT "
-              "SHIFT=10, SHIFT NODES=100\n",
+    {"a set",
+     "*ELEMENT, TYPE=T3D2, ELSET=A\n1, 1, 2\n2, 2, 3\n*ELCOPY, OLD SET=A, NEW SET=B, ELEMENT "
+     "SHIFT=10, SHIFT NODES=100\n",
      "1 T3D2: 1 2; 2 T3D2: 2 3; 11 T3D2: 101 102; 12 T3D2: 102 103",
      "{\"A\": [1, 2], \"B\": [11, 12]}", ""},
     {"members that do not exist, and empty places",
      "*ELEMENT, TYPE=CONN3D2\n1, 0, 2\n*ELSET, ELSET=A\n1, 9\n*ELCOPY, OLD SET=A, ELEMENT SHIFT=1, "
      "SHIFT NODES=3\n",
      "1 CONN3D2: 0 2; 2 CONN3D2: 0 5", "{\"A\": [1, 9]}", ""},
-    {"sections of elbows stay", "*ELEMENT, TYPE=ELBOW32, ELSET=A\n1, 1, 2, 99\n*ELCOPY, OLD SET=A, "
-                                "ELEMENT SHIFT=1, SHIFT NODES=5\n",
+    {"sections of elbows stay",
+     "*ELEMENT, TYPE=ELBOW32, ELSET=A\n1, 1, 2, 99\n*ELCOPY, OLD SET=A, "
+     "ELEMENT SHIFT=1, SHIFT NODES=5\n",
      "1 ELBOW32: 1 2 99; 2 ELBOW32: 6 2 99", "{\"A\": [1]}", ""},
-    {"parameters", "*ELCOPY, OLD SET=A, ELEMENT SHIFT=1\n*ELCOPY, OLD SET=A, SHIFT NODES=1\n*ELCOPY, "
-                   "ELEMENT SHIFT=1, SHIFT NODES=1\n",
+    {"parameters",
+     "*ELCOPY, OLD SET=A, ELEMENT SHIFT=1\n*ELCOPY, OLD SET=A, SHIFT NODES=1\n*ELCOPY, "
+     "ELEMENT SHIFT=1, SHIFT NODES=1\n",
      "", "{}",
      "2 error: ELEMENTSHIFT, OLDSET, and SHIFTNODES are required parameters.\n"
      "3 error: ELEMENTSHIFT, OLDSET, and SHIFTNODES are required parameters.\n"
@@ -168,14 +177,17 @@ TEST(inp_ElementGenerators, ElcopyCopiesASet)
      "*ELEMENT, TYPE=CPS3, ELSET=A\n1, 1, 2, 3\n*ELEMENT, TYPE=B31, ELSET=A\n2, 1, 2\n*ELCOPY, OLD "
      "SET=A, NEW SET=B, ELEMENT SHIFT=10, SHIFT NODES=10, REFLECT\n",
      "1 CPS3: 1 2 3; 2 B31: 1 2; 11 CPS3: 11 13 12", "{\"A\": [1, 2]}",
-     "6 error: The element type \"B31\" is either not a continuum element or not yet implemented for "
+     "6 error: The element type \"B31\" is either not a continuum element or not yet implemented "
+     "for "
      "the REFLECT option in *ELCOPY.\n"},
-    {"labels that end", "*ELEMENT, TYPE=MASS, ELSET=A\n1, 1\n2, 1\n*ELCOPY, OLD SET=A, ELEMENT "
-                        "SHIFT=999999998, SHIFT NODES=1\n",
+    {"labels that end",
+     "*ELEMENT, TYPE=MASS, ELSET=A\n1, 1\n2, 1\n*ELCOPY, OLD SET=A, ELEMENT "
+     "SHIFT=999999998, SHIFT NODES=1\n",
      "1 MASS: 1; 2 MASS: 1; 999999999 MASS: 2", "{\"A\": [1, 2]}",
      "5 error: Element 1000000000 would be generated, but element labels are 1 to 999999999.\n"},
-    {"nodes below 1", "*ELEMENT, TYPE=MASS, ELSET=A\n1, 1\n*ELCOPY, OLD SET=A, ELEMENT SHIFT=1, SHIFT "
-                      "NODES=-1\n",
+    {"nodes below 1",
+     "*ELEMENT, TYPE=MASS, ELSET=A\n1, 1\n*ELCOPY, OLD SET=A, ELEMENT SHIFT=1, SHIFT "
+     "NODES=-1\n",
      "1 MASS: 1", "{\"A\": [1]}",
      "4 error: The elements made from element 1 would have nodes outside of 1 to 999999999.\n"},
   };
@@ -185,8 +197,9 @@ TEST(inp_ElementGenerators, ElcopyCopiesASet)
 TEST(inp_ElementGenerators, WithoutConnectivityThereAreLabelsAlone)
 {
   Case const cases[] = {
-    {"labels", "*ELEMENT, TYPE=T3D2, ELSET=A\n1, 1, 2\n*ELGEN, ELSET=A\n1, 3\n9, 3\n*ELCOPY, OLD "
-               "SET=A, NEW SET=B, ELEMENT SHIFT=10, SHIFT NODES=1, REFLECT\n",
+    {"labels",
+     "*ELEMENT, TYPE=T3D2, ELSET=A\n1, 1, 2\n*ELGEN, ELSET=A\n1, 3\n9, 3\n*ELCOPY, OLD "
+     "SET=A, NEW SET=B, ELEMENT SHIFT=10, SHIFT NODES=1, REFLECT\n",
      "1 T3D2: 1 2; 2 :; 3 :; 11 :; 12 :; 13 :", "{\"A\": [1, 2, 3], \"B\": [11, 12, 13]}", ""},
   };
   Check(cases, {.computesConnectivity = false});
@@ -229,9 +242,8 @@ ReferenceShape Reference(shp_shapeEnm shape)
                                  {-1, -1, 1},  {1, -1, 1},  {1, 1, 1},  {-1, 1, 1}};
   std::vector<std::pair<int, int>> const wedgeEdges{{0, 1}, {1, 2}, {2, 0}, {3, 4}, {4, 5},
                                                     {5, 3}, {0, 3}, {1, 4}, {2, 5}};
-  std::vector<std::pair<int, int>> const brickEdges{{0, 1}, {1, 2}, {2, 3}, {3, 0},
-                                                    {4, 5}, {5, 6}, {6, 7}, {7, 4},
-                                                    {0, 4}, {1, 5}, {2, 6}, {3, 7}};
+  std::vector<std::pair<int, int>> const brickEdges{{0, 1}, {1, 2}, {2, 3}, {3, 0}, {4, 5}, {5, 6},
+                                                    {6, 7}, {7, 4}, {0, 4}, {1, 5}, {2, 6}, {3, 7}};
   // All powers up to `highest` that a test admits.
   auto const powers = [](int highest, auto const& admits)
   {
@@ -273,8 +285,7 @@ ReferenceShape Reference(shp_shapeEnm shape)
     return {wedge, powers(1, [](int a, int b, int) { return a + b <= 1; }), 3};
   case shp_wedge15:
     return {WithMiddles(wedge, wedgeEdges),
-            powers(2, [](int a, int b, int c)
-                   { return a + b <= 2 && (c <= 1 || a + b <= 1); }), 3};
+            powers(2, [](int a, int b, int c) { return a + b <= 2 && (c <= 1 || a + b <= 1); }), 3};
   case shp_wedge18:
   {
     auto edges = wedgeEdges;
@@ -369,9 +380,9 @@ std::vector<double> Jacobians(ReferenceShape const& shape, std::vector<Point> co
 TEST(inp_ElementGenerators, ReflectedCopiesHavePositiveVolume)
 {
   for (char const* type :
-       {"CPE3",  "CPS6",   "CAX4",   "CPEG8R", "CGAX4", "CGAX8", "DC2D3", "DC2D6", "AC2D4",
+       {"CPE3",  "CPS6",    "CAX4",  "CPEG8R", "CGAX4", "CGAX8", "DC2D3", "DC2D6", "AC2D4",
         "ACAX8", "WARP2D3", "C3D4",  "C3D10M", "C3D5",  "DC3D6", "C3D6",  "C3D15", "C3D15V",
-        "C3D8R", "AC3D8",  "Q3D20",  "C3D20",  "C3D27", "SC6R",  "SC8R",  "CSS8",  "EMC3D4"})
+        "C3D8R", "AC3D8",   "Q3D20", "C3D20",  "C3D27", "SC6R",  "SC8R",  "CSS8",  "EMC3D4"})
   {
     SCOPED_TRACE(type);
     ReferenceShape const shape = Reference(shp_ShapeDictionary::GetShape(type)->Kind());
@@ -399,9 +410,11 @@ TEST(inp_ElementGenerators, ReflectedCopiesHavePositiveVolume)
     };
     ASSERT_EQ(deck.Element(2).numNodesPerElement(), count);
     double const volume = shape.dimension == 2 ? 2.94 : 8.82;
-    for (double const j : Jacobians(shape, places([&](int i) { return deck.Element(1).topology()[i]; })))
+    for (double const j :
+         Jacobians(shape, places([&](int i) { return deck.Element(1).topology()[i]; })))
       EXPECT_NEAR(j, volume, 1e-9) << "the original";
-    for (double const j : Jacobians(shape, places([&](int i) { return deck.Element(2).topology()[i]; })))
+    for (double const j :
+         Jacobians(shape, places([&](int i) { return deck.Element(2).topology()[i]; })))
       EXPECT_NEAR(j, volume, 1e-9) << "the copy";
     for (double const j : Jacobians(shape, places([](int i) { return i + 101; })))
       EXPECT_NEAR(j, -volume, 1e-9) << "the copy in the old order";
@@ -431,5 +444,6 @@ TEST(inp_ElementGenerators, EveryContinuumTypeCanBeReflectedAndNoOther)
   for (int i = 0; i < 24; ++i)
     nodes[i] = i + 1;
   EXPECT_TRUE(inp_ReflectNodes("C3D27", nodes));
-  EXPECT_EQ((std::vector<int>(nodes.begin() + 20, nodes.end())), (std::vector<int>{21, 22, 23, 24}));
+  EXPECT_EQ((std::vector<int>(nodes.begin() + 20, nodes.end())),
+            (std::vector<int>{21, 22, 23, 24}));
 }

@@ -45,8 +45,7 @@ TEST(inp_ElementVisitor, TypesAndParametersAreChecked)
   Case const cases[] = {
     {"case of a type", "*ELEMENT, TYPE=c3d4\n7, 1, 2, 3, 4\n", "7 C3D4: 1 2 3 4", ""},
     {"no type", "*ELEMENT\n7, 1, 2\n", "", "2 error: Element type is required.\n"},
-    {"type without value", "*ELEMENT, TYPE\n7, 1, 2\n", "",
-     "2 error: Element type is required.\n"},
+    {"type without value", "*ELEMENT, TYPE\n7, 1, 2\n", "", "2 error: Element type is required.\n"},
     {"unknown", "*ELEMENT, TYPE=c3d99\n7, 1, 2\n", "",
      "2 error: Element type \"C3D99\" is not supported.\n"},
     {"retired", "*ELEMENT, TYPE=old8\n7, 1, 2\n", "",
@@ -60,7 +59,8 @@ TEST(inp_ElementVisitor, TypesAndParametersAreChecked)
     {"user element", "*USER ELEMENT, TYPE=u1, NODES=3\n*ELEMENT, TYPE=U1\n7, 1, 2,\n3\n8, 1, 2\n",
      "7 U1: 1 2 3; 8 U1: 1 2", "3 error: Too few nodes for element(s) of type \"U1\" :\n8\n"},
     {"user element redefined",
-     "*USER ELEMENT, TYPE=VU2, NODES=2\n*USER ELEMENT, TYPE=VU2, NODES=1\n*ELEMENT, TYPE=vu2\n7, 1\n",
+     "*USER ELEMENT, TYPE=VU2, NODES=2\n*USER ELEMENT, TYPE=VU2, NODES=1\n*ELEMENT, TYPE=vu2\n7, "
+     "1\n",
      "7 VU2: 1", ""},
     {"parameters of user elements",
      "*USER ELEMENT, NODES=3\n*USER ELEMENT, TYPE=U1\n*USER ELEMENT, TYPE=U1, NODES=0\n", "",
@@ -146,28 +146,33 @@ TEST(inp_ElementVisitor, ElementsGoOnBehindAComma)
     std::string const at15 = Numbers(1, 15, " ");
     check("15 on one row", "C3D15", "1, " + Numbers(1, 15) + "\n2, " + Numbers(1, 15) + "\n",
           "1 C3D15: " + at15 + "; 2 C3D15: " + at15);
-    check("all nodes there, and a comma", "C3D15", "1, " + Numbers(1, 15) + ",\n2, " + Numbers(1, 15) + "\n",
+    check("all nodes there, and a comma", "C3D15",
+          "1, " + Numbers(1, 15) + ",\n2, " + Numbers(1, 15) + "\n",
           "1 C3D15: " + at15 + "; 2 C3D15: " + at15);
     check("16 over two", "U16", "1, " + Numbers(1, 15) + ",\n16\n2, " + Numbers(1, 15) + ",\n16,\n",
           "1 U16: " + Numbers(1, 16, " ") + "; 2 U16: " + Numbers(1, 16, " "));
-    check("31 over two", "U31", "1, " + Numbers(1, 15) + ",\n" + Numbers(16, 16) + "\n2, 1,\n" + Numbers(2, 30),
+    check("31 over two", "U31",
+          "1, " + Numbers(1, 15) + ",\n" + Numbers(16, 16) + "\n2, 1,\n" + Numbers(2, 30),
           "1 U31: " + Numbers(1, 31, " ") + "; 2 U31: " + Numbers(1, 31, " "));
     check("32 over three", "U32", "1, " + Numbers(1, 15) + ",\n" + Numbers(16, 16) + ",\n32\n",
           "1 U32: " + Numbers(1, 32, " "));
-    check("rows of any length", "C3D20", "1, 1, 2,\n" + Numbers(3, 17) + ",\n20\n2,\n" + Numbers(1, 20),
+    check("rows of any length", "C3D20",
+          "1, 1, 2,\n" + Numbers(3, 17) + ",\n20\n2,\n" + Numbers(1, 20),
           "1 C3D20: " + Numbers(1, 20, " ") + "; 2 C3D20: " + Numbers(1, 20, " "));
     check("a comma is missing", "C3D20", "1, " + Numbers(1, 15) + "\n16, 17, 18, 19, 20\n",
           "1 C3D20: " + at15 + "; 16 C3D20: 17 18 19 20",
           " error: Too few nodes for element(s) of type \"C3D20\" :\n1, 16\n");
-    check("the deck ends behind a comma", "C3D20", "1, " + Numbers(1, 15) + ",\n", "1 C3D20: " + at15,
-          " error: Too few nodes for element(s) of type \"C3D20\" :\n1\n");
-    check("one row too many", "C3D20", "1, " + Numbers(1, 15) + ",\n" + Numbers(16, 6) + ",\n2, 3\n",
+    check("the deck ends behind a comma", "C3D20", "1, " + Numbers(1, 15) + ",\n",
+          "1 C3D20: " + at15, " error: Too few nodes for element(s) of type \"C3D20\" :\n1\n");
+    check("one row too many", "C3D20",
+          "1, " + Numbers(1, 15) + ",\n" + Numbers(16, 6) + ",\n2, 3\n",
           "1 C3D20: " + Numbers(1, 20, " ") + "; 2 C3D20: 3",
           " warning: Too many nodes for element(s) of type \"C3D20\" :\n1\n" +
             std::string(inPart ? "5" : "4") +
             " error: Too few nodes for element(s) of type \"C3D20\" :\n2\n");
     check("optional nodes, next element", "C3D27",
-          "1, " + Numbers(1, 15) + ",\n" + Numbers(16, 6) + ",\n2, " + Numbers(1, 15) + ",\n" + Numbers(16, 12),
+          "1, " + Numbers(1, 15) + ",\n" + Numbers(16, 6) + ",\n2, " + Numbers(1, 15) + ",\n" +
+            Numbers(16, 12),
           "1 C3D27: " + Numbers(1, 21, " ") + "; 2 C3D27: " + Numbers(1, 27, " "));
     check("beams with commas", "B31", "1, 10, 11,\n2, 12, 13,\n3, 14, 15,\n16\n",
           "1 B31: 10 11; 2 B31: 12 13; 3 B31: 14 15 16");
@@ -181,11 +186,11 @@ TEST(inp_ElementVisitor, BlankOptionalNodesAreDroppedOrMarked)
     for (bool const marks : {false, true})
     {
       ElementDeck const deck(rows, {.inPart = inPart, .allowBlankMidNodes = marks});
-      EXPECT_EQ(deck.elements,
-                "1 C3D15V: " + Numbers(1, 15, " ") + (marks ? " -91440 17" : " 17"));
+      EXPECT_EQ(deck.elements, "1 C3D15V: " + Numbers(1, 15, " ") + (marks ? " -91440 17" : " 17"));
       EXPECT_EQ(deck.messages, "");
     }
-  ElementDeck const corner("*ELEMENT, TYPE=C3D15V\n1, 1, , 3, " + Numbers(4, 12) + "\n", inFlatDeck);
+  ElementDeck const corner("*ELEMENT, TYPE=C3D15V\n1, 1, , 3, " + Numbers(4, 12) + "\n",
+                           inFlatDeck);
   EXPECT_EQ(corner.elements, "");
   EXPECT_EQ(corner.messages, "1 error: Non integer or label exceeds 9 digits in element "
                              "connectivity for element 1\n");
@@ -259,7 +264,8 @@ TEST(inp_ElementVisitor, ACompletedKeywordHoldsTheCompleteElements)
 
   ElementDeck again("*ELEMENT, TYPE=CAXA44\n3, 1, 2, 3, 4, 11, 12, 13, 14, 21, 22, 23, 24, 31, 32, "
                     "33,\n34, 41, 42, 43, 44\n");
-  EXPECT_EQ(ElementsText(again.Map()).substr(0, 40), deck.elements.substr(deck.elements.find("3 C"), 40));
+  EXPECT_EQ(ElementsText(again.Map()).substr(0, 40),
+            deck.elements.substr(deck.elements.find("3 C"), 40));
 
   ElementDeck unchanged("*ELEMENT, TYPE=GK3D8, OFFSET=10\n2, 1, 2, 3, 4, 5, 6, 7, 8\n");
   EXPECT_TRUE(unchanged.List().ConstGet(1).HasParameter("offset"));
@@ -308,8 +314,8 @@ TEST(inp_ElementVisitor, SolidElementNumberingTurnsAFaceDown)
      "1 GK3D12M: 6 5 4 11 10 12 3 2 1 8 7 9 <15 given> <face 2>", ""},
     {"a quad", "*ELEMENT, TYPE=GKPE6, SOLID ELEMENT NUMBERING=2\n1, 1, 2, 3, 4, 5, 6, 7, 8\n",
      "1 GKPE6: 2 3 6 1 4 8 <8 given> <face 2>", ""},
-    {"a type without a solid element",
-     "*ELEMENT, TYPE=GKAX2, SOLID ELEMENT NUMBERING=2\n1, 1, 2\n", "1 GKAX2: 1 2", ""},
+    {"a type without a solid element", "*ELEMENT, TYPE=GKAX2, SOLID ELEMENT NUMBERING=2\n1, 1, 2\n",
+     "1 GKAX2: 1 2", ""},
     {"no gasket", "*ELEMENT, TYPE=C3D4, SOLID ELEMENT NUMBERING=2\n1, 1, 2, 3, 4\n",
      "1 C3D4: 1 2 3 4", ""},
     {"midside nodes to come",
@@ -332,8 +338,20 @@ TEST(inp_ElementVisitor, GasketOrdersFollowTheSolidElement)
     int perLayer;
     std::set<std::pair<int, int>> edges;
   } const cases[] = {
-    {"GK3D8", 4, {{0, 1}, {1, 2}, {2, 3}, {0, 3}, {4, 5}, {5, 6}, {6, 7}, {4, 7}, {0, 4}, {1, 5},
-                  {2, 6}, {3, 7}}},
+    {"GK3D8",
+     4,
+     {{0, 1},
+      {1, 2},
+      {2, 3},
+      {0, 3},
+      {4, 5},
+      {5, 6},
+      {6, 7},
+      {4, 7},
+      {0, 4},
+      {1, 5},
+      {2, 6},
+      {3, 7}}},
     {"GK3D6TN", 3, {{0, 1}, {1, 2}, {0, 2}, {3, 4}, {4, 5}, {3, 5}, {0, 3}, {1, 4}, {2, 5}}},
     {"GKPS4", 2, {{0, 1}, {1, 2}, {2, 3}, {0, 3}}},
     {"GK3D4LN", 2, {{0, 1}, {1, 2}, {2, 3}, {0, 3}}},
@@ -375,8 +393,8 @@ TEST(inp_ElementVisitor, ListsOfLongElementsAreBounded)
     bare += std::to_string(label) + ", 1\n";
   }
   ElementDeck const tooLong("*ELEMENT, TYPE=T3D2, ELSET=E\n" + rows);
-  EXPECT_EQ(tooLong.messages,
-            "2 warning: Too many nodes for element(s) of type \"T3D2\" :\n" + Numbers(1, 999) + "\n");
+  EXPECT_EQ(tooLong.messages, "2 warning: Too many nodes for element(s) of type \"T3D2\" :\n" +
+                                Numbers(1, 999) + "\n");
   EXPECT_EQ(tooLong.Map().Size(), 1001);
   EXPECT_EQ(tooLong.sets.substr(0, 12), "{\"E\": [1, 2,") << "too many is a warning";
   ElementDeck const tooShort("*ELEMENT, TYPE=T3D2, ELSET=E\n" + bare);
@@ -426,18 +444,19 @@ TEST(inp_ElementVisitor, ElementSets)
     char const* messages;
   } const cases[] = {
     {"of an element keyword, growing",
-     "*ELEMENT, TYPE=MASS, ELSET=E\n3, 1\n*ELEMENT, TYPE=MASS, ELSET=E\n2, 1\n",
-     "{\"E\": [2, 3]}", ""},
+     "*ELEMENT, TYPE=MASS, ELSET=E\n3, 1\n*ELEMENT, TYPE=MASS, ELSET=E\n2, 1\n", "{\"E\": [2, 3]}",
+     ""},
     {"ids and names", "*ELSET, ELSET=A\n5, 3\n*ELSET, ELSET=B, UNSORTED\n9, A, 1\n",
      "{\"A\": [3, 5], \"B\": [9, 3, 5, 1]}", ""},
-    {"growing, and sorted in the end",
-     "*ELSET, ELSET=A, UNSORTED\n5, 3\n*ELSET, ELSET=A\n4\n", "{\"A\": [3, 4, 5]}", ""},
+    {"growing, and sorted in the end", "*ELSET, ELSET=A, UNSORTED\n5, 3\n*ELSET, ELSET=A\n4\n",
+     "{\"A\": [3, 4, 5]}", ""},
     {"generated", "*ELSET, ELSET=A, GENERATE\n1, 9, 4\n", "{\"A\": [1, 5, 9]}", ""},
     {"missing", "*ELSET, ELSET=A\n5, B\n", "{\"A\": [5]}",
      "2 error: The following sets specified do not exist. Sets should be defined before they are "
      "used:\nB\n"},
-    {"of a fastener", "*FASTENER, ELSET=A, PROPERTY=P, INTERACTION NAME=F\n\n*ELSET, ELSET=B\n1, A\n", "{\"A\": [], \"B\": [1]}",
-     ""},
+    {"of a fastener",
+     "*FASTENER, ELSET=A, PROPERTY=P, INTERACTION NAME=F\n\n*ELSET, ELSET=B\n1, A\n",
+     "{\"A\": [], \"B\": [1]}", ""},
     {"of a fastener elsewhere", "*FASTENER, ELSET=I.A, PROPERTY=P, INTERACTION NAME=F\n\n", "{}",
      "2 error: Unknown instance I.\n"},
     {"for particles", "*ELSET, ELSET=OLD\n1\n*PARTICLE GENERATOR MIXTURE\nNEW, 5, OLD\n",
@@ -460,7 +479,7 @@ TEST(inp_ElementVisitor, ElementSets)
   cow_List<inp_Keyword> list = DeckKeywords("*ELSET\n5, 3\n");
   unexpanded.Visitor().VisitList(list);
   ASSERT_EQ(unexpanded.Visitor().GetErrorList().Length(), 1);
-  EXPECT_NE(unexpanded.Visitor().GetErrorList().ConstGet(0).View().find(
-              ": ELSET parameter is required."),
-            std::string_view::npos);
+  EXPECT_NE(
+    unexpanded.Visitor().GetErrorList().ConstGet(0).View().find(": ELSET parameter is required."),
+    std::string_view::npos);
 }

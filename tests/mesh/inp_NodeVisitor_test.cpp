@@ -28,8 +28,7 @@ TEST(inp_NodeVisitor, RowsKeptAsTextReadAlikeAndBadOnesAreSkipped)
   } const cases[] = {
     {"good row beside labels below 1, which nobody speaks of", "0, 1.\n-3, 1.\n\n4, 1.D1\n",
      "{\"4\": [10.0, 0.0, 0.0, 0.0, 0.0, 0.0]}", ""},
-    {"ten digits", "1234567890, 1.\n999999999\n",
-     "{\"999999999\": [0.0, 0.0, 0.0, 0.0, 0.0, 0.0]}",
+    {"ten digits", "1234567890, 1.\n999999999\n", "{\"999999999\": [0.0, 0.0, 0.0, 0.0, 0.0, 0.0]}",
      "1 error: Node label exceeds 9 digits: 1234567890\n"},
     {"no number", "5, nan\n6, 1e999\n7, 1.\n", "{\"7\": [1.0, 0.0, 0.0, 0.0, 0.0, 0.0]}",
      "1 error: Invalid nodal coordinate values were specified for the following nodes: 5\n"
@@ -60,7 +59,10 @@ TEST(inp_NodeVisitor, LocalSystemsHoldUntilTheNext)
     char const* messages;
   } const cases[] = {
     {"two rows", "*SYSTEM\n1., 1., 0., 1., 3., 0.\n-3., 1., 0.\n", {5, -2, 3, 4, -.8, .6, 0}, ""},
-    {"C off the axis", "*SYSTEM\n1., 1., 0., 1., 3., 0.\n-3., 7., 0.\n", {5, -2, 3, 4, -.8, .6, 0}, ""},
+    {"C off the axis",
+     "*SYSTEM\n1., 1., 0., 1., 3., 0.\n-3., 7., 0.\n",
+     {5, -2, 3, 4, -.8, .6, 0},
+     ""},
     {"one row keeps z", "*SYSTEM\n1., 1., 0., 1., 3., 9.\n", {5, -2, 3, 4, -.8, .6, 0}, ""},
     {"B at the origin: A is all", "*SYSTEM\n1., 1., 5.\n", {5, 3, 4, 9, .6, .8, 0}, ""},
     {"no rows", "*SYSTEM\n1., 1., 0., 1., 3., 0.\n*SYSTEM\n", {5, 2, 3, 4, .6, .8, 0}, ""},
@@ -138,9 +140,8 @@ TEST(inp_NodeVisitor, NumberingAloneMakesTheSameLabelsAndSetsAtTheOrigin)
   setting.computeGeometry = false;
   MeshDeck const numbers(text, setting);
   EXPECT_EQ(numbers.messages, "");
-  EXPECT_EQ(numbers.nsets,
-            "{\"A\": [1, 5], \"B\": [1, 2, 3, 4, 5], \"C\": [1, 3, 5], "
-            "\"D\": [11, 12, 13, 14, 15], \"FIVE\": [5], \"ONE\": [1]}");
+  EXPECT_EQ(numbers.nsets, "{\"A\": [1, 5], \"B\": [1, 2, 3, 4, 5], \"C\": [1, 3, 5], "
+                           "\"D\": [11, 12, 13, 14, 15], \"FIVE\": [5], \"ONE\": [1]}");
   std::vector<NodePlace> nodes;
   for (int const label : {1, 2, 3, 4, 5, 11, 12, 13, 14, 15})
     nodes.push_back({label, 0, 0, 0});

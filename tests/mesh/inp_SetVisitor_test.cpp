@@ -57,12 +57,15 @@ TEST(inp_SetVisitor, PartRowsHoldIdsAndNamesOfSets)
   } const cases[] = {
     {"ids and names in one row", "*NSET, NSET=A\n3, 1\n*NSET, NSET=B\n7, a , 2\n",
      "\"A\": [1, 3], \"B\": [1, 2, 3, 7]", ""},
-    {"unsorted keeps order and repeats", "*NSET, NSET=A, UNSORTED\n3, 1, 3\n*NSET, NSET=B, UNSORTED\n"
-     "7, A, 2, A\n", "\"A\": [3, 1, 3], \"B\": [7, 3, 1, 3, 2, 3, 1, 3]", ""},
+    {"unsorted keeps order and repeats",
+     "*NSET, NSET=A, UNSORTED\n3, 1, 3\n*NSET, NSET=B, UNSORTED\n"
+     "7, A, 2, A\n",
+     "\"A\": [3, 1, 3], \"B\": [7, 3, 1, 3, 2, 3, 1, 3]", ""},
     {"quoted names", "*NSET, NSET=\"My set\"\n1\n*NSET, NSET=_B\n\"My set\", 4\n",
      "\"\"My set\"\": [1], \"_B\": [1, 4]", ""},
     {"what is bad is told once, what is good counts",
-     "*NSET, NSET=A\n1, NONE, 2.5\n1234567890, 1e3, NONE, +4, , 999999999\nLATER\n*NSET, NSET=LATER\n",
+     "*NSET, NSET=A\n1, NONE, 2.5\n1234567890, 1e3, NONE, +4, , 999999999\nLATER\n*NSET, "
+     "NSET=LATER\n",
      "\"A\": [1, 4, 999999999], \"LATER\": []",
      "1 error: Invalid data:\n2.5, 1234567890, 1E3\n"
      "1 error: The following sets specified do not exist. Sets should be defined before they are "
@@ -70,8 +73,8 @@ TEST(inp_SetVisitor, PartRowsHoldIdsAndNamesOfSets)
     {"a set that names itself", "*NSET, NSET=A\nA, 1\n*NSET, NSET=A\nA, 2\n", "\"A\": [1, 2]",
      "1 error: The following sets specified do not exist. Sets should be defined before they are "
      "used:\nA\n"},
-    {"an unsorted set that names itself", "*NSET, NSET=A, UNSORTED\n2, 1\n*NSET, NSET=A, UNSORTED\nA\n",
-     "\"A\": [2, 1, 2, 1]", ""},
+    {"an unsorted set that names itself",
+     "*NSET, NSET=A, UNSORTED\n2, 1\n*NSET, NSET=A, UNSORTED\nA\n", "\"A\": [2, 1, 2, 1]", ""},
   };
   for (auto const& c : cases)
   {
@@ -140,17 +143,20 @@ TEST(inp_SetVisitor, GeneratedRanges)
     {"rows with and without a step", "\n1, 9, 4\n20, 18, -1\n30, 31\n",
      "[1, 5, 9, 18, 19, 20, 30, 31]", ""},
     {"unsorted", ", UNSORTED\n9, 1, -4\n1, 2, 0\n", "[9, 5, 1, 1, 2]", ""},
-    {"bad rows are left out",
-     "\n10, 1\n1, 10, 2\n5\n0, 4\n1, 9999999999\n2.5, 4\nA, 4\n7, 7, 3\n", "[7]",
+    {"bad rows are left out", "\n10, 1\n1, 10, 2\n5\n0, 4\n1, 9999999999\n2.5, 4\nA, 4\n7, 7, 3\n",
+     "[7]",
      "1 error: Increment of 1 cannot be used to step from 10 to 1 on *NSET keyword.\n"
      "1 error: Increment of 2 cannot be used to step from 1 to 10 on *NSET keyword.\n"
-     "1 error: There are fewer than 2 items on a data line for which a generation sequence (start id, "
-     "end id, optional increment number) is expected.  The keyword in question is related to *NSET.  "
+     "1 error: There are fewer than 2 items on a data line for which a generation sequence (start "
+     "id, "
+     "end id, optional increment number) is expected.  The keyword in question is related to "
+     "*NSET.  "
      "Please check input data.\n"
      "1 error: The range from 0 to 4 on *NSET is not within 1 to 999999999. It is left out.\n"
      "1 error: Invalid data:\n9999999999, 2.5, A\n"},
     {"more than can be held", ", UNSORTED\n1, 999999999\n3, 4\n", "[3, 4]",
-     "1 error: The range from 1 to 999999999 with a step of 1 on *NSET holds more ids than a set can. "
+     "1 error: The range from 1 to 999999999 with a step of 1 on *NSET holds more ids than a set "
+     "can. "
      "It is left out.\n"},
   };
   for (auto const& c : cases)
@@ -185,7 +191,8 @@ TEST(inp_SetVisitor, AssemblyRowsReachIntoInstances)
      "\"X\": {\"I\": [1, 2, 5, 7]}", ""},
     {"INSTANCE does not stand before a step", "*NSET, NSET=X, INSTANCE=I, GENERATE\n5, 9, 2\n",
      "\"X\": {\"I\": [5, 7, 9]}", ""},
-    {"ranges", "*NSET, NSET=X, GENERATE\n1, 5, 2\nI.3, I.4\n", "\"X\": {\"\": [1, 3, 5], \"I\": [3, 4]}", ""},
+    {"ranges", "*NSET, NSET=X, GENERATE\n1, 5, 2\nI.3, I.4\n",
+     "\"X\": {\"\": [1, 3, 5], \"I\": [3, 4]}", ""},
     {"what does not exist",
      "*NSET, NSET=X\nNONE, I.NONE, Q.1, 1.5, I.1.2, I., .5, I.1234567890, 12345678901, I.2X, I.6\n",
      "\"X\": {\"I\": [6]}",

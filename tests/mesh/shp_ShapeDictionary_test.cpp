@@ -1,5 +1,5 @@
-#include "shp_ShapeDictionary.h"
 #include "inp_ElementInfo.h"
+#include "shp_ShapeDictionary.h"
 
 #include <algorithm>
 #include <array>
@@ -82,8 +82,8 @@ double InwardVolume(std::vector<Point> const& at, std::vector<int> const& face, 
 
 TEST(shp_ShapeDictionary, FacesOfSolidsCloseThemAndLookInside)
 {
-  for (char const* type : {"C3D4", "C3D10", "C3D5", "C3D6", "C3D15", "C3D15V", "C3D8", "C3D20",
-                           "C3D27"})
+  for (char const* type :
+       {"C3D4", "C3D10", "C3D5", "C3D6", "C3D15", "C3D15V", "C3D8", "C3D20", "C3D27"})
   {
     SCOPED_TRACE(type);
     shp_Shape const* const shape = shp_ShapeDictionary::GetShape(type);

@@ -253,9 +253,10 @@ TEST(inp_InputFile, RowsOfPartsAreGivenUpUnlessTheyAreToStay)
 
 TEST(inp_InputFile, ADeckWithoutPartsIsOnlyChecked)
 {
-  Road const road("*NODE\n1, 0., 0., 0.\n*NSET, NSET=A.B\n1\n*IMPORT\n");
+  Road const road("*NODE\n1, 0., 0., 0.\n*NSET, NSET=A.B\n1\n*IMPORT, UPDATE=NO\n");
   EXPECT_TRUE(road.input.FlatRoadMissing());
-  EXPECT_THAT(road.messages, ElementsAre("x"));
+  EXPECT_THAT(road.messages, ElementsAre(testing::StartsWith("fatal2: An import analysis requires"),
+                                         testing::HasSubstr("Period cannot be used within set")));
   EXPECT_EQ(0, road.input.assemblyCoordMap.Count());
   EXPECT_EQ(3, road.input.keywords.Length());
 }

@@ -61,7 +61,8 @@ public:
   cow_String FixupMaterialName(cow_String const& name) override { return name + "#M"; }
 };
 
-/// Every keyword with all its references marked. Sets come last, as a marked number is none any more.
+/// Every keyword with all its references marked. Sets come last, as a marked number is none any
+/// more.
 inline void MarkAll(cow_List<inp_Keyword>& keywords, inp_ModelParameters const& model)
 {
   MarkOrientations().VisitList(keywords);

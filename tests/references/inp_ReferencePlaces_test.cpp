@@ -96,7 +96,8 @@ Places PlacesOf(inp_ReferencePlace const& place)
 
 } // namespace
 
-// A keyword that is made for a place comes back with exactly the marks of all places that count for it.
+// A keyword that is made for a place comes back with exactly the marks of all places that count for
+// it.
 TEST(inp_ReferencePlaces, AWalkReachesEveryPlaceAndNothingElse)
 {
   inp_ModelParameters const model;

@@ -46,9 +46,9 @@ class ElementDeck
 {
 public:
   explicit ElementDeck(std::string_view deck, ElementDeckSetting const& setting = {})
-    : m_expansion(setting.inPart ? "*PART, NAME=" + setting.scope + "\n" + std::string(deck) +
-                                     "*END PART\n"
-                                 : std::string(deck),
+    : m_expansion(setting.inPart
+                    ? "*PART, NAME=" + setting.scope + "\n" + std::string(deck) + "*END PART\n"
+                    : std::string(deck),
                   [](inp_KeywordExpansionVisitor& visitor) { visitor.SetBulkConversion(false); }),
       m_walk(setting)
   {

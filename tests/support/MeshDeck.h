@@ -5,7 +5,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -76,18 +75,18 @@ inline std::string SetsText(inpM_BaseSetMap const& sets)
 /// In what surroundings the node keywords of a deck are read.
 struct MeshDeckSetting
 {
-  std::string scope = "P";             ///< the part, or instance; empty for the assembly
-  bool isInstance = false;             ///< `scope` is an instance
-  gsl_Matrix position;                 ///< of that instance
-  std::vector<std::string> instances;  ///< of the assembly
-  std::vector<std::string> imported;   ///< of these
-  bool hasScopeMap = true;             ///< there is a map of nodes for the scope
+  std::string scope = "P";            ///< the part, or instance; empty for the assembly
+  bool isInstance = false;            ///< `scope` is an instance
+  gsl_Matrix position;                ///< of that instance
+  std::vector<std::string> instances; ///< of the assembly
+  std::vector<std::string> imported;  ///< of these
+  bool hasScopeMap = true;            ///< there is a map of nodes for the scope
   bool computeGeometry = true;
-  bool bulkConversion = true;          ///< node rows become numbers, or the expansion stops
+  bool bulkConversion = true; ///< node rows become numbers, or the expansion stops
   bool reportBlended = false;
   inpM_InstanceMap<inp_MapInt2Element> elements;
   inpM_SetMap elementSets;
-  inpM_SetMap sets;                    ///< what is there at the start
+  inpM_SetMap sets; ///< what is there at the start
 };
 
 /// The nodes and node sets that a deck's node keywords make in one scope.
@@ -117,7 +116,7 @@ public:
   /// {"nodes": .., "nsets": ..}
   std::string Maps() const { return "{\"nodes\": " + nodes + ", \"nsets\": " + nsets + "}"; }
 
-  /// The labels of the nodes, and with `withPlaces` their coordinates to a few digits: "1 (0,0,0) 5".
+  /// The map of the scope.
   inp_CoordMap const& Nodes() const { return m_walk.ScopeMap(); }
   inp_Coord Node(int label) const
   {
@@ -154,9 +153,7 @@ private:
     {
       static inp_CoordMap const none;
       cow_String const& scope = CurrentName();
-      return scope.Empty()               ? coordMap
-             : coordMap.IsMember(scope) ? coordMap.ConstGet(scope)
-                                        : none;
+      return scope.Empty() ? coordMap : coordMap.IsMember(scope) ? coordMap.ConstGet(scope) : none;
     }
 
   private:

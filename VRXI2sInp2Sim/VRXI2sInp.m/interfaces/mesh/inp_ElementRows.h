@@ -26,7 +26,7 @@ class inp_ElementRows
 public:
   enum checkEnm
   {
-    c_checked, ///< node labels are 1 to 999999999
+    c_checked,  ///< node labels are 1 to 999999999
     c_asTheyAre ///< fields are taken as numbers, whatever they are
   };
   enum blankEnm

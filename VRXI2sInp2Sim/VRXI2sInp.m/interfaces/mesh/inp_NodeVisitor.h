@@ -77,9 +77,9 @@ protected:
   static gsl_Vector ReflectVectorAboutPlane(gsl_Vector const& vector, gsl_Vector const& normal);
   static gsl_Vector MatrixVectorMultiply3x3(double const (&matrix)[3][3], gsl_Vector const& vector);
 
-  inp_CoordMap coordMap;         ///< being filled
-  gsl_Matrix instanceTransform;  ///< position of the current instance; identity for a part
-  gsl_Matrix systemTransform;    ///< of the latest *SYSTEM
+  inp_CoordMap coordMap;        ///< being filled
+  gsl_Matrix instanceTransform; ///< position of the current instance; identity for a part
+  gsl_Matrix systemTransform;   ///< of the latest *SYSTEM
   inpM_InstanceMap<gsl_Matrix> instancePositions; ///< for the walk over instances
   inpM_InstanceMap<cow_String> instanceParts;     ///< for the walk over instances
   inpM_InstanceMap<inp_MapInt2Element> elements;
@@ -124,8 +124,8 @@ private:
   void SetMappingAxes(inp_Keyword const& keyword, Mapping& mapping);
 
   void AddNodesOfElements(inp_Keyword& keyword, cow_String const& name, bool internal);
-  bool AddNodesOfScope(inp_Keyword const& keyword, cow_String const& elset,
-                       cow_String const& scope, inpM_BaseSet& nodes);
+  bool AddNodesOfScope(inp_Keyword const& keyword, cow_String const& elset, cow_String const& scope,
+                       inpM_BaseSet& nodes);
   bool AddNodesOfAssembly(inp_Keyword const& keyword, cow_String const& elset, inpM_BaseSet& nodes);
   bool IsImportedWithoutElements(inp_Keyword const& keyword, cow_String const& instanceName);
 };

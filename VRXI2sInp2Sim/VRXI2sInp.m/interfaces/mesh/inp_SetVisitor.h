@@ -116,9 +116,9 @@ protected:
       .Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...), items));
   }
 
-  inpM_SetMap sets;                       ///< being filled
-  inpM_SetMap assemblySets;               ///< the assembly's copy, for walks of a level that keep two
-  cow_List<cow_String> instanceNames;     ///< ascending
+  inpM_SetMap sets;                   ///< being filled
+  inpM_SetMap assemblySets;           ///< the assembly's copy, for walks of a level that keep two
+  cow_List<cow_String> instanceNames; ///< ascending
   cow_List<cow_String> importedInstances; ///< ascending
   bool lumenCompatible = false;
 

@@ -56,7 +56,10 @@ private:
 
   constexpr shp_Shape(shp_shapeEnm kind, int numNodes, bool isContinuum, bool hasSides,
                       std::span<shp_Face const> faces)
-    : m_kind(kind), m_numNodes(numNodes), m_isContinuum(isContinuum), m_hasSides(hasSides),
+    : m_kind(kind),
+      m_numNodes(numNodes),
+      m_isContinuum(isContinuum),
+      m_hasSides(hasSides),
       m_faces(faces)
   {
   }

@@ -2,7 +2,8 @@
 
 #include <cstdint>
 
-/// A choice of columns of data rows, counted from 0 as in inp_DataArray: some of the first 64, or all.
+/// A choice of columns of data rows, counted from 0 as in inp_DataArray: some of the first 64, or
+/// all.
 class inp_Columns
 {
 public:

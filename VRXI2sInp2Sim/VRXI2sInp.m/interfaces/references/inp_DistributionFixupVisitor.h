@@ -7,9 +7,9 @@
 
 class inp_ModelParameters;
 
-/// Finds every place where a distribution or its table is named; see inp_DistributionReferences.def.
-/// Keeps the default values of the distributions that it meets: those of the record that begins with a
-/// blank field in place of a node or an element.
+/// Finds every place where a distribution or its table is named; see
+/// inp_DistributionReferences.def. Keeps the default values of the distributions that it meets:
+/// those of the record that begins with a blank field in place of a node or an element.
 class inp_DistributionFixupVisitor : public inp_NameFixupVisitor
 {
 public:
@@ -28,8 +28,8 @@ public:
 
   /// By the names that the distributions have after the walk.
   Defaults const& ConstGetDefaultsByName() const { return defaultsByName; }
-  /// A default value of a distribution, counted from 0 behind the blank field; `otherwise` where there
-  /// is none, or no number.
+  /// A default value of a distribution, counted from 0 behind the blank field; `otherwise` where
+  /// there is none, or no number.
   double GetDefaultDataDouble(cow_String const& distribution, int index,
                               double otherwise = 0.0) const;
 

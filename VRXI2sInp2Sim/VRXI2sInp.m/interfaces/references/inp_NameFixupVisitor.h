@@ -4,14 +4,14 @@
 #include "inp_ReferencePlace.h"
 #include "inp_Visitor.h"
 
-/// What the fixups of orientations, distributions and materials have in common: a name is a parameter
-/// or a field, never a number, and one operation says what becomes of it.
+/// What the fixups of orientations, distributions and materials have in common: a name is a
+/// parameter or a field, never a number, and one operation says what becomes of it.
 ///
-/// Fields go in and are stored as in inp_SetFixupVisitor; those that read as numbers, and blank ones,
-/// stay.
+/// Fields go in and are stored as in inp_SetFixupVisitor; those that read as numbers, and blank
+/// ones, stay.
 ///
-/// Reports:  an exception that the operation raises; the name stays and the walk goes on with the next.
-///           Memory failures leave the walk.
+/// Reports:  an exception that the operation raises; the name stays and the walk goes on with the
+///           next. Memory failures leave the walk.
 class inp_NameFixupVisitor : public inp_Visitor
 {
 public:

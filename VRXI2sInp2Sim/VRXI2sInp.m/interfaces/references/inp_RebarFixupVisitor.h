@@ -2,8 +2,8 @@
 
 #include "inp_Visitor.h"
 
-/// The member of the family for rebars. It knows no keyword that names one, deliberately: where a flat
-/// deck is divided into parts, the pass that divides it renames its rebars.
+/// The member of the family for rebars. It knows no keyword that names one, deliberately: where a
+/// flat deck is divided into parts, the pass that divides it renames its rebars.
 class inp_RebarFixupVisitor : public inp_Visitor
 {
 public:

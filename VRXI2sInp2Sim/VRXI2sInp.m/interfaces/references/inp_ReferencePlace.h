@@ -66,7 +66,8 @@ struct inp_PlaceCondition
 };
 
 /// A place of a keyword where something is named: a parameter, or fields of data lines. Fields and
-/// lines count from 1, as in a manual. A row of a table is written as a chain of the functions below.
+/// lines count from 1, as in a manual. A row of a table is written as a chain of the functions
+/// below.
 struct inp_ReferencePlace
 {
   static constexpr int c_conditions = 3;
@@ -89,12 +90,31 @@ struct inp_ReferencePlace
   char const* note = nullptr; ///< what no column of the table says
 
   constexpr bool IsData() const { return parameter == nullptr; }
-  constexpr bool IsWholeRun() const { return firstLine == 1 && lastLine == 0; }
 
   static constexpr inp_ReferencePlace Of(inp_referenceEnm named)
   {
     inp_ReferencePlace place;
     place.what = named;
+    return place;
+  }
+
+  /// Adds a condition: what Has, Is and their like below come to.
+  // A condition too many, or a word too many, writes past the array and so does not compile.
+  template <class... Words>
+  constexpr inp_ReferencePlace When(inp_PlaceCondition::testEnm test, char const* name,
+                                    Words... words) const
+  {
+    inp_ReferencePlace place = *this;
+    int free = 0;
+    while (place.conditions[free].parameter != nullptr)
+    {
+      ++free;
+    }
+    inp_PlaceCondition& condition = place.conditions[free];
+    condition.parameter = name;
+    condition.test = test;
+    int count = 0;
+    ((condition.words[count++] = words), ...);
     return place;
   }
 
@@ -224,26 +244,6 @@ struct inp_ReferencePlace
   {
     inp_ReferencePlace place = *this;
     place.note = text;
-    return place;
-  }
-
-private:
-  // A condition too many, or a word too many, writes past the array and so does not compile.
-  template <class... Words>
-  constexpr inp_ReferencePlace When(inp_PlaceCondition::testEnm test, char const* name,
-                                    Words... words) const
-  {
-    inp_ReferencePlace place = *this;
-    int free = 0;
-    while (place.conditions[free].parameter != nullptr)
-    {
-      ++free;
-    }
-    inp_PlaceCondition& condition = place.conditions[free];
-    condition.parameter = name;
-    condition.test = test;
-    int count = 0;
-    ((condition.words[count++] = words), ...);
     return place;
   }
 };

@@ -7,8 +7,8 @@
 #include "inp_SetFixupVisitor.h"
 #include "inp_SurfaceFixupVisitor.h"
 
-// A period separates scopes in names, so a flat deck's names lose theirs before there are any scopes:
-// each becomes "_", but for those in double quotes. What reads as a real number stays.
+// A period separates scopes in names, so a flat deck's names lose theirs before there are any
+// scopes: each becomes "_", but for those in double quotes. What reads as a real number stays.
 
 /// Takes the names under which sets are defined as well: inp_SetDefinitions.def.
 class inp_RemovePeriodSetVisitor : public inp_SetFixupVisitor

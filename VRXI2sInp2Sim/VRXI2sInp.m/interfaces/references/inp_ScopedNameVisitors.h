@@ -7,10 +7,10 @@
 #include "inp_SetFixupVisitor.h"
 #include "inp_SurfaceFixupVisitor.h"
 
-// In an assembly deck a name of the model may be written with the assembly's in front: Assy.P-1.S is
-// P-1.S. These take the prefix away from names that stand in no part, instance, assembly or
-// substructure. The assembly's name is the text before the first period, compared as it stands; a name
-// without that prefix stays.
+// In an assembly deck a name of the model may be written with the assembly's in front: Assy.P-1.S
+// is P-1.S. These take the prefix away from names that stand in no part, instance, assembly or
+// substructure. The assembly's name is the text before the first period, compared as it stands; a
+// name without that prefix stays.
 
 /// Also takes the members of *NSET and *ELSET; of GENERATE rows, start and end.
 class inp_ScopedNameSetVisitor : public inp_SetFixupVisitor

@@ -11,18 +11,18 @@
 
 class inp_ModelParameters;
 
-/// Finds every place where nodes, elements or their sets are named, and stores what FixupIdOrSet makes
-/// of the name. The places stand in inp_SetReferences.def.
+/// Finds every place where nodes, elements or their sets are named, and stores what FixupIdOrSet
+/// makes of the name. The places stand in inp_SetReferences.def.
 ///
-///     parameter, field  ──►  ReplaceNodeOrNset...      ──►  ReplaceIdOrSet...  ──►  FixupIdOrSet
-///                            ReplaceElementOrElset...
+///     parameter, field  ->  ReplaceNodeOrNset...      ->  ReplaceIdOrSet...  ->  FixupIdOrSet
+///                           ReplaceElementOrElset...
 ///
-/// A field goes in as its AsString text: upper case, no blanks, "" for a blank field at a place. A
-/// text that comes back as it went in changes nothing; else the row is rewritten once, with all that
-/// changed in it. Rows kept as numbers name no sets and are passed over.
+/// A field goes in as its AsString text: upper case, no blanks. Where a whole column counts, its blank
+/// fields go in too, as "". A text that comes back as it went in changes nothing; else the row is
+/// rewritten once, with all that changed in it. Rows kept as numbers name no sets and are passed over.
 ///
-/// Reports:  an exception that FixupIdOrSet raises, with its keyword's place; the field or parameter
-///           stays and the walk goes on with the next. Memory failures and
+/// Reports:  an exception that FixupIdOrSet raises, with its keyword's place; the field or
+///           parameter stays and the walk goes on with the next. Memory failures and
 ///           inp_ElementUndefinedNodesError leave the walk.
 class inp_SetFixupVisitor : public inp_Visitor
 {
@@ -41,9 +41,9 @@ public:
 #define INP_PLACES(stem, ...) void Visit##stem(inp_Keyword& keyword) override;
 #include "inp_SetReferences.def"
 
-  /// The text that is to stand in place of `value`, a number or a name. The maps are those of nodes or
-  /// of elements, the three names the walk's place; the parameter's name is empty for fields. Whole
-  /// columns and single values come with their type, the rest as inp_anySet.
+  /// The text that is to stand in place of `value`, a number or a name. The maps are those of nodes
+  /// or of elements, the three names the walk's place; the parameter's name is empty for fields.
+  /// Whole columns and single values come with their type, the rest as inp_anySet.
   virtual cow_String FixupIdOrSet(inp_Keyword const& keyword, cow_String const& value,
                                   inpM_SetMap const& setMap, inpM_IdMap const& idMap,
                                   cow_String const& assembly, cow_String const& instance,

@@ -6,8 +6,8 @@
 #include "inp_ReferencePlace.h"
 #include "inp_Visitor.h"
 
-/// Finds every place where a surface is named, and stores what FixupSurfaceName makes of the name. The
-/// places stand in inp_SurfaceReferences.def.
+/// Finds every place where a surface is named, and stores what FixupSurfaceName makes of the name.
+/// The places stand in inp_SurfaceReferences.def.
 ///
 /// Fields go in and are stored as in inp_SetFixupVisitor; blank ones stay. Reports nothing: what
 /// FixupSurfaceName raises leaves the walk.

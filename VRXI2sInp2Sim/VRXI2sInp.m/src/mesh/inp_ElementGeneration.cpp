@@ -57,8 +57,8 @@ int inp_ElementGeneration::Read(inp_DataArray const& data, int row)
 }
 
 // Fields have nine digits, so that each product is below 10^18 and their sums fit.
-inp_ElementGeneration::Range inp_ElementGeneration::Reach(
-  std::int64_t const (&shifts)[c_directions], std::int64_t start) const
+inp_ElementGeneration::Range
+inp_ElementGeneration::Reach(std::int64_t const (&shifts)[c_directions], std::int64_t start) const
 {
   Range range{start, start};
   for (int direction = 0; direction < c_directions; ++direction)

@@ -44,8 +44,8 @@ struct inp_ElementGeneration
       {
         for (std::int64_t k1 = 0; k1 < counts[0]; ++k1)
         {
-          std::int64_t const label = master + k1 * elementShifts[0] + k2 * elementShifts[1] +
-                                     k3 * elementShifts[2];
+          std::int64_t const label =
+            master + k1 * elementShifts[0] + k2 * elementShifts[1] + k3 * elementShifts[2];
           std::int64_t const shift = k1 * nodeShifts[0] + k2 * nodeShifts[1] + k3 * nodeShifts[2];
           onElement(static_cast<int>(label), shift);
         }

@@ -26,9 +26,8 @@ int ReadCell(char const* cell, char const*& end)
   }
   char const* const digits = at;
   int value = 0;
-  for (unsigned digit; at - digits < c_longestLabel &&
-                       (digit = static_cast<unsigned>(*at) - '0') <= 9;
-       ++at)
+  for (unsigned digit;
+       at - digits < c_longestLabel && (digit = static_cast<unsigned>(*at) - '0') <= 9; ++at)
   {
     value = 10 * value + static_cast<int>(digit);
   }
@@ -44,7 +43,7 @@ int ReadCell(char const* cell, char const*& end)
   }
   end = at + std::strlen(at);
   return inp_RawDataArrayImpl::TypeOfCell(cell) == inp_Types::inp_INTEGER ? inp_TextToInt(cell)
-                                                                         : c_badCell;
+                                                                          : c_badCell;
 }
 
 bool IsLabel(int cell) { return cell >= 1 && cell <= inp_ElementRows::c_largestLabel; }
@@ -57,9 +56,13 @@ bool IsInteger(int cell)
 
 inp_ElementRows::inp_ElementRows(inp_DataArray const& data, inp_ElementFamily const& family,
                                  checkEnm check, blankEnm blanks)
-  : m_data(data), m_numbers(dynamic_cast<inp_ElementDataArrayImpl const*>(&data.Impl())),
-    m_texts(dynamic_cast<inp_RawDataArrayImpl const*>(&data.Impl())), m_family(family),
-    m_isChecked(check == c_checked), m_marksBlanks(blanks == c_markBlanks), m_rowCount(LastRow())
+  : m_data(data),
+    m_numbers(dynamic_cast<inp_ElementDataArrayImpl const*>(&data.Impl())),
+    m_texts(dynamic_cast<inp_RawDataArrayImpl const*>(&data.Impl())),
+    m_family(family),
+    m_isChecked(check == c_checked),
+    m_marksBlanks(blanks == c_markBlanks),
+    m_rowCount(LastRow())
 {
 }
 

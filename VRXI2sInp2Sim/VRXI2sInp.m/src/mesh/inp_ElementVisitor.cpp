@@ -64,7 +64,8 @@ inp_ElementVisitor::inp_ElementVisitor(bool computesConnectivity)
 }
 
 inp_ElementVisitor::inp_ElementVisitor(inpM_SetMap const& workingSets, bool computesConnectivity)
-  : inp_SetVisitor(workingSets), hasAssemblySets(!workingSets.IsEmpty()),
+  : inp_SetVisitor(workingSets),
+    hasAssemblySets(!workingSets.IsEmpty()),
     computeConnectivity(computesConnectivity)
 {
 }
@@ -333,7 +334,8 @@ bool inp_ElementVisitor::CompleteNodes(inp_Keyword const& keyword, Definition co
     else if (!definition.family.IsLayered() ||
              static_cast<int>(nodes.size()) != definition.family.bottomNodes)
     {
-      nodes.resize(std::min(nodes.size(), static_cast<std::size_t>(definition.family.minNodes) - 1));
+      nodes.resize(
+        std::min(nodes.size(), static_cast<std::size_t>(definition.family.minNodes) - 1));
       return true; // which leaves it too short
     }
   }

@@ -89,8 +89,8 @@ bool inp_ElementVisitor::CheckGeneration(inp_Keyword const& keyword,
   }
   if (generation.IsTooLarge())
   {
-    Say(inp_msgTooManyElementsGenerated, keyword,
-        LabelText(inp_ElementGeneration::c_mostElements), cow_String(generation.master));
+    Say(inp_msgTooManyElementsGenerated, keyword, LabelText(inp_ElementGeneration::c_mostElements),
+        cow_String(generation.master));
     return false;
   }
   return true;
@@ -151,8 +151,7 @@ inpM_BaseSet const* inp_ElementVisitor::CheckExistenceOfOldSet(inp_Keyword const
                                                                cow_String const& name)
 {
   cow_String place = CurrentName();
-  bool const isSearched =
-    !hasAssemblySets || sets.SearchAssemblyAndInstancesForSet(name, place);
+  bool const isSearched = !hasAssemblySets || sets.SearchAssemblyAndInstancesForSet(name, place);
   inpM_BaseSet const* const set = isSearched ? sets.ConstFindNestedSet(place, name) : nullptr;
   if (set == nullptr)
   {

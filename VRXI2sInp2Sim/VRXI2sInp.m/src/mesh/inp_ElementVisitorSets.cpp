@@ -25,9 +25,8 @@ void inp_ElementVisitor::VisitElset(inp_Keyword& keyword)
   if (CurrentSetScope().Empty())
   {
     AddAssySet(keyword, name,
-               generates
-                 ? GenerateAssemblySetAccumulate(sets, keyword, name, internal, unsorted)
-                 : ReadAssyElsetIdsAndSetNames(keyword, name, internal, unsorted),
+               generates ? GenerateAssemblySetAccumulate(sets, keyword, name, internal, unsorted)
+                         : ReadAssyElsetIdsAndSetNames(keyword, name, internal, unsorted),
                true);
     return;
   }

@@ -67,8 +67,8 @@ inp_GasketOrder Pick(std::array<int, Nodes> const (&rows)[Faces], int face)
 
 bool IsOf(std::string_view type, std::string_view stem)
 {
-  return type.starts_with(stem) && (type.size() == stem.size() || type[stem.size()] == 'N' ||
-                                    type[stem.size()] == 'T');
+  return type.starts_with(stem) &&
+         (type.size() == stem.size() || type[stem.size()] == 'N' || type[stem.size()] == 'T');
 }
 
 } // namespace

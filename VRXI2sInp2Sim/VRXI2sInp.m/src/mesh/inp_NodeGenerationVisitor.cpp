@@ -25,9 +25,9 @@ cow_String TextParameter(inp_Keyword const& keyword, char const* name)
 /// Gaskets and cohesive elements are layered one by one, as far as their layers were made by OFFSET.
 bool HasLayers(inp_Element const& element, inp_ElementFamily const& family)
 {
-  return family.IsLayered() && (element.nodeOffset() > 0 ||
-                                family.kind == inp_ElementFamily::c_asymmetric ||
-                                family.kind == inp_ElementFamily::c_pipePore);
+  return family.IsLayered() &&
+         (element.nodeOffset() > 0 || family.kind == inp_ElementFamily::c_asymmetric ||
+          family.kind == inp_ElementFamily::c_pipePore);
 }
 
 } // namespace
@@ -36,8 +36,12 @@ inp_NodeGenerationVisitor::inp_NodeGenerationVisitor(
   inp_CoordMap const& coords, inpM_InstanceMap<inp_MapInt2Element> const& elementMap,
   inpM_SetMap const& elementSetMap, bool checkNodes, bool restartJob, bool inParts,
   cow_String const& partName)
-  : coordMap(coords), elements(elementMap), elementSets(elementSetMap), m_checksNodes(checkNodes),
-    m_isRestart(restartJob), m_isInParts(inParts)
+  : coordMap(coords),
+    elements(elementMap),
+    elementSets(elementSetMap),
+    m_checksNodes(checkNodes),
+    m_isRestart(restartJob),
+    m_isInParts(inParts)
 {
   m_partName = partName;
   BeginScope();

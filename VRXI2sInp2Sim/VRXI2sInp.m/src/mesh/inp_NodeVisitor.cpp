@@ -60,8 +60,11 @@ inp_NodeVisitor::inp_NodeVisitor(bool itComputesGeometry) : computeGeometry(itCo
 inp_NodeVisitor::inp_NodeVisitor(inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
                                  inpM_SetMap const& itsElementSets, inpM_SetMap const& workingSets,
                                  bool itComputesGeometry)
-  : inp_SetVisitor(workingSets), elements(itsElements), elementSets(itsElementSets),
-    hasAssemblySets(!workingSets.IsEmpty()), computeGeometry(itComputesGeometry)
+  : inp_SetVisitor(workingSets),
+    elements(itsElements),
+    elementSets(itsElementSets),
+    hasAssemblySets(!workingSets.IsEmpty()),
+    computeGeometry(itComputesGeometry)
 {
 }
 
@@ -163,8 +166,7 @@ gsl_Vector inp_NodeVisitor::MatrixVectorMultiply3x3(double const (&matrix)[3][3]
   double product[3];
   for (int i = 0; i < 3; ++i)
   {
-    product[i] =
-      matrix[i][0] * vector.X() + matrix[i][1] * vector.Y() + matrix[i][2] * vector.Z();
+    product[i] = matrix[i][0] * vector.X() + matrix[i][1] * vector.Y() + matrix[i][2] * vector.Z();
   }
   return {product[0], product[1], product[2]};
 }

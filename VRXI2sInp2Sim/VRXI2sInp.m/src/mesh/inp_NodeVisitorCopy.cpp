@@ -31,11 +31,11 @@ struct inp_NodeVisitor::Motion
   };
 
   kindEnm kind = c_shift;
-  gsl_Point center;                                          ///< the pole, or the point
+  gsl_Point center; ///< the pole, or the point
   gsl_StLine line{gsl_Point(), gsl_Point()};
   gsl_Plane plane{gsl_Point(), gsl_Vector()};
-  gsl_Matrix step;                                           ///< from one copy to the next
-  gsl_Matrix shift;                                          ///< of the present copy
+  gsl_Matrix step;  ///< from one copy to the next
+  gsl_Matrix shift; ///< of the present copy
   int copies = 1;
 
   gsl_Point Move(gsl_Point point) const
@@ -219,9 +219,9 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword)
       {
         return;
       }
-      map->Insert(static_cast<int>(label),
-                  computeGeometry ? motion.Copy(UndoInstanceTransform(map->ConstGet(id)))
-                                  : inp_Coord());
+      map->Insert(static_cast<int>(label), computeGeometry
+                                             ? motion.Copy(UndoInstanceTransform(map->ConstGet(id)))
+                                             : inp_Coord());
       labels.Append(static_cast<int>(label));
     }
   }

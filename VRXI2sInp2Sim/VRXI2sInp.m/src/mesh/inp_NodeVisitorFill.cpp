@@ -100,8 +100,8 @@ template <class Store>
 bool StoreBetween(Place const& a, Place const& b, std::vector<double> const& parts,
                   Store const& store)
 {
-  return std::all_of(parts.begin(), parts.end(), [&](double part)
-                     { return store(a * (1.0 - part) + b * part); });
+  return std::all_of(parts.begin(), parts.end(),
+                     [&](double part) { return store(a * (1.0 - part) + b * part); });
 }
 
 } // namespace
@@ -287,9 +287,8 @@ bool inp_NodeVisitor::FillBetweenNodes(inp_Keyword const& keyword, FillRow const
     {
       return false;
     }
-    map.Insert(static_cast<int>(label), computeGeometry
-                                          ? UndoInstanceTransform(place.Node(hasNormal))
-                                          : inp_Coord());
+    map.Insert(static_cast<int>(label),
+               computeGeometry ? UndoInstanceTransform(place.Node(hasNormal)) : inp_Coord());
     labels.Append(static_cast<int>(label));
     return true;
   };

@@ -39,13 +39,13 @@ shapeEnm ShapeOf(inp_Keyword const& keyword)
 struct inp_NodeVisitor::Arc
 {
   shapeEnm shape = c_straight;
-  gsl_Vector a, b, c;         ///< ends and third point
-  bool hasNormals = false;    ///< both ends have one
+  gsl_Vector a, b, c;      ///< ends and third point
+  bool hasNormals = false; ///< both ends have one
   gsl_Vector normalA, normalB;
-  gsl_Vector direction;       ///< the normal that the row gives; zero when it gives none
+  gsl_Vector direction; ///< the normal that the row gives; zero when it gives none
   double radius = 0.0;
   double angle = 0.0;
-  gsl_Vector u, v, w, e;      ///< as CircleData gives them
+  gsl_Vector u, v, w, e; ///< as CircleData gives them
 
   /// The node at t, which runs from -1 at A to 1 at B.
   inp_Coord NodeAt(double t) const

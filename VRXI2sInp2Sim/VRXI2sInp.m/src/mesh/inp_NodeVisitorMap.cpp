@@ -61,9 +61,9 @@ struct inp_NodeVisitor::Mapping
   mappingEnm type = c_translation;
   gsl_Point a, b, c, d;
   double scale[3] = {1.0, 1.0, 1.0};
-  gsl_Matrix motion;                    ///< what follows the conversion of the coordinates
+  gsl_Matrix motion; ///< what follows the conversion of the coordinates
   double torusRadius = 0.0;
-  double diamondAxes[3][3] = {};        ///< in columns
+  double diamondAxes[3][3] = {}; ///< in columns
 
   inp_Coord Move(inp_Coord coord) const
   {
@@ -136,10 +136,9 @@ void inp_NodeVisitor::ReadMapping(inp_Keyword const& keyword, cow_String const& 
                                   Mapping& mapping)
 {
   FindMapping(type, mapping.type);
-  bool const mayNameNodes = mapping.type == c_translation || mapping.type == c_rotation ||
-                            mapping.type == c_scale;
-  bool const namesNodes =
-    mayNameNodes && keyword.GetParameterAsString("definition", "") == "NODES";
+  bool const mayNameNodes =
+    mapping.type == c_translation || mapping.type == c_rotation || mapping.type == c_scale;
+  bool const namesNodes = mayNameNodes && keyword.GetParameterAsString("definition", "") == "NODES";
   auto const point = [&](int row, int index)
   {
     return namesNodes ? ReadNodeFromKeywordData(keyword, CurrentName(), row, index)

@@ -66,9 +66,9 @@ void inp_NodeVisitor::VisitNset(inp_Keyword& keyword)
   else if (CurrentName().Length() > 0)
   {
     AddPartSet(keyword, name,
-               generates ? GenerateSetAccumulate(keyword, name, internal, unsorted)
-                         : ReadIdsAndSetNamesAccumulate(keyword, name, internal, unsorted,
-                                                        hasAssemblySets),
+               generates
+                 ? GenerateSetAccumulate(keyword, name, internal, unsorted)
+                 : ReadIdsAndSetNamesAccumulate(keyword, name, internal, unsorted, hasAssemblySets),
                true);
   }
   else
@@ -96,10 +96,10 @@ void inp_NodeVisitor::AddNodesOfElements(inp_Keyword& keyword, cow_String const&
     }
     return;
   }
-  bool const isAdded = pieces.Length() > 1
-                         ? AddNodesOfScope(keyword, elset, pieces.ConstGet(pieces.Length() - 2),
-                                           *nodes.Get())
-                         : AddNodesOfAssembly(keyword, elset, *nodes.Get());
+  bool const isAdded =
+    pieces.Length() > 1
+      ? AddNodesOfScope(keyword, elset, pieces.ConstGet(pieces.Length() - 2), *nodes.Get())
+      : AddNodesOfAssembly(keyword, elset, *nodes.Get());
   if (isAdded)
   {
     AddAssySet(keyword, name, nodes, false);
@@ -127,8 +127,7 @@ bool inp_NodeVisitor::AddNodesOfScope(inp_Keyword const& keyword, cow_String con
     return false;
   }
   cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(elset);
-  bool const isOfScope =
-    pieces.Length() < 2 || pieces.ConstGet(pieces.Length() - 2) == scope;
+  bool const isOfScope = pieces.Length() < 2 || pieces.ConstGet(pieces.Length() - 2) == scope;
   inpM_BaseSet const* const set =
     isOfScope ? elementSets.ConstFindNestedSet(scope, pieces.Last()) : nullptr;
   if (set == nullptr)
@@ -171,9 +170,8 @@ bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String 
       Say(inp_msgElsetInstanceMissing, keyword, instanceName, elset);
       continue;
     }
-    cow_List<int> const absent =
-      AddTopology(elements, instanceName, it.CurrentValue().ConstGetArrayCounterpart(), nodes,
-                  instanceName);
+    cow_List<int> const absent = AddTopology(
+      elements, instanceName, it.CurrentValue().ConstGetArrayCounterpart(), nodes, instanceName);
     if (absent.Length() > 0)
     {
       SayItems(inp_msgElementsNotInInstance, keyword, absent, elset, instanceName);

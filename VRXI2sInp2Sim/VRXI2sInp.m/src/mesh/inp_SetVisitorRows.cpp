@@ -330,8 +330,8 @@ inpM_SetHandle inp_SetVisitor::ReadAssembly(inpM_SetMap const& setMap, inp_Keywo
   VRXBasAssert(CurrentSetScope().Length() == 0, "currentName.Length() == 0");
   inpM_SetHandle set = CreateSet(internal, unsorted);
   AssemblyReader reader(*this, setMap, keyword.data, *set.Get());
-  ForEachCell(keyword.data, [&](int row, int column, char const* cell)
-              { reader.ReadCell(row, column, cell); });
+  ForEachCell(keyword.data,
+              [&](int row, int column, char const* cell) { reader.ReadCell(row, column, cell); });
   reader.Finish();
   SayFaults(keyword, reader.faults);
   return set;

@@ -98,19 +98,15 @@ int NumberBehind(std::string_view type, std::string_view stem)
   return number;
 }
 
-
 } // namespace
 
 shp_Shape const* shp_ShapeDictionary::GetShape(cow_String const& type)
 {
-  static constexpr shp_Shape solids[] = {{shp_tet4, 4, true, false, c_tet4},
-                                         {shp_pyramid5, 5, true, false, c_pyramid5},
-                                         {shp_wedge6, 6, true, false, c_wedge6},
-                                         {shp_brick8, 8, true, false, c_brick8},
-                                         {shp_tet10, 10, true, false, c_tet10},
-                                         {shp_wedge15, 15, true, false, c_wedge15},
-                                         {shp_brick20, 20, true, false, c_brick20},
-                                         {shp_brick27, 27, true, false, c_brick27}};
+  static constexpr shp_Shape solids[] = {
+    {shp_tet4, 4, true, false, c_tet4},        {shp_pyramid5, 5, true, false, c_pyramid5},
+    {shp_wedge6, 6, true, false, c_wedge6},    {shp_brick8, 8, true, false, c_brick8},
+    {shp_tet10, 10, true, false, c_tet10},     {shp_wedge15, 15, true, false, c_wedge15},
+    {shp_brick20, 20, true, false, c_brick20}, {shp_brick27, 27, true, false, c_brick27}};
   static constexpr shp_Shape wedge18{shp_wedge18, 18, true, false, c_wedge18};
   static constexpr shp_Shape planes[] = {{shp_triangle3, 3, true, false, c_triangle3},
                                          {shp_quad4, 4, true, false, c_quad4},
@@ -119,12 +115,10 @@ shp_Shape const* shp_ShapeDictionary::GetShape(cow_String const& type)
   static constexpr shp_Shape interfaces[] = {{shp_quad4, 4, false, false, c_quad4},
                                              {shp_wedge6, 6, false, false, c_wedge6},
                                              {shp_brick8, 8, false, false, c_brick8}};
-  static constexpr shp_Shape shells[] = {{shp_line, 2, false, true, c_sides2},
-                                         {shp_triangle3, 3, false, true, c_sides3},
-                                         {shp_quad4, 4, false, true, c_sides4},
-                                         {shp_triangle6, 6, false, true, c_sides6},
-                                         {shp_quad8, 8, false, true, c_sides8},
-                                         {shp_quad8, 9, false, true, c_sides9}};
+  static constexpr shp_Shape shells[] = {
+    {shp_line, 2, false, true, c_sides2},  {shp_triangle3, 3, false, true, c_sides3},
+    {shp_quad4, 4, false, true, c_sides4}, {shp_triangle6, 6, false, true, c_sides6},
+    {shp_quad8, 8, false, true, c_sides8}, {shp_quad8, 9, false, true, c_sides9}};
   inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(type);
   if (info == nullptr)
   {

@@ -9,9 +9,9 @@
 #include <cstring>
 #include <vector>
 
-/// Puts new texts into the data lines of a keyword: each row is gone through once, and built anew at
-/// most once, however many of its fields change. A keyword whose rows are kept as numbers has no rows
-/// here.
+/// Puts new texts into the data lines of a keyword: each row is gone through once, and built anew
+/// at most once, however many of its fields change. A keyword whose rows are kept as numbers has no
+/// rows here.
 class inp_CellRewriter
 {
 public:
@@ -23,8 +23,8 @@ public:
   int Rows() const { return m_rows != nullptr ? m_rows->Rows() : 0; }
   int Cols(int row) const { return m_rows->Cols(row); }
 
-  /// For each chosen cell of a row of which `wants` says yes (it sees the cell as stored), `fix` makes
-  /// a text of the cell's text. Cells whose text stays are not touched.
+  /// For each chosen cell of a row of which `wants` says yes (it sees the cell as stored), `fix`
+  /// makes a text of the cell's text. Cells whose text stays are not touched.
   template <class Wants, class Fix>
   void Row(int row, inp_Columns const& columns, Wants const& wants, Fix const& fix)
   {

@@ -20,7 +20,8 @@ cow_String inp_SetFixupVisitor::SetTypeEnm2String(inp_SetType type)
   return type == inp_nodeSet ? "node " : type == inp_elementSet ? "element " : "";
 }
 
-// ------------------------------------------------------------------------- one value, one parameter
+// ------------------------------------------------------------------------- one value, one
+// parameter
 
 cow_String inp_SetFixupVisitor::Fixed(inp_Keyword const& keyword, cow_String const& value,
                                       inpM_SetMap const& setMap, inpM_IdMap const& idMap,
@@ -76,7 +77,8 @@ void inp_SetFixupVisitor::ReplaceElementOrElsetParameter(inp_Keyword& keyword,
   ReplaceIdOrSetParameter(keyword, name, elsets, elementIdMap);
 }
 
-// ---------------------------------------------------------------------------------- fields of lines
+// ---------------------------------------------------------------------------------- fields of
+// lines
 
 void inp_SetFixupVisitor::ReplaceIdOrSetData(inp_Keyword& keyword, inp_Columns const& columns,
                                              inpM_SetMap const& setMap, inpM_IdMap const& idMap,

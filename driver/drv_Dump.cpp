@@ -1,5 +1,6 @@
 #include "drv_Dump.h"
 
+#include "drv_DumpMaps.h"
 #include "drv_Job.h"
 #include "drv_JsonWriter.h"
 #include "drv_Output.h"
@@ -15,9 +16,10 @@ public:
   {
   }
 
-  void Dump(inp_InputFile const& model, drv_stageEnm stage);
+  void Dump(drv_Job& job);
 
 private:
+  void DumpRecords(drv_Job& job);
   void DumpNames(cow_List<cow_String> const& names);
   void DumpKeywords(cow_List<inp_Keyword> const& keywords, int indent);
   void DumpKeyword(inp_Keyword const& keyword, int indent);
@@ -29,18 +31,35 @@ private:
   drv_JsonWriter m_json;
 };
 
-void Dumper::Dump(inp_InputFile const& model, drv_stageEnm stage)
+void Dumper::Dump(drv_Job& job)
 {
-  m_json.BeginObject().Key("stage").String(drv_StageName(stage));
-  m_json.Break(1).Key("featureEnhanced").Bool(model.featureEnhanced);
+  m_json.BeginObject();
+  if (job.What() != drv_maps)
+  {
+    m_json.Key("stage").String(drv_StageName(job.Stage())).Break(1);
+  }
+  m_json.Key("featureEnhanced").Bool(job.Model().featureEnhanced);
+  if (job.What() != drv_maps)
+  {
+    DumpRecords(job);
+  }
+  if (job.What() != drv_keywords)
+  {
+    drv_DumpMaps(job.Model(), job.PartElements(), m_json, m_output);
+  }
+  m_json.EndObject();
+  m_output.Write("\n");
+}
+
+void Dumper::DumpRecords(drv_Job& job)
+{
+  inp_InputFile const& model = job.Model();
   m_json.Break(1).Key("includedFiles");
   DumpNames(model.readerFacts.includedFiles);
   m_json.Key("missingIncludeFiles");
   DumpNames(model.readerFacts.missingIncludeFiles);
   m_json.Break(1).Key("keywords");
-  DumpKeywords(model.keywords, 3);
-  m_json.EndObject();
-  m_output.Write("\n");
+  DumpKeywords(job.Keywords(), 3);
 }
 
 void Dumper::DumpNames(cow_List<cow_String> const& names)
@@ -141,7 +160,4 @@ void Dumper::DumpData(inp_DataArray const& data, int indent)
 
 } // namespace
 
-void drv_DumpKeywords(drv_Job& job, drv_Output& output)
-{
-  Dumper(output).Dump(job.Model(), job.Stage());
-}
+void drv_Dump(drv_Job& job, drv_Output& output) { Dumper(output).Dump(job); }

@@ -29,6 +29,9 @@ constexpr char c_oneLineAboveKeywords[] =
 constexpr char c_linesAboveKeywords[] =
   "%d data lines above the first keyword, from line %d on, belong to none and are not used.";
 
+constexpr char c_noMapsOfFlatDecks[] =
+  "The deck is a flat model, and flat models are not divided into parts yet: there are no maps.";
+
 wip_WIP& Sink() { return omi_Singleton<wip_WIP>::Instance(); }
 
 std::string TimingLine(char const* step, double seconds, double megabytes)
@@ -66,6 +69,7 @@ struct drv_Job::Step
   char const* name;
   drv_stageEnm stage; ///< that it belongs to
   void (*run)(drv_Job& job);
+  bool isForMaps = false;
 };
 
 /// The road of a deck, in the order that the library asks for.
@@ -73,6 +77,8 @@ drv_Job::Step const drv_Job::c_steps[] = {
   {"parse", drv_parse, &drv_Job::Parse},
   {"expand", drv_expand, [](drv_Job& job) { job.m_model.ExpandKeywords(); }},
   {"parameters", drv_final, [](drv_Job& job) { job.m_model.setModelParameters(); }},
+  {"maps", drv_final, &drv_Job::MakeMaps, true},
+  {"inventory", drv_final, [](drv_Job& job) { job.m_model.CheckOutOfPlace(); }, true},
 };
 
 drv_Job::drv_Job(drv_Options const& options)
@@ -87,7 +93,8 @@ bool drv_Job::Run()
   SetUp();
   for (Step const& step : c_steps)
   {
-    if (step.stage <= m_options.stage && !RunStep(step.name, step.stage, step.run))
+    bool const isWanted = step.stage <= m_options.stage && (HasMaps() || !step.isForMaps);
+    if (isWanted && !RunStep(step.name, step.stage, step.run))
     {
       return false;
     }
@@ -166,6 +173,21 @@ void drv_Job::Parse(drv_Job& job)
 {
   job.m_model.Parse(cow_String(job.m_options.deck.c_str()));
   job.WarnOfSkippedLines();
+}
+
+void drv_Job::MakeMaps(drv_Job& job)
+{
+  job.m_keywords = job.m_model.keywords;
+  job.m_model.Classify(job.m_options.lumen);
+  job.m_partElements = job.m_model.partElementMap;
+  if (job.m_model.FlatRoadMissing())
+  {
+    atr_String message = atr(c_noMapsOfFlatDecks);
+    atr_Origin origin;
+    origin.code = "NoMapsOfFlatDecks";
+    message.SetOrigin(origin);
+    Sink().Warning(message);
+  }
 }
 
 void drv_Job::WarnOfSkippedLines() const

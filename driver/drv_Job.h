@@ -21,6 +21,11 @@ public:
   /// Never destroyed: giving back a large model piece by piece takes longer than ending the process.
   inp_InputFile& Model() { return m_model; }
   drv_stageEnm Stage() const { return m_options.stage; }
+  drv_whatEnm What() const { return m_options.what; }
+  /// The keywords as they were before the model's maps took over their rows.
+  cow_List<inp_Keyword> const& Keywords() const { return HasMaps() ? m_keywords : m_model.keywords; }
+  /// The elements of parts, which the model gives up in its last stage.
+  inpM_InstanceMap<inp_MapInt2Element> const& PartElements() const { return m_partElements; }
   bool FoundErrors() const;
 
   /// A line a stage: seconds, and megabytes (10^6 bytes) of the deck a second; then a total, and
@@ -40,7 +45,10 @@ private:
   bool EndedBy(class atr_String const& words, drv_stageEnm stage) const;
   void WarnOfSkippedLines() const;
 
+  bool HasMaps() const { return m_options.command == drv_dump && m_options.what != drv_keywords; }
+
   static void Parse(drv_Job& job);
+  static void MakeMaps(drv_Job& job);
 
   struct Step;
   static Step const c_steps[];
@@ -49,4 +57,6 @@ private:
   drv_Reporter m_reporter;
   inp_InputFile& m_model;
   std::vector<Time> m_times;
+  cow_List<inp_Keyword> m_keywords;
+  inpM_InstanceMap<inp_MapInt2Element> m_partElements;
 };

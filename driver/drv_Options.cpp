@@ -16,6 +16,7 @@ namespace
 {
 
 drv_Words const c_stages = {"parse", "expand", "final"};
+drv_Words const c_whats = {"keywords", "maps", "all"}; // in the order of drv_whatEnm
 
 /// Options that the library reads by name.
 struct LibraryOption
@@ -146,9 +147,14 @@ Reader::Reader()
   AddDeckCommand(drv_check, "check", "Check a deck, then sum up the model.");
   AddOutput(AddDeckCommand(drv_print, "print", "Write the keywords of a deck as deck text."));
   CLI::App* const dump = AddDeckCommand(drv_dump, "dump", "Write what a deck holds as JSON.");
-  dump->add_option("--what", m_what, "what to write: keywords (records of all keywords)")
+  dump
+    ->add_option("--what", m_what,
+                 "what to write: keywords (records of all keywords, the\ndefault), maps (nodes, "
+                 "elements, sets, surfaces), all")
     ->option_text("WHAT")
-    ->check(OneOf({"keywords"}));
+    ->check(OneOf(c_whats));
+  dump->add_flag("--lumen", m_options.lumen,
+                 "the results are to stay fit for the pre-processor");
   AddOutput(dump);
   AddLanguage();
 }
@@ -286,6 +292,12 @@ void Reader::Complete()
 {
   auto const stage = std::find(c_stages.begin(), c_stages.end(), m_stage);
   m_options.stage = static_cast<drv_stageEnm>(stage - c_stages.begin());
+  auto const what = std::find(c_whats.begin(), c_whats.end(), m_what);
+  m_options.what = static_cast<drv_whatEnm>(what - c_whats.begin());
+  if (m_options.what != drv_keywords && m_options.stage != drv_final)
+  {
+    throw drv_Failure("there are maps behind the final stage only; leave --stage out");
+  }
   m_options.jsonDiagnostics = m_diagnostics == "json";
   m_options.colored = !m_options.jsonDiagnostics && IsColorWanted(m_color);
   if (m_options.outputFile == "-")

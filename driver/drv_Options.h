@@ -21,6 +21,14 @@ enum drv_stageEnm
   drv_final
 };
 
+/// What of a deck is dumped.
+enum drv_whatEnm
+{
+  drv_keywords,
+  drv_maps,
+  drv_all
+};
+
 /// The word that stands for a stage on the command line and in what the program writes.
 char const* drv_StageName(drv_stageEnm stage);
 
@@ -34,6 +42,8 @@ struct drv_Options
   std::string includePath; ///< "" is the working directory
   drv_stageEnm stage = drv_final;
   std::vector<std::pair<std::string, std::string>> libraryOptions; ///< read by name in the library
+  drv_whatEnm what = drv_keywords;
+  bool lumen = false; ///< results are to stay fit for the pre-processor
   bool jsonDiagnostics = false;
   bool colored = false; ///< decided: standard error gets colours
   int debugLevel = 0;

@@ -50,7 +50,7 @@ void WriteResult(drv_Options const& options, drv_Job& job)
     WriteListing(job, output);
     break;
   case drv_dump:
-    drv_DumpKeywords(job, output);
+    drv_Dump(job, output);
     break;
   case drv_language:
     drv_ShowLanguage(options, output);

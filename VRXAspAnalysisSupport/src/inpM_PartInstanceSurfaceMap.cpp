@@ -16,8 +16,7 @@ inpM_PartInstanceSurface& inpM_PartInstanceSurfaceMap::Get(cow_String const& nam
   return *surface;
 }
 
-inpM_PartInstanceSurface const*
-inpM_PartInstanceSurfaceMap::ConstFind(cow_String const& name) const
+inpM_PartInstanceSurface const* inpM_PartInstanceSurfaceMap::ConstFind(cow_String const& name) const
 {
   inpM_PartInstanceSurfaceHandle const* const handle = m_surfaces.ConstFind(name);
   return handle == nullptr ? nullptr : handle->ConstGet();

@@ -204,7 +204,7 @@ TEST(inp_ExpansionFiles, ReportsFilesThatCannotBeRead)
     {"missing, quoted", "*MPC, INPUT=\"a/b c\"\n", "Input file \"a/b c\" does not exist.", "b c;"},
     {"missing, a reference", "*MPC, INPUT=<f>\n", "Input file \"<f>\" does not exist.", "<f>;"},
     {"none", "*MPC, INPUT=None\n", "Input file \"None\" does not exist.", ""},
-    {"without a value", "*MPC, INPUT\n", "Input file \"TRUE\" does not exist.", "TRUE;"},
+    {"without a value", "*MPC, INPUT\n", "Input file is missing", ""},
     {"a number", "*MPC, INPUT=12\n", "Input file \"12\" does not exist.", "12;"},
     {"directory", "*MPC, INPUT=dir\n",
      "Input file \"dir\" is a directory, pipe, socket or device and is not read.", ""},

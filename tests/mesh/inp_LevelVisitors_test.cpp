@@ -37,18 +37,22 @@ TEST(inp_LevelVisitors, AnInstanceMayNotChangeWhatItsPartHas)
     std::string messages;
   } const cases[] = {
     {"nodes", "*NSET, NSET=ENDS\n1\n",
-     Error(c_firstLine, "The node set ENDS was defined within part ARM, then redefined within part "
-                        "instance ARM-1. A node set cannot be defined at the part level, then modified "
-                        "at the part instance level.")},
+     Error(c_firstLine,
+           "The node set ENDS was defined within part ARM, then redefined within part "
+           "instance ARM-1. A node set cannot be defined at the part level, then modified "
+           "at the part instance level.")},
     {"elements", "*ELSET, ELSET=SPRINGS\n1\n",
-     Error(c_firstLine, "The element set SPRINGS was defined within part ARM, then redefined within part "
-                        "instance ARM-1. An element set cannot be defined at the part level, then "
-                        "modified at the part instance level.")},
+     Error(c_firstLine,
+           "The element set SPRINGS was defined within part ARM, then redefined within part "
+           "instance ARM-1. An element set cannot be defined at the part level, then "
+           "modified at the part instance level.")},
     {"surfaces", "*SURFACE, NAME=FACE\nSPRINGS, SPOS\n",
-     Error(c_firstLine, "The surface FACE was defined within part ARM, then redefined within part "
-                        "instance ARM-1. A surface cannot be defined at the part level, then redefined "
-                        "at the part instance level.")},
-    {"what is new", "*NSET, NSET=TIP\n2\n*ELSET, ELSET=MORE\n1\n*SURFACE, NAME=BACK, TYPE=NODE\nTIP\n", ""},
+     Error(c_firstLine,
+           "The surface FACE was defined within part ARM, then redefined within part "
+           "instance ARM-1. A surface cannot be defined at the part level, then redefined "
+           "at the part instance level.")},
+    {"what is new",
+     "*NSET, NSET=TIP\n2\n*ELSET, ELSET=MORE\n1\n*SURFACE, NAME=BACK, TYPE=NODE\nTIP\n", ""},
   };
   for (auto const& c : cases)
   {
@@ -83,7 +87,8 @@ TEST(inp_LevelVisitors, AnInstanceIsMovedAndThenTurned)
      "{\"1\": [10.0, 1.0, 0.0, 0.0, 0.0, 0.0], \"2\": [10.0, 2.0, 0.0, -1.0, 0.0, 0.0]}", ""},
     {"a turn alone", "\n0., 0., 0., 0., 0., 1., 180.\n",
      "{\"1\": [-1.0, 0.0, 0.0, 0.0, 0.0, 0.0], \"2\": [-2.0, 0.0, 0.0, 0.0, -1.0, 0.0]}", ""},
-    {"an axis without direction leaves the translation", "1., 0., 0.\n3., 4., 5., 3., 4., 5., 90.\n",
+    {"an axis without direction leaves the translation",
+     "1., 0., 0.\n3., 4., 5., 3., 4., 5., 90.\n",
      "{\"1\": [2.0, 0.0, 0.0, 0.0, 0.0, 0.0], \"2\": [3.0, 0.0, 0.0, 0.0, 1.0, 0.0]}",
      Error(c_firstLine - 1,
            "The points defining the axis of rotation are coincident or almost coincident.")},
@@ -101,8 +106,11 @@ TEST(inp_LevelVisitors, AnInstanceIsMovedAndThenTurned)
 TEST(inp_LevelVisitors, InstancesShareWhatTheyDoNotChange)
 {
   std::string const other = "*INSTANCE, NAME=ARM-2, PART=ARM\n0., 0., 5.\n";
-  LevelDeck const deck(Deck("", other + "*NODE\n3, 0., 0., 0.\n*ELEMENT, TYPE=SPRINGA, ELSET=NEW\n2, 2, 3\n"
-                                        "*END INSTANCE\n", "1., 0., 0.\n"));
+  LevelDeck const deck(Deck("",
+                            other +
+                              "*NODE\n3, 0., 0., 0.\n*ELEMENT, TYPE=SPRINGA, ELSET=NEW\n2, 2, 3\n"
+                              "*END INSTANCE\n",
+                            "1., 0., 0.\n"));
   EXPECT_EQ("", deck.messages);
   inp_CoordMap const& part = deck.partNodes->GetCoordMap().ConstGet("ARM");
   inp_CoordMap const& nodes = deck.nodes->GetCoordMap();
@@ -122,18 +130,18 @@ TEST(inp_LevelVisitors, InstancesShareWhatTheyDoNotChange)
 
 TEST(inp_LevelVisitors, SetsOfTheAssemblyReachIntoInstances)
 {
-  LevelDeck const deck(Deck("*NSET, NSET=TIP\n2\n",
-                            "*NODE, NSET=OWN\n9, 0., 0., 0.\n"
-                            "*NSET, NSET=MIX\nARM-1.TIP, ARM-1.1, OWN\n"
-                            "*NSET, NSET=FAR, INSTANCE=ARM-1\n1\n"
-                            "*ELSET, ELSET=ALL\nARM-1.SPRINGS\n"
-                            "*NSET, NSET=OFALL, ELSET=ALL\n"
-                            "*NSET, NSET=BAD\nARM-2.1\n"));
+  LevelDeck const deck(Deck("*NSET, NSET=TIP\n2\n", "*NODE, NSET=OWN\n9, 0., 0., 0.\n"
+                                                    "*NSET, NSET=MIX\nARM-1.TIP, ARM-1.1, OWN\n"
+                                                    "*NSET, NSET=FAR, INSTANCE=ARM-1\n1\n"
+                                                    "*ELSET, ELSET=ALL\nARM-1.SPRINGS\n"
+                                                    "*NSET, NSET=OFALL, ELSET=ALL\n"
+                                                    "*NSET, NSET=BAD\nARM-2.1\n"));
   EXPECT_EQ("{\"BAD\": [], \"FAR\": {\"ARM-1\": [1]}, \"MIX\": {\"\": [9], \"ARM-1\": [1, 2]}, "
             "\"OFALL\": {\"ARM-1\": [1, 2]}, \"OWN\": [9]}",
             SetsText(deck.nodes->GetSets().ConstGetMap()));
   EXPECT_EQ("{\"ALL\": {\"ARM-1\": [1]}}", SetsText(deck.elements->GetSets().ConstGetMap()));
-  EXPECT_EQ(Error(c_firstLine + 12, "The following sets/ids do not exist:\nARM-2.1"), deck.messages);
+  EXPECT_EQ(Error(c_firstLine + 12, "The following sets/ids do not exist:\nARM-2.1"),
+            deck.messages);
 }
 
 TEST(inp_LevelVisitors, PartsBeginWithoutALocalSystem)
@@ -150,10 +158,11 @@ TEST(inp_LevelVisitors, PartsBeginWithoutALocalSystem)
 
 TEST(inp_LevelVisitors, TypesOfUsersServePartsAndInstances)
 {
-  LevelDeck const deck("*USER ELEMENT, TYPE=U1, NODES=2\n"
-                       "*PART, NAME=A\n*NODE\n1, 1.\n2, 2.\n*ELEMENT, TYPE=U1\n1, 1, 2\n*END PART\n"
-                       "*ASSEMBLY, NAME=ALL\n*INSTANCE, NAME=I, PART=A\n*ELEMENT, TYPE=U1\n2, 2, 1\n"
-                       "*END INSTANCE\n*END ASSEMBLY\n");
+  LevelDeck const deck(
+    "*USER ELEMENT, TYPE=U1, NODES=2\n"
+    "*PART, NAME=A\n*NODE\n1, 1.\n2, 2.\n*ELEMENT, TYPE=U1\n1, 1, 2\n*END PART\n"
+    "*ASSEMBLY, NAME=ALL\n*INSTANCE, NAME=I, PART=A\n*ELEMENT, TYPE=U1\n2, 2, 1\n"
+    "*END INSTANCE\n*END ASSEMBLY\n");
   EXPECT_EQ("", deck.messages);
   EXPECT_EQ(2, deck.elements->GetElements().ConstGet("I").Size());
 }
@@ -207,19 +216,22 @@ TEST(inp_AssyLevelElemVisitor, PutsNumbersForTheNodesOfInstances)
      "1: 105 70\n2: 205 106\n", ""},
     {"a place without node", "*ELEMENT, TYPE=CONN3D2\n1, , I.5\n2, I.5,\n3, I.6\n",
      "1: 0 105\n2: 105\n3: 106\n", ""},
-    {"other kinds", "*ELEMENT, TYPE=MASS\n1, I.5\n*ELEMENT, TYPE=SPRINGA\n2, I.5, J.5\n"
-                    "*ELEMENT, TYPE=DASHPOT2\n3, 7, 7\n*ELEMENT, TYPE=ROTARYI\n4, 7\n"
-                    "*ELEMENT, TYPE=HEATCAP\n5, 7\n",
+    {"other kinds",
+     "*ELEMENT, TYPE=MASS\n1, I.5\n*ELEMENT, TYPE=SPRINGA\n2, I.5, J.5\n"
+     "*ELEMENT, TYPE=DASHPOT2\n3, 7, 7\n*ELEMENT, TYPE=ROTARYI\n4, 7\n"
+     "*ELEMENT, TYPE=HEATCAP\n5, 7\n",
      "1: 105\n2: 105 205\n3: 70 70\n4: 70\n5: 70\n", ""},
     {"no solids", "*ELEMENT, TYPE=C3D4\n1, 7, 7, 7, 7\n", "",
-     "Only connector, spring, dashpot, mass, rotary inertia, and capacitance elements can be created at "
+     "Only connector, spring, dashpot, mass, rotary inertia, and capacitance elements can be "
+     "created at "
      "the assembly level.\n"},
     {"no type", "*ELEMENT\n1, 7\n", "", "Element type is required\n"},
     {"no number", "*ELEMENT, TYPE=MASS\n0, 7\nX, 7\n1, 7\n", "1: 70\n",
      "element number is not defined or is zero for element of type MASS\n"
      "element number is not defined or is zero for element of type MASS\n"},
     {"nodes that are not there",
-     "*ELEMENT, TYPE=SPRINGA\n1, I.SET, TIP\n2, 8, K.5\n3, I.7, A.B.C.1\n4, 2.5, I.5\n5, I.5, J.5\n",
+     "*ELEMENT, TYPE=SPRINGA\n1, I.SET, TIP\n2, 8, K.5\n3, I.7, A.B.C.1\n4, 2.5, I.5\n5, I.5, "
+     "J.5\n",
      "5: 105 205\n",
      "Connectivity item I.SET appears to be a node set. This is not allowed.\n"
      "Connectivity item TIP appears to be a node set. This is not allowed.\n"
@@ -227,11 +239,13 @@ TEST(inp_AssyLevelElemVisitor, PutsNumbersForTheNodesOfInstances)
      "Unknown instance name K\n"
      "Unknown local ID 7 in instance I\n"
      "Connectivity item A.B.C.1 is unrecognizable as a scoped ID ( <instanceName>.<integer ID> ).\n"
-     "*Element: an unrecognizable item (neither integer nor text string) is detected in the connectivity "
+     "*Element: an unrecognizable item (neither integer nor text string) is detected in the "
+     "connectivity "
      "list for element 4 of type \"SPRINGA\". The item in question is: 2.5\n"},
     {"no nodes", "*ELEMENT, TYPE=MASS\n1\n", "",
      "*Element: topology information is missing for element 1 of type \"MASS\"\n"},
-    {"too many, too few", "*ELEMENT, TYPE=SPRINGA, ELSET=S\n1, 7\n2, I.5, I.6, 7\n", "1: 70\n2: 105 106\n",
+    {"too many, too few", "*ELEMENT, TYPE=SPRINGA, ELSET=S\n1, 7\n2, I.5, I.6, 7\n",
+     "1: 70\n2: 105 106\n",
      "Too many nodes for element(s) of type \"SPRINGA\":\n2\n"
      "Too few nodes for element(s) of type \"SPRINGA\":\n1\n"},
   };
@@ -246,11 +260,13 @@ TEST(inp_AssyLevelElemVisitor, PutsNumbersForTheNodesOfInstances)
 
 TEST(inp_AssyLevelElemVisitor, ReadsWhatTheWalkOverTheAssemblySetAside)
 {
-  LevelDeck const deck(Deck("", "*NODE\n7, 0., 0., 0.\n"
-                                "*ELEMENT, TYPE=CONN3D2, ELSET=JOINTS\n1, ARM-1.2, 7\n2, 7, ARM-1.1\n"
-                                "*ELSET, ELSET=SOME\n2, JOINTS\n"));
+  LevelDeck const deck(Deck("",
+                            "*NODE\n7, 0., 0., 0.\n"
+                            "*ELEMENT, TYPE=CONN3D2, ELSET=JOINTS\n1, ARM-1.2, 7\n2, 7, ARM-1.1\n"
+                            "*ELSET, ELSET=SOME\n2, JOINTS\n"));
   EXPECT_EQ("", deck.messages);
-  EXPECT_EQ("{\"JOINTS\": [1, 2], \"SOME\": [1, 2]}", SetsText(deck.elements->GetSets().ConstGetMap()));
+  EXPECT_EQ("{\"JOINTS\": [1, 2], \"SOME\": [1, 2]}",
+            SetsText(deck.elements->GetSets().ConstGetMap()));
   inp_MapInt2Element const& known = deck.elements->GetElements().ConstGet();
   EXPECT_EQ("CONN3D2", known.ConstGet(2).type().View());
   EXPECT_EQ(0, known.ConstGet(2).numNodesPerElement());
@@ -271,7 +287,8 @@ TEST(inp_AssyLevelElemVisitor, ReadsWhatTheWalkOverTheAssemblySetAside)
 TEST(inp_LevelVisitors, RigidSurfacesBelongIntoParts)
 {
   std::string const keyword = "*RIGID SURFACE, TYPE=SEGMENTS, NAME=R\nSTART, 0., 0.\n";
-  cow_List<inp_Keyword> list = DeckKeywords("*NODE\n1\n" + keyword + "*INSTANCE, NAME=I\n" + keyword);
+  cow_List<inp_Keyword> list =
+    DeckKeywords("*NODE\n1\n" + keyword + "*INSTANCE, NAME=I\n" + keyword);
   inp_AssemblySurfaceVisitor visitor(inpM_SetMap(), inpM_SetMap(), {}, inp_CoordMap(),
                                      inpM_SurfaceMap());
   visitor.VisitList(list);

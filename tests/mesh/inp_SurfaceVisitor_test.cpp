@@ -14,7 +14,8 @@ std::string InPart(std::string const& keywords)
   for (int x = 0; x < 4; ++x)
     for (int corner = 0; corner < 4; ++corner)
       nodes += std::to_string(10 * x + corner + 1) + ", " + std::to_string(x) + ", " +
-               std::to_string(corner == 1 || corner == 2) + ", " + std::to_string(corner / 2) + "\n";
+               std::to_string(corner == 1 || corner == 2) + ", " + std::to_string(corner / 2) +
+               "\n";
   return "*PART, NAME=BAR\n*NODE\n" + nodes +
          "*ELEMENT, TYPE=C3D8, ELSET=ALL\n"
          "1, 1, 2, 3, 4, 11, 12, 13, 14\n"
@@ -67,7 +68,8 @@ TEST(inp_SurfaceVisitor, ReadsRowsOfAPart)
     {"the last definition stands", "*SURFACE, NAME=S\n1, S1\n*SURFACE, NAME=S, TYPE=NODE\n7\n",
      "S {7=1.0}", ""},
     {"without rows", "*SURFACE, NAME=S\n", "S {}", ""},
-    {"analytical surfaces are not meshed", "*SURFACE, NAME=S, TYPE=CYLINDER\nSTART, 0., 0.\n", "", ""},
+    {"analytical surfaces are not meshed", "*SURFACE, NAME=S, TYPE=CYLINDER\nSTART, 0., 0.\n", "",
+     ""},
     {"materials are no sets", "*SURFACE, NAME=S, TYPE=EULERIANMATERIAL\nWATER\n", "S {}", ""},
     {"what is missing is listed once, in order",
      "*SURFACE, NAME=S\nNONE, S1\n1, S1\nLEFT, S1\nNONE, S2\n0, S1\n1234567890, S1\n", "S {S1: 1}",
@@ -84,22 +86,26 @@ TEST(inp_SurfaceVisitor, ReadsRowsOfAPart)
 
 TEST(inp_SurfaceVisitor, CombinesSurfacesOfAPart)
 {
-  std::string const given = "*SURFACE, NAME=A\nALL, S1\n1, S2\n*SURFACE, NAME=B\nENDS, S1\n"
-                            "*SURFACE, NAME=N, TYPE=NODE\nLEFT\n*SURFACE, NAME=M, TYPE=NODE\nEDGE, 2.\n";
+  std::string const given =
+    "*SURFACE, NAME=A\nALL, S1\n1, S2\n*SURFACE, NAME=B\nENDS, S1\n"
+    "*SURFACE, NAME=N, TYPE=NODE\nLEFT\n*SURFACE, NAME=M, TYPE=NODE\nEDGE, 2.\n";
   Case const cases[] = {
-    {"union is the default", "*SURFACE, NAME=C, COMBINE=UNION\nA, B, A\n", "C {S1: 1 2 3 1 3, S2: 1}",
+    {"union is the default", "*SURFACE, NAME=C, COMBINE=UNION\nA, B, A\n",
+     "C {S1: 1 2 3 1 3, S2: 1}", ""},
+    {"difference over rows", "*SURFACE, NAME=C, COMBINE=DIFFERENCE\nA\nB, B\n", "C {S1: 2, S2: 1}",
      ""},
-    {"difference over rows", "*SURFACE, NAME=C, COMBINE=DIFFERENCE\nA\nB, B\n", "C {S1: 2, S2: 1}", ""},
     {"intersection", "*SURFACE, NAME=C, COMBINE=INTERSECTION\nA, B\n", "C {S1: 1 3}", ""},
     {"nothing is left, and kept", "*SURFACE, NAME=C, COMBINE=DIFFERENCE\nA, A\n", "C {}", ""},
     {"the first gives the kind", "*SURFACE, NAME=C, COMBINE=UNION\nN, M\n",
      "C {1=2.0 2=1.0 3=1.0 4=1.0 11=2.0 21=2.0 31=2.0}", ""},
-    {"kinds do not mix", "*SURFACE, NAME=C, COMBINE=UNION\nN, A\n", "C {1=1.0 2=1.0 3=1.0 4=1.0}", ""},
+    {"kinds do not mix", "*SURFACE, NAME=C, COMBINE=UNION\nN, A\n", "C {1=1.0 2=1.0 3=1.0 4=1.0}",
+     ""},
     {"no names", "*SURFACE, NAME=C, COMBINE=UNION\n", "C {}", ""},
     {"missing ones are listed", "*SURFACE, NAME=C, COMBINE=DIFFERENCE\nX, A, Y, B\n",
      "C {S1: 2, S2: 1}",
-     Line(c_firstLine + 9, " error: The following surfaces were not found when generating the combined "
-                           "surface C:\n    X, Y")},
+     Line(c_firstLine + 9,
+          " error: The following surfaces were not found when generating the combined "
+          "surface C:\n    X, Y")},
   };
   std::string const before = "A {S1: 1 2 3, S2: 1} B {S1: 1 3} ";
   std::string const after = " M {1=2.0 11=2.0 21=2.0 31=2.0} N {1=1.0 2=1.0 3=1.0 4=1.0}";
@@ -115,30 +121,37 @@ TEST(inp_SurfaceVisitor, ReadsRowsOfTheAssembly)
 {
   int const line = 47;
   Case const cases[] = {
-    {"sets and labels of instances", "*SURFACE, NAME=S, INTERNAL\nI-1.ENDS, S1\nI-2.ENDS, S1\nI-1.2, S1\n",
+    {"sets and labels of instances",
+     "*SURFACE, NAME=S, INTERNAL\nI-1.ENDS, S1\nI-2.ENDS, S1\nI-1.2, S1\n",
      "S: internal I-1 {S1: 1 3 2} I-2 {S1: 1 3}\n", ""},
     {"a set of the assembly", "*SURFACE, NAME=S\nBOTH, S2\n", "S: I-1 {S2: 1 3} I-2 {S2: 2}\n", ""},
     {"own nodes", "*SURFACE, NAME=S, TYPE=NODE\nOWN, 2.\n8, 3.\nI-2.EDGE\n",
      "S: I-1 {1=2.0} I-2 {1=1.0 11=1.0 21=1.0 31=1.0} own {7=2.0 8=3.0}\n", ""},
     {"elements of the assembly have no plain labels", "*SURFACE, NAME=S\n8, S1\n", "S:\n",
      Line(line, " error: The following sets were not found when generating the surface S:\n    8")},
-    {"what cannot be found", "*SURFACE, NAME=S\nJ.ENDS, S1\nJ.5, S1\nI-1.NONE, S1\nNONE, S1\nI-2.1, S1\n",
+    {"what cannot be found",
+     "*SURFACE, NAME=S\nJ.ENDS, S1\nJ.5, S1\nI-1.NONE, S1\nNONE, S1\nI-2.1, S1\n",
      "S: I-2 {S1: 1}\n",
      Line(line, " error: Invalid part instance label \"J\"") +
        Line(line, " error: The following sets were not found when generating the surface S:\n"
                   "    I-1.NONE, NONE")},
-    {"analytical surfaces belong into parts", "*SURFACE, NAME=S, TYPE=SEGMENTS\nSTART, 0., 0.\n", "",
-     Line(line, " error: When the *SURFACE option is used to define an analytical surface,  it can only "
-                "appear within a part (or part instance) definition, even if the rigid body is defined "
-                "at the assembly level.")},
+    {"analytical surfaces belong into parts", "*SURFACE, NAME=S, TYPE=SEGMENTS\nSTART, 0., 0.\n",
+     "",
+     Line(line,
+          " error: When the *SURFACE option is used to define an analytical surface,  it can only "
+          "appear within a part (or part instance) definition, even if the rigid body is defined "
+          "at the assembly level.")},
     {"of the others, whole and piece by piece",
      "*SURFACE, NAME=A\nBOTH, S1\n*SURFACE, NAME=B, COMBINE=DIFFERENCE\nA, I-1.CAPS\n"
-     "*SURFACE, NAME=C, COMBINE=INTERSECTION\nI-1.CAPS, A\n*SURFACE, NAME=D, COMBINE=DIFFERENCE\nA, A\n",
-     "A: I-1 {S1: 1 3} I-2 {S1: 2}\nB: I-1 {} I-2 {S1: 2}\nC: I-1 {S1: 1 3}\nD: I-1 {} I-2 {}\n", ""},
-    {"of others that are missing", "*SURFACE, NAME=A, COMBINE=UNION\nI-1.CAPS, I-3.CAPS, X, I-1.X\n",
-     "A: I-1 {S1: 1 3}\n",
-     Line(line, " error: The following surfaces were not found when generating the combined surface "
-                "A:\n    I-3.CAPS, X, I-1.X")},
+     "*SURFACE, NAME=C, COMBINE=INTERSECTION\nI-1.CAPS, A\n*SURFACE, NAME=D, "
+     "COMBINE=DIFFERENCE\nA, A\n",
+     "A: I-1 {S1: 1 3} I-2 {S1: 2}\nB: I-1 {} I-2 {S1: 2}\nC: I-1 {S1: 1 3}\nD: I-1 {} I-2 {}\n",
+     ""},
+    {"of others that are missing",
+     "*SURFACE, NAME=A, COMBINE=UNION\nI-1.CAPS, I-3.CAPS, X, I-1.X\n", "A: I-1 {S1: 1 3}\n",
+     Line(line,
+          " error: The following surfaces were not found when generating the combined surface "
+          "A:\n    I-3.CAPS, X, I-1.X")},
   };
   for (Case const& c : cases)
   {
@@ -181,28 +194,36 @@ TEST(inp_SurfaceVisitor, CropsToABox)
      "1=1.0 11=1.0 21=1.0 999=1.0", ""},
     {"without a third row the first point plays no part",
      "*SURFACE, NAME=C, CROP\nN\n1.5, 0., 0., 2., 0., 0.\n", "1=1.0 11=1.0 21=1.0 999=1.0", ""},
-    {"missing numbers are 0", "*SURFACE, NAME=C, CROP\nN\n0., 0., 0., 1.\n", "1=1.0 11=1.0 999=1.0", ""},
+    {"missing numbers are 0", "*SURFACE, NAME=C, CROP\nN\n0., 0., 0., 1.\n", "1=1.0 11=1.0 999=1.0",
+     ""},
     {"along own axes: the way along x is the way along the box's y",
      "*SURFACE, NAME=C, CROP\nN\n1., 0., 0., 2., 1., 1.\n1., 0., 0., 0., 2., 0.\n",
      "11=1.0 21=1.0 999=1.0", ""},
     {"one row", "*SURFACE, NAME=C, CROP\nA\n", "", ""},
     {"no rows", "*SURFACE, NAME=C, CROP\n", "", ""},
     {"no such surface", "*SURFACE, NAME=C, CROP\nX\n0., 0., 0., 1., 1., 1.\n", "",
-     Line(line, " error: The following surfaces were not found when generating the combined surface "
-                "C:\n    X")},
-    {"a point at the origin", "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n0., 0., 0., 0., 1.\n", "",
-     Line(line, std::string(" warning: untitled: Neither of the points a and b defined under cropped "
-                            "surface C are allowed to be defined at the origin.") +
-                  noOrientation)},
-    {"the same unit vector", "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n2., 0., 0., 1.\n", "",
-     Line(line, std::string(" warning: untitled: Points a and b defined under cropped surface C should "
-                            "not have the same coordinates.") +
-                  noOrientation)},
-    {"a dot product of 1", "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n3., 0., 0., 1., 5.\n", "",
-     Line(line, std::string(" warning: untitled: Points a, b and the origin of cropped surface C should "
-                            "not lie on a straight line. A unique coordinate system for the orientation "
-                            "cannot be found.") +
-                  noOrientation)},
+     Line(line,
+          " error: The following surfaces were not found when generating the combined surface "
+          "C:\n    X")},
+    {"a point at the origin",
+     "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n0., 0., 0., 0., 1.\n", "",
+     Line(line,
+          std::string(" warning: untitled: Neither of the points a and b defined under cropped "
+                      "surface C are allowed to be defined at the origin.") +
+            noOrientation)},
+    {"the same unit vector", "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n2., 0., 0., 1.\n",
+     "",
+     Line(line,
+          std::string(" warning: untitled: Points a and b defined under cropped surface C should "
+                      "not have the same coordinates.") +
+            noOrientation)},
+    {"a dot product of 1",
+     "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n3., 0., 0., 1., 5.\n", "",
+     Line(line,
+          std::string(" warning: untitled: Points a, b and the origin of cropped surface C should "
+                      "not lie on a straight line. A unique coordinate system for the orientation "
+                      "cannot be found.") +
+            noOrientation)},
   };
   for (Case const& c : cases)
   {
@@ -221,11 +242,12 @@ TEST(inp_SurfaceVisitor, CropsInstancesWhereTheyStand)
                                   "*SURFACE, NAME=E\nI-1.ALL, S2\nI-2.ALL, S2\n"
                                   "*SURFACE, NAME=F, CROP\nE\n0., 0., 0., 11., 1., 1.\n"
                                   "*SURFACE, NAME=G, CROP\nI-2.CAPS\n0., 0., 0., 11., 1., 1.\n"));
-  EXPECT_EQ("C: I-1 {1=1.0 11=1.0 21=1.0 31=1.0} I-2 {1=1.0 11=1.0} own {7=1.0 8=1.0}\n"
-            "E: I-1 {S2: 1 2 3} I-2 {S2: 1 2 3}\n"
-            "F: I-1 {S2: 1 2 3} I-2 {S2: 1}\n"
-            "G: I-2 {S1: 1}\n"
-            "N: I-1 {1=1.0 11=1.0 21=1.0 31=1.0} I-2 {1=1.0 11=1.0 21=1.0 31=1.0} own {7=1.0 8=1.0}\n",
-            deck.AssemblySurfaces());
+  EXPECT_EQ(
+    "C: I-1 {1=1.0 11=1.0 21=1.0 31=1.0} I-2 {1=1.0 11=1.0} own {7=1.0 8=1.0}\n"
+    "E: I-1 {S2: 1 2 3} I-2 {S2: 1 2 3}\n"
+    "F: I-1 {S2: 1 2 3} I-2 {S2: 1}\n"
+    "G: I-2 {S1: 1}\n"
+    "N: I-1 {1=1.0 11=1.0 21=1.0 31=1.0} I-2 {1=1.0 11=1.0 21=1.0 31=1.0} own {7=1.0 8=1.0}\n",
+    deck.AssemblySurfaces());
   EXPECT_EQ("", deck.messages);
 }

@@ -76,8 +76,8 @@ struct Block
           text += "\n";
         }
     std::string const layer = std::to_string((nx + 1) * (ny + 1));
-    return text + "*NSET, NSET=BOTTOM, GENERATE\n1, " + layer + "\n*SURFACE, NAME=SKIN\nSOLID, S1\n" +
-           "*END PART\n";
+    return text + "*NSET, NSET=BOTTOM, GENERATE\n1, " + layer +
+           "\n*SURFACE, NAME=SKIN\nSOLID, S1\n" + "*END PART\n";
   }
 };
 
@@ -150,8 +150,8 @@ std::string AssemblyDeck(std::string const& inAssembly)
     Place const& s = instance.shift;
     Place const& a = instance.a;
     Place const& b = instance.b;
-    deck += std::string("*INSTANCE, NAME=") + instance.name + ", PART=" + instance.block.name + "\n" +
-            Row({s[0], s[1], s[2]});
+    deck += std::string("*INSTANCE, NAME=") + instance.name + ", PART=" + instance.block.name +
+            "\n" + Row({s[0], s[1], s[2]});
     if (instance.degrees != 0.0)
       deck += Row({a[0], a[1], a[2], b[0], b[1], b[2], instance.degrees});
     deck += "*END INSTANCE\n";
@@ -223,17 +223,18 @@ TEST(inp_InputFile, TheAssemblyHasSetsAndSurfacesOfItsOwn)
 
 TEST(inp_InputFile, FaultsOfAllPassesAreReported)
 {
-  Road const road("*PART, NAME=P\n*NODE, NSET=N\n1\n*ELEMENT, TYPE=MASS, ELSET=E\n1, 1\n*END PART\n"
-                  "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*NSET, NSET=N\n1\n*ELSET, ELSET=E\n1\n"
-                  "*END INSTANCE\n*SURFACE, NAME=S\nI.X, S1\n*END ASSEMBLY\n");
+  Road const road(
+    "*PART, NAME=P\n*NODE, NSET=N\n1\n*ELEMENT, TYPE=MASS, ELSET=E\n1, 1\n*END PART\n"
+    "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*NSET, NSET=N\n1\n*ELSET, ELSET=E\n1\n"
+    "*END INSTANCE\n*SURFACE, NAME=S\nI.X, S1\n*END ASSEMBLY\n");
   std::vector<std::string> ends;
   for (std::string const& message : road.messages)
     ends.push_back(message.substr(message.find("line ")));
-  EXPECT_THAT(ends,
-              ElementsAre(testing::StartsWith("line 11: The element set E was defined within part P,"),
-                          testing::StartsWith("line 9: The node set N was defined within part P,"),
-                          "line 14: The following sets were not found when generating the surface S:\n"
-                          "    I.X"));
+  EXPECT_THAT(
+    ends, ElementsAre(testing::StartsWith("line 11: The element set E was defined within part P,"),
+                      testing::StartsWith("line 9: The node set N was defined within part P,"),
+                      "line 14: The following sets were not found when generating the surface S:\n"
+                      "    I.X"));
 }
 
 TEST(inp_InputFile, RowsOfPartsAreGivenUpUnlessTheyAreToStay)
@@ -276,8 +277,9 @@ TEST(inp_InputFile, ReorganizingStopsBeforeTheMaps)
 TEST(inp_InputFile, ManyInstancesOfALargePartCostNoMoreThanTheirKeywords)
 {
   constexpr int instances = 4000;
-  std::string deck = "*PART, NAME=P\n*NODE\n1, 0., 0., 0.\n50001, 1., 0., 0.\n*NGEN, NSET=ALL\n1, 50001\n"
-                     "*SURFACE, NAME=S, TYPE=NODE\nALL\n*END PART\n*ASSEMBLY, NAME=A\n";
+  std::string deck =
+    "*PART, NAME=P\n*NODE\n1, 0., 0., 0.\n50001, 1., 0., 0.\n*NGEN, NSET=ALL\n1, 50001\n"
+    "*SURFACE, NAME=S, TYPE=NODE\nALL\n*END PART\n*ASSEMBLY, NAME=A\n";
   std::string surface = "*SURFACE, NAME=S, TYPE=NODE\n";
   for (int i = 0; i < instances; ++i)
   {

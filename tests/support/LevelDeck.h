@@ -73,7 +73,8 @@ public:
     WalkAssembly();
     messages = m_expansion.messages;
     for (wip_Message const& message : sink.Messages())
-      messages += MessageText(message.isWarning ? "warning" : "error", message.text, m_deckFile) + "\n";
+      messages +=
+        MessageText(message.isWarning ? "warning" : "error", message.text, m_deckFile) + "\n";
   }
 
   cow_List<inp_Keyword> list; ///< organized

@@ -42,6 +42,9 @@ protected:
 
 private:
   struct Item;
+  struct Found;
+  void ReadElement(inp_Keyword const& keyword, Definition const& definition, inp_ElementRows& rows,
+                   Found& found);
   bool ResolveNodes(inp_Keyword const& keyword, Definition const& definition, int label,
                     std::vector<Item> const& items, std::vector<int>& nodes);
   bool ResolveItem(inp_Keyword const& keyword, Definition const& definition, int label,

@@ -92,6 +92,8 @@ public:
   inpM_SetMap assemblyElsetMap;
   inpM_SurfaceMap assemblySurfaceMap;
   inpM_InstanceMap<gsl_Matrix> transformationMap; ///< position by instance
+  inpM_IdMap nodeIdMap; ///< the user's labels to the model's own numbers, once it is renumbered
+  inpM_IdMap elementIdMap;
   cow_List<inp_Keyword> assemblyKeywords; ///< elements of the assembly, for inp_AssyLevelElemVisitor
   inpM_InstanceMap<cow_String> instancePartNames; ///< instance to part
   inp_ModelParameters modelParameters;

@@ -17,9 +17,10 @@ class inp_ModelParameters;
 ///     parameter, field  ->  ReplaceNodeOrNset...      ->  ReplaceIdOrSet...  ->  FixupIdOrSet
 ///                           ReplaceElementOrElset...
 ///
-/// A field goes in as its AsString text: upper case, no blanks. Where a whole column counts, its blank
-/// fields go in too, as "". A text that comes back as it went in changes nothing; else the row is
-/// rewritten once, with all that changed in it. Rows kept as numbers name no sets and are passed over.
+/// A field goes in as its AsString text: upper case, no blanks. Where a whole column counts, its
+/// blank fields go in too, as "". A text that comes back as it went in changes nothing; else the
+/// row is rewritten once, with all that changed in it. Rows kept as numbers name no sets and are
+/// passed over.
 ///
 /// Reports:  an exception that FixupIdOrSet raises, with its keyword's place; the field or
 ///           parameter stays and the walk goes on with the next. Memory failures and

@@ -6,7 +6,8 @@
 inp_AssemblyElementVisitor::inp_AssemblyElementVisitor(
   inpM_InstanceMap<inp_MapInt2Element> const& partElements, inpM_SetMap const& partElementSets,
   bool computesConnectivity)
-  : inp_ElementVisitor(computesConnectivity), m_partElements(partElements),
+  : inp_ElementVisitor(computesConnectivity),
+    m_partElements(partElements),
     m_partElementSets(partElementSets)
 {
 }

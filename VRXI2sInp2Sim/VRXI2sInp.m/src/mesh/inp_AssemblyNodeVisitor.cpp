@@ -26,10 +26,11 @@ bool HasRow(inp_DataArray const& data, int row)
 
 inp_AssemblyNodeVisitor::inp_AssemblyNodeVisitor(
   inpM_InstanceMap<inp_MapInt2Element> const& itsElements, inpM_SetMap const& itsElementSets,
-  inp_CoordMap const& partCoordMap, inpM_SetMap const& partNodeSets,
-  inpM_SetMap const& workingSets, bool itComputesGeometry)
+  inp_CoordMap const& partCoordMap, inpM_SetMap const& partNodeSets, inpM_SetMap const& workingSets,
+  bool itComputesGeometry)
   : inp_NodeVisitor(itsElements, itsElementSets, workingSets, itComputesGeometry),
-    m_partCoordMap(partCoordMap), m_partNodeSets(partNodeSets)
+    m_partCoordMap(partCoordMap),
+    m_partNodeSets(partNodeSets)
 {
   reportBlended = true;
 }

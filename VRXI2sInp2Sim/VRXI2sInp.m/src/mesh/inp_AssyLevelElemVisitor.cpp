@@ -17,6 +17,16 @@ struct inp_AssyLevelElemVisitor::Item
   bool isText; ///< and not a number of another form
 };
 
+/// What is known of the elements of a keyword when its rows have been read.
+struct inp_AssyLevelElemVisitor::Found
+{
+  std::vector<Item> const& items;
+  inp_MapInt2Element& elements;
+  cow_List<int> labels;
+  cow_List<int> tooLong;
+  cow_List<int> tooShort;
+};
+
 namespace
 {
 
@@ -93,80 +103,80 @@ void inp_AssyLevelElemVisitor::VisitElementImpl(inp_Keyword& keyword)
   }
   std::vector<Item> items;
   inp_DataArray const numbered = WithItemsNumbered(keyword.data, items);
-  inp_MapInt2Element& map = CurrentElements();
-  cow_List<int> labels;
-  cow_List<int> tooLong;
-  cow_List<int> tooShort;
+  Found found{items, CurrentElements(), {}, {}, {}};
   inp_ElementRows rows(numbered, definition.family, inp_ElementRows::c_asTheyAre,
                        inp_ElementRows::c_dropBlanks);
   while (rows.Next())
   {
-    if (rows.LabelState() != inp_ElementRows::c_good)
-    {
-      Say(inp_msgAssemblyElementNumber, keyword, definition.typeAsGiven);
-      continue;
-    }
-    int const label = rows.Label();
-    std::vector<int>& nodes = rows.Nodes();
-    int const count = static_cast<int>(nodes.size());
-    int const given = rows.GivenNodes();
-    if (count == 0)
-    {
-      Say(inp_msgAssemblyTopologyMissing, keyword, cow_String(label), definition.typeAsGiven);
-      continue;
-    }
-    if (!ResolveNodes(keyword, definition, label, items, nodes))
-    {
-      continue;
-    }
-    if (given > definition.family.maxNodes)
-    {
-      tooLong.Append(label);
-    }
-    else if (given < definition.family.minNodes)
-    {
-      tooShort.Append(label);
-    }
-    map.InsertPtr(label, inp_Element::Make(definition.type, count, nodes.data(),
-                                           std::min(given, count), 0, 0));
-    labels.Append(label);
+    ReadElement(keyword, definition, rows, found);
   }
-  if (tooLong.Length() > 0)
+  if (found.tooLong.Length() > 0)
   {
-    SayItems(inp_msgAssemblyTooManyNodes, keyword, tooLong, definition.typeAsGiven);
+    SayItems(inp_msgAssemblyTooManyNodes, keyword, found.tooLong, definition.typeAsGiven);
   }
-  if (tooShort.Length() > 0)
+  if (found.tooShort.Length() > 0)
   {
-    SayItems(inp_msgAssemblyTooFewNodes, keyword, tooShort, definition.typeAsGiven);
+    SayItems(inp_msgAssemblyTooFewNodes, keyword, found.tooShort, definition.typeAsGiven);
   }
   cow_String const setName = NameParameter(keyword, "elset");
-  if (setName.Length() > 0 && labels.Length() > 0 && tooShort.Empty())
+  if (setName.Length() > 0 && found.labels.Length() > 0 && found.tooShort.Empty())
   {
-    AddElementSet(keyword, setName, labels);
+    AddElementSet(keyword, setName, found.labels);
   }
+}
+
+void inp_AssyLevelElemVisitor::ReadElement(inp_Keyword const& keyword, Definition const& definition,
+                                           inp_ElementRows& rows, Found& found)
+{
+  int const label = rows.Label();
+  std::vector<int>& nodes = rows.Nodes();
+  int const count = static_cast<int>(nodes.size());
+  int const given = rows.GivenNodes();
+  if (rows.LabelState() != inp_ElementRows::c_good)
+  {
+    Say(inp_msgAssemblyElementNumber, keyword, definition.typeAsGiven);
+    return;
+  }
+  if (count == 0)
+  {
+    Say(inp_msgAssemblyTopologyMissing, keyword, cow_String(label), definition.typeAsGiven);
+    return;
+  }
+  if (!ResolveNodes(keyword, definition, label, found.items, nodes))
+  {
+    return;
+  }
+  if (given > definition.family.maxNodes)
+  {
+    found.tooLong.Append(label);
+  }
+  else if (given < definition.family.minNodes)
+  {
+    found.tooShort.Append(label);
+  }
+  found.elements.InsertPtr(
+    label, inp_Element::Make(definition.type, count, nodes.data(), std::min(given, count), 0, 0));
+  found.labels.Append(label);
 }
 
 /// Puts numbers for labels and items, in place; all that is wrong with an element is said.
 bool inp_AssyLevelElemVisitor::ResolveNodes(inp_Keyword const& keyword,
                                             Definition const& definition, int label,
-                                            std::vector<Item> const& items,
-                                            std::vector<int>& nodes)
+                                            std::vector<Item> const& items, std::vector<int>& nodes)
 {
   bool isGood = true;
   for (int& node : nodes)
   {
-    bool const isResolved =
-      node < 0 ? ResolveItem(keyword, definition, label,
-                             items[static_cast<std::size_t>(-node) - 1], node)
-               : GetAssemblyNode(keyword, definition, node);
+    bool const isResolved = node < 0 ? ResolveItem(keyword, definition, label,
+                                                   items[static_cast<std::size_t>(-node) - 1], node)
+                                     : GetAssemblyNode(keyword, definition, node);
     isGood = isGood && isResolved;
   }
   return isGood;
 }
 
-bool inp_AssyLevelElemVisitor::ResolveItem(inp_Keyword const& keyword,
-                                           Definition const& definition, int label,
-                                           Item const& item, int& node)
+bool inp_AssyLevelElemVisitor::ResolveItem(inp_Keyword const& keyword, Definition const& definition,
+                                           int label, Item const& item, int& node)
 {
   if (!item.isText)
   {

@@ -35,8 +35,7 @@ inp_SurfaceVisitor::inp_SurfaceVisitor(inpM_SetMap const& itsNodeSets,
                                        inpM_SetMap const& itsElementSets,
                                        inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
                                        inp_CoordMap const& itsCoordMap)
-  : nodeSets(itsNodeSets), elementSets(itsElementSets), elements(itsElements),
-    coordMap(itsCoordMap)
+  : nodeSets(itsNodeSets), elementSets(itsElementSets), elements(itsElements), coordMap(itsCoordMap)
 {
 }
 

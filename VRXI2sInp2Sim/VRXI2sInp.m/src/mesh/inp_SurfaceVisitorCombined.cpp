@@ -83,7 +83,7 @@ void ForEachName(inp_DataArray const& data, OnName const& onName)
 inp_CoordMap const& CoordsOf(inp_CoordMap const& coords, cow_String const& instanceName)
 {
   static thread_local inp_CoordMap const none;
-  return instanceName.Empty()           ? coords
+  return instanceName.Empty()            ? coords
          : coords.IsMember(instanceName) ? coords.ConstGet(instanceName)
                                          : none;
 }

@@ -26,8 +26,8 @@ public:
       shp_Shape const* const shape = shp_ShapeDictionary::GetShape(m_type);
       int const index = shape != nullptr ? shape->FaceIndex(m_faceId) : -1;
       bool const isKnown = index >= 0 && index < static_cast<int>(shape->Faces().size());
-      m_nodes = isKnown ? shape->Faces()[static_cast<std::size_t>(index)].Nodes()
-                        : std::span<int const>();
+      m_nodes =
+        isKnown ? shape->Faces()[static_cast<std::size_t>(index)].Nodes() : std::span<int const>();
     }
     return m_nodes;
   }

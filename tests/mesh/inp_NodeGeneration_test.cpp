@@ -165,6 +165,14 @@ TEST(inp_NodeGeneration, ArcsGoRoundAsTheNormalSays)
   }
 }
 
+TEST(inp_NodeGeneration, AQuarterTurnLeavesNoDust)
+{
+  MeshDeck const deck("*NODE\n1, 2.\n3, -2.\n*NGEN, LINE=C\n1, 3, 1, , 0., 0., 0., 0., 0., 1.\n");
+  EXPECT_EQ(deck.nodes, "{\"1\": [2.0, 0.0, 0.0, 0.0, 0.0, 0.0], "
+                        "\"2\": [0.0, 2.0, 0.0, 0.0, 0.0, 0.0], "
+                        "\"3\": [-2.0, 0.0, 0.0, 0.0, 0.0, 0.0]}");
+}
+
 TEST(inp_NodeGeneration, RadiiMayDifferByTenPercentOfTheirMean)
 {
   for (auto const& [radius, warns] : {std::pair(1.09, false), std::pair(1.11, true)})

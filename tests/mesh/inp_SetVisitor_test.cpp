@@ -107,6 +107,24 @@ TEST(inp_SetVisitor, ALaterKeywordExtendsTheSet)
   }
 }
 
+TEST(inp_SetVisitor, WithSetsFromTheStartNamesAreSearchedInTheWholeModel)
+{
+  MeshDeckSetting setting = Assembly();
+  setting.scope = "P";
+  MeshDeck const deck("*NODE, NSET=MINE\n1\n2, 4.\n5\n"
+                      "*NSET, NSET=X\nT, A, F, MINE\n"
+                      "*NFILL, NSET=Y\nA, T, 1\n"
+                      "*NCOPY, OLD SET=F, CHANGE NUMBER=1, POLE, NEW SET=Z\n",
+                      setting);
+  EXPECT_EQ(deck.nsets, "{\"MINE\": [1, 2, 5], \"X\": {\"\": [1, 2, 5, 8, 70], \"I\": [5]}, "
+                        "\"Y\": [1, 2, 70]}");
+  EXPECT_EQ(
+    deck.messages,
+    "7 warning: Node sets A and T have different number of nodes - 2 and 1. Only 1 nodes "
+    "will be used.\n"
+    "7 error: Node set T entered under an *NFILL definition contains non-existent nodes. \n");
+}
+
 TEST(inp_SetVisitor, NamesOfSets)
 {
   std::string const eighty(80, 'N');
@@ -181,8 +199,8 @@ TEST(inp_SetVisitor, AssemblyRowsReachIntoInstances)
     {"own ids and ids of instances", "*NSET, NSET=X\n7, I.4, i.3 , \"J K\".2, I.9\n",
      "\"X\": {\"\": [7], \"\"J K\"\": [2], \"I\": [3, 4, 9]}", ""},
     {"sets of an instance", "*NSET, NSET=X\nI.A, I.B, I.A\n", "\"X\": {\"I\": [1, 2, 3, 9]}", ""},
-    {"order and repeats of an instance", "*NSET, NSET=X, UNSORTED\nI.B, I.1, I.A, I.1\n",
-     "\"X\": {\"I\": [9, 3, 9, 1, 1, 2, 1]}", ""},
+    {"order and repeats of an instance", "*NSET, NSET=X, UNSORTED\nI.B, I.1, I.A, I.A\n",
+     "\"X\": {\"I\": [9, 3, 9, 1, 1, 2, 1, 2]}", ""},
     {"a set of the assembly with all its levels", "*NSET, NSET=U\nT, 3\n",
      "\"U\": {\"\": [3, 70], \"I\": [5]}", ""},
     {"a plain name that only the instance of a flat deck knows", "*NSET, NSET=X\nF\n",

@@ -137,7 +137,6 @@ private:
       cow_String const scope = setting.scope.c_str();
       (setting.isInstance ? m_instanceName : m_partName) = scope;
       instanceTransform = setting.position;
-      hasAssemblySets = false;
       reportBlended = setting.reportBlended;
       setInstanceNames(Names(setting.instances));
       setImportedInstances(Names(setting.imported));

@@ -4,6 +4,8 @@
 #include "inpM_SetMap.h"
 #include "inp_Visitor.h"
 
+#include <cstddef>
+
 /// What the readers of nodes and of elements share: the scope of the walk, the map of sets that it
 /// fills, and the reading of *NSET and *ELSET.
 ///
@@ -135,10 +137,12 @@ private:
                           bool includeAll);
   inpM_SetHandle ReadAssembly(inpM_SetMap const& setMap, inp_Keyword const& keyword, bool internal,
                               bool unsorted);
-  void GenerateAssemblyRow(inp_Keyword const& keyword, int row, inpM_BaseSet& set, Faults& faults);
+  void GenerateAssemblyRow(inp_Keyword const& keyword, int row, inpM_BaseSet& set,
+                           std::size_t& bytes, Faults& faults);
   void GenerateRow(inp_Keyword const& keyword, cow_List<int> const& row,
-                   cow_String const& instanceName, inpM_BaseSet& set);
-  bool CheckRange(inp_Keyword const& keyword, cow_List<int> const& row, inpM_BaseSet const& set);
+                   cow_String const& instanceName, inpM_BaseSet& set, std::size_t& bytes);
+  bool CheckRange(inp_Keyword const& keyword, cow_List<int> const& row, bool unsorted,
+                  std::size_t& bytes);
   cow_String SetKeywordName() const;
   void SayFaults(inp_Keyword const& keyword, Faults const& faults);
 };

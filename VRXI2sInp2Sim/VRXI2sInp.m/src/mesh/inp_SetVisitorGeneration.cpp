@@ -41,12 +41,13 @@ inpM_SetHandle inp_SetVisitor::GenerateSet(inp_Keyword const& keyword, bool inte
   VRXBasAssert(CurrentSetScope().Length() > 0, "currentName.Length() > 0");
   inpM_SetHandle set = CreateSet(internal, unsorted);
   Faults faults;
+  std::size_t bytes = 0;
   for (int row = 0; row < keyword.data.Rows(); ++row)
   {
     cow_List<int> integers;
     if (ReadIntegers(keyword.data, row, 0, integers, faults.invalid))
     {
-      GenerateRow(keyword, integers, cow_String(), *set.Get());
+      GenerateRow(keyword, integers, cow_String(), *set.Get(), bytes);
     }
   }
   SayFaults(keyword, faults);
@@ -59,11 +60,12 @@ inpM_SetHandle inp_SetVisitor::GenerateAssemblySet(inp_Keyword const& keyword, b
   VRXBasAssert(CurrentSetScope().Length() == 0, "currentName.Length() == 0");
   inpM_SetHandle set = CreateSet(internal, unsorted);
   Faults faults;
+  std::size_t bytes = 0;
   for (int row = 0; row < keyword.data.Rows(); ++row)
   {
     if (keyword.data.HasValue(row, 0) && keyword.data.HasValue(row, 1))
     {
-      GenerateAssemblyRow(keyword, row, *set.Get(), faults);
+      GenerateAssemblyRow(keyword, row, *set.Get(), bytes, faults);
     }
     else
     {
@@ -76,7 +78,7 @@ inpM_SetHandle inp_SetVisitor::GenerateAssemblySet(inp_Keyword const& keyword, b
 
 // Row: [instance.]start, [instance.]end[, step]
 void inp_SetVisitor::GenerateAssemblyRow(inp_Keyword const& keyword, int row, inpM_BaseSet& set,
-                                         Faults& faults)
+                                         std::size_t& bytes, Faults& faults)
 {
   cow_String const startText = keyword.data.AsString(row, 0);
   cow_String const endText = keyword.data.AsString(row, 1);
@@ -103,14 +105,15 @@ void inp_SetVisitor::GenerateAssemblyRow(inp_Keyword const& keyword, int row, in
   sequence.SetFromArray(ids, 2);
   if (ReadIntegers(keyword.data, row, 2, sequence, faults.invalid) && hasStart && hasEnd)
   {
-    GenerateRow(keyword, sequence, start.instanceName, set);
+    GenerateRow(keyword, sequence, start.instanceName, set, bytes);
   }
 }
 
 void inp_SetVisitor::GenerateRow(inp_Keyword const& keyword, cow_List<int> const& row,
-                                 cow_String const& instanceName, inpM_BaseSet& set)
+                                 cow_String const& instanceName, inpM_BaseSet& set,
+                                 std::size_t& bytes)
 {
-  if (!CheckRange(keyword, row, set))
+  if (!CheckRange(keyword, row, set.IsUnsorted(), bytes))
   {
     return;
   }
@@ -129,9 +132,10 @@ void inp_SetVisitor::GenerateRow(inp_Keyword const& keyword, cow_List<int> const
   }
 }
 
-// Rows that are too short, and steps that do not lead to the end, are the generators' to report.
-bool inp_SetVisitor::CheckRange(inp_Keyword const& keyword, cow_List<int> const& row,
-                                inpM_BaseSet const& set)
+// Rows that are too short, and steps that do not lead to the end, are the generators' to report. An
+// unsorted set grows by every row, a sorted one by what it has not yet.
+bool inp_SetVisitor::CheckRange(inp_Keyword const& keyword, cow_List<int> const& row, bool unsorted,
+                                std::size_t& bytes)
 {
   if (row.Length() < 2)
   {
@@ -146,13 +150,13 @@ bool inp_SetVisitor::CheckRange(inp_Keyword const& keyword, cow_List<int> const&
         SetKeywordName());
     return false;
   }
-  bool const isUnsorted = set.IsUnsorted();
-  std::size_t const held = isUnsorted ? set.Bytes() : 0;
-  if (inpM_BaseSet::EstimateBytes(start, end, step, isUnsorted) + held > c_mostBytes)
+  std::size_t const added = inpM_BaseSet::EstimateBytes(start, end, step, unsorted);
+  if (added + bytes > c_mostBytes)
   {
     Say(inp_msgGenerationTooLarge, keyword, cow_String(start), cow_String(end), cow_String(step),
         SetKeywordName());
     return false;
   }
+  bytes += unsorted ? added : 0;
   return true;
 }

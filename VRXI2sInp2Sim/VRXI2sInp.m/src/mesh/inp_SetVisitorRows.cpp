@@ -300,7 +300,6 @@ private:
   {
     int id = 0;
     int const period = text.RFind('.');
-    m_prefix.clear();
     if (period < text.Length() && field.GetId(id))
     {
       m_prefix = text.View().substr(0, static_cast<std::size_t>(period) + 1);
@@ -320,7 +319,7 @@ private:
   cow_List<int> m_ownIds;
   cow_List<int> m_instanceIds; ///< of m_instanceName, not in the set yet
   cow_String m_instanceName;
-  std::string m_prefix; ///< how a field that goes to m_instanceIds begins; empty when none does
+  std::string m_prefix; ///< how a field with an id of m_instanceName begins; empty before the first
   std::unordered_set<cow_String> m_added;
 };
 

@@ -63,8 +63,8 @@ aio_ifstream::openEnm aio_ifstream::Open(char const* path)
   m_fileSize = static_cast<long long>(status.st_size);
   if (!m_buffer)
   {
-    m_buffer.reset(static_cast<char*>(::operator new(c_carrySize + c_chunkSize + c_alignment,
-                                                     std::align_val_t(c_alignment))));
+    m_buffer.reset(static_cast<char*>(
+      ::operator new(c_carrySize + c_chunkSize + c_alignment, std::align_val_t(c_alignment))));
   }
   m_next = m_end = m_line = m_buffer.get() + c_carrySize;
   m_atEnd = m_failed = m_hasNulBytes = m_chunkHoldsAsterisk = false;
@@ -149,8 +149,9 @@ bool aio_ifstream::ReadLine(int limit)
       m_lineLength = 0;
       return false;
     }
-    feed = more ? static_cast<char*>(std::memchr(chunk, '\n', static_cast<std::size_t>(m_end - chunk)))
-                : nullptr;
+    feed = more
+             ? static_cast<char*>(std::memchr(chunk, '\n', static_cast<std::size_t>(m_end - chunk)))
+             : nullptr;
     if (feed == nullptr)
     {
       return ReadLongLine(limit);

@@ -153,7 +153,8 @@ void inpM_OmiSetData::Insert(std::vector<int> const& sorted)
     }
     return;
   }
-  if (64 * sorted.size() <= few.size()) // a set that grows by a few at a time is not copied for each
+  if (64 * sorted.size() <=
+      few.size()) // a set that grows by a few at a time is not copied for each
   {
     for (int const item : sorted)
     {

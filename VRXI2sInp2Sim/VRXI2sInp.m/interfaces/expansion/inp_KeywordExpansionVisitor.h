@@ -3,9 +3,9 @@
 #include "cow_List.h"
 #include "cow_Map.h"
 #include "cow_String.h"
+#include "inpM_InstanceMap.h"
 #include "inp_ExpansionRules.h"
 #include "inp_Visitor.h"
-#include "inpM_InstanceMap.h"
 
 #include <unordered_set>
 
@@ -55,7 +55,10 @@ public:
   cow_List<cow_String> const& GetIncludedFiles() const { return includedFiles; }
   /// File names without directory, each once.
   cow_List<cow_String> const& GetMissingIncludedFiles() const { return missingIncludedFiles; }
-  inpM_InstanceMap<cow_String> const& ConstGetInstancePartNames() const { return instancePartNames; }
+  inpM_InstanceMap<cow_String> const& ConstGetInstancePartNames() const
+  {
+    return instancePartNames;
+  }
   cow_List<inp_Keyword> const& GetManifestKeywords() const { return manifestKeywords; }
 
   void Visit(inp_Keyword& keyword) override;
@@ -79,7 +82,10 @@ protected:
   /// Parameters, then the words of every table whose parameter the keyword has.
   void ExpandByRule(inp_Keyword& keyword, inp_ExpansionRule const& rule);
   /// The same by the rule of the keyword's own handler.
-  void Expand(inp_Keyword& keyword) { ExpandByRule(keyword, *inp_ExpansionRuleOf(keyword.keyword)); }
+  void Expand(inp_Keyword& keyword)
+  {
+    ExpandByRule(keyword, *inp_ExpansionRuleOf(keyword.keyword));
+  }
 
   /// Reads the file of "input" and removes the parameter.
   void ProcessInputParameter(inp_Keyword& keyword);
@@ -92,7 +98,8 @@ protected:
   void TruncateEachDataLineBeyondItemN(inp_Keyword& keyword, int n);
 
   // Tests of a value's type; an absent parameter passes. For handlers to come.
-  void CheckRequiredParameters(inp_Keyword& keyword, char const* const* names, bool const* required);
+  void CheckRequiredParameters(inp_Keyword& keyword, char const* const* names,
+                               bool const* required);
   void CheckBoolean(inp_Keyword& keyword, cow_String const& parameter);
   void CheckInteger(inp_Keyword& keyword, cow_String const& parameter);
   void CheckDouble(inp_Keyword& keyword, cow_String const& parameter);
@@ -120,7 +127,8 @@ private:
                    char const* const* others);
 
   /// The file's absolute path, empty when it cannot be read, which is then reported.
-  cow_String FindFile(cow_String const& directory, cow_String const& file, inp_Keyword const& keyword);
+  cow_String FindFile(cow_String const& directory, cow_String const& file,
+                      inp_Keyword const& keyword);
   void NoteMissing(cow_List<cow_String> const& names);
   bool ReadDataLines(cow_String const& path, cow_String const& file, inp_Keyword& keyword);
   static void DropTrailingBlankRows(inp_Keyword& keyword);
@@ -200,8 +208,7 @@ void inp_KeywordExpansionVisitor::SayFirst(atr_MessageRow<Places> const& row,
                                            inp_Keyword const& keyword,
                                            Arguments const&... arguments)
 {
-  ListOf(row.severity)
-    .Prepend(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...)));
+  ListOf(row.severity).Prepend(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...)));
 }
 
 template <int Places, class... Arguments>

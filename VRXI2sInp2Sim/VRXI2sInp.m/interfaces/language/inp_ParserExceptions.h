@@ -20,7 +20,10 @@ class inp_ExceptionOf : public Base
 public:
   using Base::Base;
   Base* Copy() const override { return new Derived(static_cast<Derived const&>(*this)); }
-  [[noreturn]] void Propagate() const override { throw Derived(static_cast<Derived const&>(*this)); }
+  [[noreturn]] void Propagate() const override
+  {
+    throw Derived(static_cast<Derived const&>(*this));
+  }
 };
 
 /// Base of the faults that belong to a keyword of the deck.
@@ -132,7 +135,8 @@ public:
   inp_InvalidContinuationLineException(int line, cow_String const& file, atr_String const& message);
 };
 
-class inp_EncryptionException : public inp_ExceptionOf<inp_EncryptionException, inp_KeywordException>
+class inp_EncryptionException
+  : public inp_ExceptionOf<inp_EncryptionException, inp_KeywordException>
 {
 public:
   inp_EncryptionException(int line, cow_String const& file, atr_String const& message);

@@ -22,12 +22,12 @@ public:
   };
 
   static omn_FixedString integerPat();
-  static omn_FixedString doublePat();        ///< exponent letter "e" or "E"
-  static omn_FixedString doublePatD();       ///< exponent letter "d" or "D"
-  static omn_FixedString stringPat();        ///< a name, or a text in double quotes
-  static omn_FixedString paramPat();         ///< the name of a parameter
-  static omn_FixedString setNamePat();       ///< names and quoted texts joined by periods
-  static omn_FixedString scopedIDPat();      ///< a number, or one behind names and periods
+  static omn_FixedString doublePat();   ///< exponent letter "e" or "E"
+  static omn_FixedString doublePatD();  ///< exponent letter "d" or "D"
+  static omn_FixedString stringPat();   ///< a name, or a text in double quotes
+  static omn_FixedString paramPat();    ///< the name of a parameter
+  static omn_FixedString setNamePat();  ///< names and quoted texts joined by periods
+  static omn_FixedString scopedIDPat(); ///< a number, or one behind names and periods
   static omn_FixedString fileNamePat();
   static omn_FixedString superelementIDPat();
   static omn_FixedString userElementIDPat();

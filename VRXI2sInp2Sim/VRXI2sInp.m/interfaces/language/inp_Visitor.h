@@ -67,8 +67,7 @@ protected:
   void Say(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
            Arguments const&... arguments)
   {
-    ListOf(row.severity)
-      .Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...)));
+    ListOf(row.severity).Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...)));
   }
 
   cow_List<atr_String>& ListOf(atr_severityEnm severity);

@@ -20,11 +20,11 @@ bool HasNoValue(inp_Item const& item)
 bool KeepsCase(inp_Keyword const& keyword, cow_String const& parameter)
 {
   static constexpr std::array<std::string_view, 4> fileParameters = {"input", "file", "datafile",
-                                                                      "library"};
+                                                                     "library"};
   return std::find(fileParameters.begin(), fileParameters.end(), parameter.View()) !=
            fileParameters.end() ||
-         (parameter == "parameter" && (keyword.Is(inp_kwParameterShapeVariation) ||
-                                       keyword.Is(inp_kwDesignShapeVariation))) ||
+         (parameter == "parameter" &&
+          (keyword.Is(inp_kwParameterShapeVariation) || keyword.Is(inp_kwDesignShapeVariation))) ||
          (parameter == "name" && keyword.Is(inp_kwStep));
 }
 
@@ -138,8 +138,7 @@ inp_Item inp_KeywordExpansionVisitor::CleanedValue(inp_Keyword const& keyword,
     return item;
   }
   cow_String const value = item.AsString();
-  bool const keepsCase =
-    KeepsCase(keyword, full) || (!bulkDataProcess && IsReference(value));
+  bool const keepsCase = KeepsCase(keyword, full) || (!bulkDataProcess && IsReference(value));
   return inp_Item::Text(keepsCase ? inp_Utils::TakeOutSpacesOutsideQuoted(value)
                                   : inp_Utils::TakeOutSpacesAndUpperOutsideQuoted(value));
 }

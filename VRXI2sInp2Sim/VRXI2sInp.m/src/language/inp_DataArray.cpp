@@ -7,7 +7,10 @@ inp_DataArray::inp_DataArray() : inp_DataArray(new inp_RawDataArrayImpl) {}
 
 inp_DataArray::inp_DataArray(inp_DataArrayImpl* impl) : cow_CountedHld<inp_DataArrayImpl>(impl) {}
 
-void inp_DataArray::Set(inp_DataArrayImpl* impl) { cow_CountedHld<inp_DataArrayImpl>::operator=(impl); }
+void inp_DataArray::Set(inp_DataArrayImpl* impl)
+{
+  cow_CountedHld<inp_DataArrayImpl>::operator=(impl);
+}
 
 cow_String inp_DataArray::AsString(int i, int j, cow_String const& defaultText) const
 {

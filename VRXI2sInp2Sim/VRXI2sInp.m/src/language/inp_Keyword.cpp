@@ -14,9 +14,9 @@ constexpr int c_streamWidth = 1024;
 /// How the two printed forms differ in a parameter line.
 struct ParameterForm
 {
-  char const* wrap;     ///< between parameters, where the line is broken
-  char const* joint;    ///< between name and value
-  int charge;           ///< what a parameter counts beyond its name and value
+  char const* wrap;  ///< between parameters, where the line is broken
+  char const* joint; ///< between name and value
+  int charge;        ///< what a parameter counts beyond its name and value
   int chargeAfterWrap;
 };
 

@@ -10,7 +10,8 @@ namespace
 cow_String Unquoted(cow_String const& text)
 {
   int const length = text.Length();
-  return length >= 3 && text[0] == '"' && text[length - 1] == '"' ? text.Substr(1, length - 2) : text;
+  return length >= 3 && text[0] == '"' && text[length - 1] == '"' ? text.Substr(1, length - 2)
+                                                                  : text;
 }
 
 } // namespace

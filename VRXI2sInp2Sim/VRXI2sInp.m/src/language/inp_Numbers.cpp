@@ -67,8 +67,7 @@ char const* ReadPlainDecimal(char const* at, double& value)
   {
     return nullptr;
   }
-  double const magnitude =
-    static_cast<double>(static_cast<long long>(mantissa)) / powers[decimals];
+  double const magnitude = static_cast<double>(static_cast<long long>(mantissa)) / powers[decimals];
   value = negative ? -magnitude : magnitude;
   return at;
 }

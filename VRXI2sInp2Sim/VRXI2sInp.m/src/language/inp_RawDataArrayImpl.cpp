@@ -314,10 +314,7 @@ char* inp_RawDataArrayImpl::Cell(int i, int j) const
   return cell;
 }
 
-inp_Types::typeEnm inp_RawDataArrayImpl::Type(int i, int j) const
-{
-  return TypeOfCell(Cell(i, j));
-}
+inp_Types::typeEnm inp_RawDataArrayImpl::Type(int i, int j) const { return TypeOfCell(Cell(i, j)); }
 
 inp_Types::typeEnm inp_RawDataArrayImpl::TypeOfCell(char const* cell)
 {

@@ -2,7 +2,10 @@
 
 #include <cstddef>
 
-omn_FixedString inp_Types::integerPat() { return omn_FixedString(R"(^[ \t]*([-+]?[0-9]+)[ \t]*$)"); }
+omn_FixedString inp_Types::integerPat()
+{
+  return omn_FixedString(R"(^[ \t]*([-+]?[0-9]+)[ \t]*$)");
+}
 
 omn_FixedString inp_Types::doublePat()
 {
@@ -253,8 +256,9 @@ bool inp_Types::IsFileName(std::string_view text)
 {
   Scanner scan(text);
   scan.Skip([](char c) { return IsBlank(c) || c == '<'; });
-  if (scan.SkipOne([](char c)
-                   { return BeginsName(c) || IsDigit(c) || c == '$' || c == '%' || c == '/' || c == '.'; }))
+  if (scan.SkipOne(
+        [](char c)
+        { return BeginsName(c) || IsDigit(c) || c == '$' || c == '%' || c == '/' || c == '.'; }))
   {
     scan.Skip([](char c) { return !EndsPlainText(c); });
     return scan.AtEnd();

@@ -159,8 +159,8 @@ bool inp_Utils::IsScopedSetId(cow_List<cow_String> const& pieces)
 
 bool inp_Utils::IsAnalyticalSurfaceType(cow_String const& type)
 {
-  static constexpr std::string_view types[] = {"SEGMENTS",   "CYLINDER", "REVOLUTION",
-                                               "BEZIER",     "BSPLINE",  "USER"};
+  static constexpr std::string_view types[] = {"SEGMENTS", "CYLINDER", "REVOLUTION",
+                                               "BEZIER",   "BSPLINE",  "USER"};
   return std::find(std::begin(types), std::end(types), type.View()) != std::end(types);
 }
 

@@ -148,7 +148,8 @@ cow_List<cow_String> inp_Utils::GenerateScopedIds(inp_DataArray const& data,
                                                   cow_List<atr_String>& errors)
 {
   return GenerateScoped(
-    data, keywordName, errors, [&](cow_List<int> const& row)
+    data, keywordName, errors,
+    [&](cow_List<int> const& row)
     { return GenerateSetRow(row, keywordName, errors).ConstGetArrayCounterpart(); });
 }
 
@@ -186,6 +187,7 @@ cow_List<cow_String> inp_Utils::GenerateUnsortedScopedIds(inp_DataArray const& d
                                                           cow_String const& keywordName,
                                                           cow_List<atr_String>& errors)
 {
-  return GenerateScoped(data, keywordName, errors, [&](cow_List<int> const& row)
+  return GenerateScoped(data, keywordName, errors,
+                        [&](cow_List<int> const& row)
                         { return GenerateUnsortedSetRow(row, keywordName, errors); });
 }

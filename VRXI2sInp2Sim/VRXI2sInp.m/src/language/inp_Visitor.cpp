@@ -194,8 +194,7 @@ bool inp_Visitor::IsError() const { return m_errorList.Length() + m_fatalErrorLi
 
 bool inp_Visitor::IsSimWorkFlow()
 {
-  VRXAspBcuAnalysisIROptions const& options =
-    omi_Singleton<VRXAspBcuAnalysisIROptions>::Instance();
+  VRXAspBcuAnalysisIROptions const& options = omi_Singleton<VRXAspBcuAnalysisIROptions>::Instance();
   return options.IsResultsSim() || options.IsResultsBoth();
 }
 

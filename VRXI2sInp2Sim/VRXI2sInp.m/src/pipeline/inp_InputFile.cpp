@@ -16,8 +16,7 @@ void inp_InputFile::Parse(cow_String fileName)
                     0, 0);
   keywords = parser.Parse(true);
   readerFacts = {parser.GetIncludedFiles(), parser.GetMissingIncludeFiles(),
-                 parser.NumberSkippedDataLines(), parser.FirstSkippedLine(),
-                 parser.TotalBytes()};
+                 parser.NumberSkippedDataLines(), parser.FirstSkippedLine(), parser.TotalBytes()};
 
   wip_WIP& sink = omi_Singleton<wip_WIP>::Instance();
   if (parser.GetFatalErrors().Length() > 0)

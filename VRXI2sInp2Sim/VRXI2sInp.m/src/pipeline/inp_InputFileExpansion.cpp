@@ -52,9 +52,8 @@ void inp_InputFile::ExpandKeywords()
     omi_Singleton<wip_WIP>::Instance().Error(atr_Say(inp_msgRigidSurfaceInExplicit), wip_error);
   }
   DiscardEmptyKeywords();
-  partConvertible = featureEnhanced ||
-                    (partConvertible && !visitor.IsElementFileParameter() &&
-                     !rigidSurfaceInExplicit && !visitor.HasNmapBlended());
+  partConvertible = featureEnhanced || (partConvertible && !visitor.IsElementFileParameter() &&
+                                        !rigidSurfaceInExplicit && !visitor.HasNmapBlended());
 }
 
 void inp_InputFile::DiscardEmptyKeywords()

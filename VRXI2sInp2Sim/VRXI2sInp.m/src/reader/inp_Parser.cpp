@@ -525,8 +525,7 @@ void inp_Parser::ReadData(inp_Keyword& keyword)
 {
   inp_RawDataArrayImpl& rows = static_cast<inp_RawDataArrayImpl&>(keyword.data.Impl());
   bool const isText = keyword.Is(inp_kwHeading) || keyword.Is(inp_kwStep);
-  bool const keepsRows =
-    m_keepData || keyword.Is(inp_kwParameter) || keyword.Is(inp_kwManifest);
+  bool const keepsRows = m_keepData || keyword.Is(inp_kwParameter) || keyword.Is(inp_kwManifest);
   for (char* line = Readline(); !m_endOfFile; line = Readline())
   {
     if (IsOutsideLimits())

@@ -40,8 +40,7 @@ cow_String TextOf(inp_Item const* item)
 cow_String WithoutQuotes(cow_String const& name)
 {
   int const length = name.Length();
-  bool const quoted =
-    length > 2 && name.CStr()[0] == '"' && name.CStr()[length - 1] == '"';
+  bool const quoted = length > 2 && name.CStr()[0] == '"' && name.CStr()[length - 1] == '"';
   return quoted ? name.Substr(1, length - 2) : name;
 }
 

@@ -50,9 +50,8 @@ int PlainLabel(char const* cell)
 
 bool IsAllDigits(cow_String const& text)
 {
-  return text.Length() > 0 &&
-         std::all_of(text.CStr(), text.CStr() + text.Length(),
-                     [](char c) { return c >= '0' && c <= '9'; });
+  return text.Length() > 0 && std::all_of(text.CStr(), text.CStr() + text.Length(),
+                                          [](char c) { return c >= '0' && c <= '9'; });
 }
 
 int ReadLabel(inp_RawDataArrayImpl const& raw, int row)
@@ -312,4 +311,7 @@ void inp_NodeDataArrayImpl::Append(int id, double x, double y, double z)
   ++nrows;
 }
 
-inp_NodeDataArrayImpl* inp_NodeDataArrayImpl::Copy() const { return new inp_NodeDataArrayImpl(*this); }
+inp_NodeDataArrayImpl* inp_NodeDataArrayImpl::Copy() const
+{
+  return new inp_NodeDataArrayImpl(*this);
+}

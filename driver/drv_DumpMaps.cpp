@@ -2,8 +2,8 @@
 
 #include "drv_JsonWriter.h"
 #include "drv_Output.h"
-#include "inp_CoordMap.h"
 #include "inpM_SurfaceMap.h"
+#include "inp_CoordMap.h"
 
 #include <array>
 #include <charconv>
@@ -105,9 +105,11 @@ void MapDumper::DumpMeshes(Maps const& maps)
 void MapDumper::DumpMesh(Maps const& maps, cow_String const& level)
 {
   m_json.BeginObject().Key("nodes");
-  DumpNodes(maps.nodes.IsMember(level) ? maps.nodes.ConstGet(level).ConstGet() : inp_MapInt2Coord());
+  DumpNodes(maps.nodes.IsMember(level) ? maps.nodes.ConstGet(level).ConstGet()
+                                       : inp_MapInt2Coord());
   m_json.Break(4).Key("elements");
-  DumpElements(maps.elements.IsMember(level) ? maps.elements.ConstGet(level) : inp_MapInt2Element());
+  DumpElements(maps.elements.IsMember(level) ? maps.elements.ConstGet(level)
+                                             : inp_MapInt2Element());
   m_json.Break(4).Key("nsets");
   DumpSets(maps.nsets.ConstGetNestedSetMap(level));
   m_json.Break(4).Key("elsets");

@@ -23,7 +23,10 @@ public:
   drv_stageEnm Stage() const { return m_options.stage; }
   drv_whatEnm What() const { return m_options.what; }
   /// The keywords as they were before the model's maps took over their rows.
-  cow_List<inp_Keyword> const& Keywords() const { return HasMaps() ? m_keywords : m_model.keywords; }
+  cow_List<inp_Keyword> const& Keywords() const
+  {
+    return HasMaps() ? m_keywords : m_model.keywords;
+  }
   /// The elements of parts, which the model gives up in its last stage.
   inpM_InstanceMap<inp_MapInt2Element> const& PartElements() const { return m_partElements; }
   bool FoundErrors() const;

@@ -153,8 +153,7 @@ Reader::Reader()
                  "elements, sets, surfaces), all")
     ->option_text("WHAT")
     ->check(OneOf(c_whats));
-  dump->add_flag("--lumen", m_options.lumen,
-                 "the results are to stay fit for the pre-processor");
+  dump->add_flag("--lumen", m_options.lumen, "the results are to stay fit for the pre-processor");
   AddOutput(dump);
   AddLanguage();
 }

@@ -3,13 +3,13 @@
 #include "cow_List.h"
 #include "cow_String.h"
 #include "gsl_Matrix.h"
+#include "inpM_InstanceMap.h"
+#include "inpM_SetMap.h"
+#include "inpM_SurfaceMap.h"
 #include "inp_CoordMap.h"
 #include "inp_Keyword.h"
 #include "inp_MapInt2Element.h"
 #include "inp_ModelParameters.h"
-#include "inpM_InstanceMap.h"
-#include "inpM_SetMap.h"
-#include "inpM_SurfaceMap.h"
 
 class eli_eostream;
 
@@ -73,16 +73,16 @@ public:
   cow_List<inp_Keyword> keywords; ///< the model: flat from Parse on, then a hierarchy
   bool featureEnhanced = false;
   bool restartJob = false;
-  int numberRestartSteps = 0; ///< given by the driver: steps of the job that is continued
-  int numberSteps = 0;        ///< given by the driver: steps before this deck's first
+  int numberRestartSteps = 0;  ///< given by the driver: steps of the job that is continued
+  int numberSteps = 0;         ///< given by the driver: steps before this deck's first
   bool partConvertible = true; ///< no feature stands in the way of dividing the model into parts
   bool parameterized = false;  ///< the deck holds *PARAMETER
   bool hasManifest = false;    ///< the deck holds *MANIFEST
   bool inOdbConverter = false; ///< given by the driver: serves a converter of results databases
   cow_String inputFileName;
-  cow_String includePath; ///< given by the driver: where include and data files are looked for
-  inp_CoordMap partCoordMap;                               ///< by part
-  inpM_InstanceMap<inp_MapInt2Element> partElementMap;     ///< by part
+  cow_String includePath;    ///< given by the driver: where include and data files are looked for
+  inp_CoordMap partCoordMap; ///< by part
+  inpM_InstanceMap<inp_MapInt2Element> partElementMap; ///< by part
   inpM_SetMap partNsetMap;
   inpM_SetMap partElsetMap;
   inpM_SurfaceMap partSurfaceMap;
@@ -94,7 +94,8 @@ public:
   inpM_InstanceMap<gsl_Matrix> transformationMap; ///< position by instance
   inpM_IdMap nodeIdMap; ///< the user's labels to the model's own numbers, once it is renumbered
   inpM_IdMap elementIdMap;
-  cow_List<inp_Keyword> assemblyKeywords; ///< elements of the assembly, for inp_AssyLevelElemVisitor
+  cow_List<inp_Keyword>
+    assemblyKeywords; ///< elements of the assembly, for inp_AssyLevelElemVisitor
   inpM_InstanceMap<cow_String> instancePartNames; ///< instance to part
   inp_ModelParameters modelParameters;
 

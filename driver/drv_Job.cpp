@@ -78,7 +78,7 @@ drv_Job::Step const drv_Job::c_steps[] = {
   {"expand", drv_expand, [](drv_Job& job) { job.m_model.ExpandKeywords(); }},
   {"parameters", drv_final, [](drv_Job& job) { job.m_model.setModelParameters(); }},
   {"maps", drv_final, &drv_Job::MakeMaps, true},
-  {"inventory", drv_final, [](drv_Job& job) { job.m_model.CheckOutOfPlace(); }, true},
+  {"inventory", drv_final, &drv_Job::CheckParts, true},
 };
 
 drv_Job::drv_Job(drv_Options const& options)
@@ -93,7 +93,7 @@ bool drv_Job::Run()
   SetUp();
   for (Step const& step : c_steps)
   {
-    bool const isWanted = step.stage <= m_options.stage && (HasMaps() || !step.isForMaps);
+    bool const isWanted = step.stage <= m_options.stage && (WantsMaps() || !step.isForMaps);
     if (isWanted && !RunStep(step.name, step.stage, step.run))
     {
       return false;
@@ -177,7 +177,12 @@ void drv_Job::Parse(drv_Job& job)
 
 void drv_Job::MakeMaps(drv_Job& job)
 {
+  if (job.m_model.FlatRoadMissing() && job.m_options.command == drv_check)
+  {
+    return;
+  }
   job.m_keywords = job.m_model.keywords;
+  job.m_hasMaps = true;
   job.m_model.Classify(job.m_options.lumen);
   job.m_partElements = job.m_model.partElementMap;
   if (job.m_model.FlatRoadMissing())
@@ -187,6 +192,14 @@ void drv_Job::MakeMaps(drv_Job& job)
     origin.code = "NoMapsOfFlatDecks";
     message.SetOrigin(origin);
     Sink().Warning(message);
+  }
+}
+
+void drv_Job::CheckParts(drv_Job& job)
+{
+  if (job.m_hasMaps)
+  {
+    job.m_model.CheckOutOfPlace();
   }
 }
 

@@ -25,7 +25,7 @@ public:
   /// The keywords as they were before the model's maps took over their rows.
   cow_List<inp_Keyword> const& Keywords() const
   {
-    return HasMaps() ? m_keywords : m_model.keywords;
+    return m_hasMaps ? m_keywords : m_model.keywords;
   }
   /// The elements of parts, which the model gives up in its last stage.
   inpM_InstanceMap<inp_MapInt2Element> const& PartElements() const { return m_partElements; }
@@ -48,10 +48,16 @@ private:
   bool EndedBy(class atr_String const& words, drv_stageEnm stage) const;
   void WarnOfSkippedLines() const;
 
-  bool HasMaps() const { return m_options.command == drv_dump && m_options.what != drv_keywords; }
+  /// A check runs all stages; what is printed or dumped as records is the list before the maps.
+  bool WantsMaps() const
+  {
+    return m_options.command == drv_check ||
+           (m_options.command == drv_dump && m_options.what != drv_keywords);
+  }
 
   static void Parse(drv_Job& job);
   static void MakeMaps(drv_Job& job);
+  static void CheckParts(drv_Job& job);
 
   struct Step;
   static Step const c_steps[];
@@ -60,6 +66,7 @@ private:
   drv_Reporter m_reporter;
   inp_InputFile& m_model;
   std::vector<Time> m_times;
+  bool m_hasMaps = false;
   cow_List<inp_Keyword> m_keywords;
   inpM_InstanceMap<inp_MapInt2Element> m_partElements;
 };

@@ -298,7 +298,7 @@ std::string drv_Summary(drv_Job& job)
 {
   inp_InputFile const& model = job.Model();
   Census census;
-  Count(model.keywords, census);
+  Count(job.Keywords(), census);
 
   std::string text = drv_Printable(model.inputFileName.View(), c_columns - 30) + ": " +
                      Form(census) + ", " + Size(model.readerFacts.bytesRead) + "\n\n";

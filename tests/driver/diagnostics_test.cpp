@@ -73,6 +73,10 @@ TEST_F(Diagnostics, AsJsonAreAnObjectALine)
     "New definition of \\\"\\\"\xC3\xA4\xEF\xBF\xBD\\\"\\\" overrides previous setting.\"}\n"
     R"({"severity":"fatal","level":2,"stage":"expand","file":"deck.inp","line":4,)"
     R"("message":"in keyword *PART, file \"deck.inp\", line 4: Part must have a name."})"
+    "\n"
+    R"({"severity":"error","level":1,"stage":"final","file":"deck.inp","line":1,)"
+    R"("message":"in keyword *NODE, file \"deck.inp\", line 1: The keyword is misplaced. )"
+    R"(It can be suboption for the following keyword(s)/level(s): assembly, instance, part"})"
     "\n");
 }
 

@@ -61,6 +61,24 @@ TEST_F(Maps, RecordsBesideMapsKeepTheirRows)
   EXPECT_TRUE(all.contains("instances"));
 }
 
+TEST_F(Maps, ACheckFindsWhatOnlyTheMapsShow)
+{
+  files.Write("cart.inp", "*PART, NAME=WHEEL\n"
+                          "*NODE\n"
+                          "1, 0., 0., 0.\n"
+                          "*NSET, NSET=RIM\n"
+                          "1, SPOKES\n"
+                          "*END PART\n"
+                          "*ASSEMBLY, NAME=CART\n"
+                          "*END ASSEMBLY\n");
+  ProgramRun const run = Run({"check", "--quiet", "cart.inp"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "cart.inp:4: error: in keyword *NSET, file \"cart.inp\", line 4: The following "
+                     "sets specified do not exist. Sets should be defined before they are used:\n"
+                     "SPOKES\n"
+                     "    4 | *NSET, NSET=RIM\n");
+}
+
 TEST_F(Maps, AFlatDeckHasNoneYet)
 {
   files.Write("flat.inp", "*NODE\n1, 0., 0., 0.\n");

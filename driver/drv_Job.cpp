@@ -3,6 +3,7 @@
 #include "atr_Message.h"
 #include "drv_CrashBarrier.h"
 #include "drv_Exit.h"
+#include "drv_Progress.h"
 #include "inp_CurrentPlace.h"
 #include "inp_ParserExceptions.h"
 #include "omi_Singleton.h"
@@ -12,6 +13,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <new>
@@ -69,7 +71,7 @@ struct drv_Job::Step
   char const* name;
   drv_stageEnm stage; ///< that it belongs to
   void (*run)(drv_Job& job);
-  bool isForMaps = false;
+  bool (drv_Job::*isWanted)() const = nullptr; ///< null: always
 };
 
 /// The road of a deck, in the order that the library asks for.
@@ -77,8 +79,10 @@ drv_Job::Step const drv_Job::c_steps[] = {
   {"parse", drv_parse, &drv_Job::Parse},
   {"expand", drv_expand, [](drv_Job& job) { job.m_model.ExpandKeywords(); }},
   {"parameters", drv_final, [](drv_Job& job) { job.m_model.setModelParameters(); }},
-  {"maps", drv_final, &drv_Job::MakeMaps, true},
-  {"inventory", drv_final, &drv_Job::CheckParts, true},
+  {"organize", drv_final, &drv_Job::Organize, &drv_Job::WantsOrganizedRows},
+  {"maps", drv_final, &drv_Job::MakeMaps, &drv_Job::WantsMaps},
+  {"numbers", drv_final, &drv_Job::Number, &drv_Job::WantsMaps},
+  {"inventory", drv_final, &drv_Job::CheckParts, &drv_Job::WantsMaps},
 };
 
 drv_Job::drv_Job(drv_Options const& options)
@@ -91,15 +95,38 @@ bool drv_Job::Run()
   drv_TheCrashContext().stage = drv_StageName(drv_parse);
   CheckReadable();
   SetUp();
+  drv_Progress::Watch const watch(WantsProgress(), m_options.deck);
   for (Step const& step : c_steps)
   {
-    bool const isWanted = step.stage <= m_options.stage && (WantsMaps() || !step.isForMaps);
-    if (isWanted && !RunStep(step.name, step.stage, step.run))
+    if (Wants(step) && !RunStep(step.name, step.stage, step.run))
     {
       return false;
     }
   }
   return true;
+}
+
+bool drv_Job::Wants(Step const& step) const
+{
+  return step.stage <= m_options.stage && (step.isWanted == nullptr || (this->*step.isWanted)());
+}
+
+/// A line that comes and goes is for people at a terminal, and not among what the library prints there.
+bool drv_Job::WantsProgress() const
+{
+  char const* const terminal = std::getenv("TERM");
+  bool const isDumb = terminal == nullptr || std::string_view(terminal) == "dumb";
+  return !isDumb && !m_options.quiet && !m_options.jsonDiagnostics && m_options.debugLevel == 0 &&
+         ::isatty(STDERR_FILENO) == 1;
+}
+
+drv_KeywordCensus const& drv_Job::Census()
+{
+  if (!m_census.has_value())
+  {
+    m_census = drv_CountKeywords(m_model.keywords);
+  }
+  return *m_census;
 }
 
 bool drv_Job::FoundErrors() const { return Sink().ErrorCount() > 0; }
@@ -124,6 +151,7 @@ void drv_Job::CheckReadable() const
 void drv_Job::SetUp()
 {
   m_model.includePath = cow_String(m_options.includePath.c_str());
+  m_model.inOdbConverter = m_options.odbConverter;
   typ_DebugFlags::SetDebugFlags(c_debugFlag, m_options.debugLevel);
   for (auto const& [name, value] : m_options.libraryOptions)
   {
@@ -135,6 +163,7 @@ bool drv_Job::RunStep(char const* step, drv_stageEnm stage, void (*run)(drv_Job&
 {
   drv_TheCrashContext().stage = drv_StageName(stage);
   m_reporter.SetStage(stage);
+  drv_Progress::SetStep(step);
   omi_Timer timer;
   try
   {
@@ -175,17 +204,27 @@ void drv_Job::Parse(drv_Job& job)
   job.WarnOfSkippedLines();
 }
 
+/// For those who want records: the hierarchy, whose rows the maps have not taken over.
+void drv_Job::Organize(drv_Job& job)
+{
+  job.m_model.ReorganizeKeywords(job.m_options.lumen);
+  job.m_keywords = job.m_model.keywords;
+  job.m_keepsRows = true;
+}
+
 void drv_Job::MakeMaps(drv_Job& job)
 {
-  if (job.m_model.FlatRoadMissing() && job.m_options.command == drv_check)
+  bool const isOrganized = job.m_keepsRows;
+  if (!job.m_options.quiet && job.m_options.command == drv_check)
   {
-    return;
+    job.Census();
   }
-  job.m_keywords = job.m_model.keywords;
-  job.m_hasMaps = true;
-  job.m_model.Classify(job.m_options.lumen);
+  isOrganized ? job.m_model.ExtractMaps(job.m_options.lumen)
+              : job.m_model.Classify(job.m_options.lumen);
+  job.m_lacksFlatRoad = job.m_model.FlatRoadMissing();
+  job.m_hasMaps = !job.m_lacksFlatRoad;
   job.m_partElements = job.m_model.partElementMap;
-  if (job.m_model.FlatRoadMissing())
+  if (job.m_lacksFlatRoad && job.m_options.command != drv_check)
   {
     atr_String message = atr(c_noMapsOfFlatDecks);
     atr_Origin origin;
@@ -200,6 +239,17 @@ void drv_Job::CheckParts(drv_Job& job)
   if (job.m_hasMaps)
   {
     job.m_model.CheckOutOfPlace();
+  }
+}
+
+/// Elements of the assembly are read with the model's own numbers; others ask for numbers in a dump
+/// alone.
+void drv_Job::Number(drv_Job& job)
+{
+  bool const isDumped = job.m_options.command == drv_dump;
+  if (job.m_hasMaps && (isDumped || job.m_model.assemblyKeywords.Length() > 0))
+  {
+    job.m_model.NumberModel();
   }
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "drv_Census.h"
 #include "drv_Options.h"
 #include "drv_Reporter.h"
 #include "inp_InputFile.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,13 +24,18 @@ public:
   inp_InputFile& Model() { return m_model; }
   drv_stageEnm Stage() const { return m_options.stage; }
   drv_whatEnm What() const { return m_options.what; }
-  /// The keywords as they were before the model's maps took over their rows.
+  /// The keywords behind the last stage, with the rows that went over to the maps.
   cow_List<inp_Keyword> const& Keywords() const
   {
-    return m_hasMaps ? m_keywords : m_model.keywords;
+    return m_keepsRows ? m_keywords : m_model.keywords;
   }
+  /// The keywords of the flat list, behind its last stage.
+  drv_KeywordCensus const& Census();
   /// The elements of parts, which the model gives up in its last stage.
   inpM_InstanceMap<inp_MapInt2Element> const& PartElements() const { return m_partElements; }
+  bool HasMaps() const { return m_hasMaps; }
+  /// The job came to where the maps of a flat model would be made.
+  bool LacksFlatRoad() const { return m_lacksFlatRoad; }
   bool FoundErrors() const;
 
   /// A line a stage: seconds, and megabytes (10^6 bytes) of the deck a second; then a total, and
@@ -48,25 +55,36 @@ private:
   bool EndedBy(class atr_String const& words, drv_stageEnm stage) const;
   void WarnOfSkippedLines() const;
 
-  /// A check runs all stages; what is printed or dumped as records is the list before the maps.
+  bool WantsProgress() const;
   bool WantsMaps() const
   {
     return m_options.command == drv_check ||
            (m_options.command == drv_dump && m_options.what != drv_keywords);
   }
+  bool WantsOrganizedRows() const
+  {
+    return m_options.command == drv_print ||
+           (m_options.command == drv_dump && m_options.what != drv_maps);
+  }
 
   static void Parse(drv_Job& job);
+  static void Organize(drv_Job& job);
   static void MakeMaps(drv_Job& job);
   static void CheckParts(drv_Job& job);
+  static void Number(drv_Job& job);
 
   struct Step;
   static Step const c_steps[];
+  bool Wants(Step const& step) const;
 
   drv_Options const& m_options;
   drv_Reporter m_reporter;
   inp_InputFile& m_model;
   std::vector<Time> m_times;
   bool m_hasMaps = false;
+  bool m_keepsRows = false;
+  bool m_lacksFlatRoad = false;
+  std::optional<drv_KeywordCensus> m_census;
   cow_List<inp_Keyword> m_keywords;
   inpM_InstanceMap<inp_MapInt2Element> m_partElements;
 };

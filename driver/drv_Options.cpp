@@ -30,6 +30,11 @@ struct LibraryOption
 constexpr LibraryOption c_libraryOptions[] = {
   {"--results-format", "resultsFormat", "F", "format of the job's results; odb when not given"},
   {"--indir", "indir", "DIR", "where the decks of a *MANIFEST are looked for first"},
+  {"--oldjob", "oldjob", "JOB", "the job that this one goes on from"},
+  {"--oldjobcla", "oldjobcla", "JOB", "the same, as the command line of the analysis gave it"},
+  {"--restart", "restart", "JOB", "the job that this one restarts"},
+  {"--cpu-scaling", "cpu_scaling", "N", "times are given for this many processors"},
+  {"--pvm", "pvm", "N", "processes of a parallel run"},
 };
 
 constexpr char c_statuses[] =
@@ -153,7 +158,6 @@ Reader::Reader()
                  "elements, sets, surfaces), all")
     ->option_text("WHAT")
     ->check(OneOf(c_whats));
-  dump->add_flag("--lumen", m_options.lumen, "the results are to stay fit for the pre-processor");
   AddOutput(dump);
   AddLanguage();
 }
@@ -185,6 +189,9 @@ CLI::App* Reader::AddDeckCommand(drv_commandEnm command, char const* name, char 
                  "stop behind this stage: " + drv_Joined(c_stages) + "\n(all stages, the default)")
     ->option_text("STAGE")
     ->check(OneOf(c_stages));
+  added->add_flag("--lumen", m_options.lumen, "the results are to stay fit for the pre-processor");
+  added->add_flag("--odb-converter", m_options.odbConverter,
+                  "the deck serves a converter of results databases");
   AddLibraryOptions(added);
   added
     ->add_option("--diagnostics", m_diagnostics,

@@ -43,7 +43,8 @@ struct drv_Options
   drv_stageEnm stage = drv_final;
   std::vector<std::pair<std::string, std::string>> libraryOptions; ///< read by name in the library
   drv_whatEnm what = drv_keywords;
-  bool lumen = false; ///< results are to stay fit for the pre-processor
+  bool lumen = false;        ///< results are to stay fit for the pre-processor
+  bool odbConverter = false; ///< the deck serves a converter of results databases
   bool jsonDiagnostics = false;
   bool colored = false; ///< decided: standard error gets colours
   int debugLevel = 0;

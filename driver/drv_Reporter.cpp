@@ -4,6 +4,7 @@
 #include "drv_Exit.h"
 #include "drv_Hints.h"
 #include "drv_JsonWriter.h"
+#include "drv_Progress.h"
 #include "drv_Utf8.h"
 #include "omi_Singleton.h"
 
@@ -154,6 +155,7 @@ void drv_SayFailure(drv_Options const& options, std::string const& words)
 
 void drv_WriteToStderr(std::string const& text)
 {
+  drv_Progress::Pause const pause;
   std::string_view left = text;
   while (!left.empty())
   {

@@ -1,5 +1,6 @@
 #include "drv_Summary.h"
 
+#include "drv_Census.h"
 #include "drv_Job.h"
 #include "drv_Utf8.h"
 #include "drv_Words.h"
@@ -7,9 +8,10 @@
 #include "omi_Singleton.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdio>
 #include <map>
-#include <set>
 #include <vector>
 
 namespace
@@ -18,131 +20,8 @@ namespace
 constexpr int c_columns = 80;
 constexpr std::size_t c_labelWidth = 16;
 constexpr std::size_t c_numberWidth = 11;
-constexpr std::size_t c_mostSteps = 8;
-
-struct Step
-{
-  std::string name;
-  std::string procedure;
-};
-
-struct Census
-{
-  int keywords = 0;
-  int nodeRows = 0;
-  int elementRows = 0;
-  std::map<int, int> kinds;
-  std::map<std::string, int> elementTypes;
-  drv_Words materials;
-  std::vector<Step> steps;
-
-  int Of(inp_KeywordEnm kind) const
-  {
-    auto const found = kinds.find(kind);
-    return found != kinds.end() ? found->second : 0;
-  }
-};
-
-std::string TextOf(inp_Keyword const& keyword, char const* parameter)
-{
-  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  return item != nullptr ? std::string(item->AsString().View()) : "";
-}
-
-std::string NameOf(inp_Keyword const& keyword)
-{
-  std::string const name = TextOf(keyword, "name");
-  return name.empty() ? "(no name)" : name;
-}
-
-/// Rows of elements: one that goes on in the next row counts once.
-int ElementRows(inp_DataArray const& data)
-{
-  int elements = 0;
-  bool goesOn = false;
-  for (int row = 0; row < data.Rows(); ++row)
-  {
-    elements += goesOn ? 0 : 1;
-    goesOn = data.HasRowContinuation(row);
-  }
-  return elements;
-}
-
-/// The keywords that say what is computed in a step.
-bool IsProcedure(inp_KeywordEnm keyword)
-{
-  switch (keyword)
-  {
-  case inp_kwAnneal:
-  case inp_kwBuckle:
-  case inp_kwCfd:
-  case inp_kwComplexFrequency:
-  case inp_kwCoupledTemperatureDisplacement:
-  case inp_kwCoupledThermalElectrical:
-  case inp_kwDirectCyclic:
-  case inp_kwDynamic:
-  case inp_kwDynamicTemperatureDisplacement:
-  case inp_kwElectromagnetic:
-  case inp_kwFrequency:
-  case inp_kwGeostatic:
-  case inp_kwHeatTransfer:
-  case inp_kwMagnetostatic:
-  case inp_kwMassDiffusion:
-  case inp_kwMatrixGenerate:
-  case inp_kwModalDynamic:
-  case inp_kwRandomResponse:
-  case inp_kwResponseSpectrum:
-  case inp_kwSoils:
-  case inp_kwStatic:
-  case inp_kwSteadyStateDynamics:
-  case inp_kwSteadyStateTransport:
-  case inp_kwSubstructureGenerate:
-  case inp_kwVisco:
-    return true;
-  default:
-    return false;
-  }
-}
-
-void Count(cow_List<inp_Keyword> const& keywords, Census& census);
-
-void Count(inp_Keyword const& keyword, Census& census)
-{
-  ++census.keywords;
-  ++census.kinds[keyword.keyword];
-  if (keyword.Is(inp_kwNode))
-  {
-    census.nodeRows += keyword.data.Rows();
-  }
-  else if (keyword.Is(inp_kwElement))
-  {
-    int const rows = ElementRows(keyword.data);
-    census.elementRows += rows;
-    census.elementTypes[drv_Upper(TextOf(keyword, "type"))] += rows;
-  }
-  else if (keyword.Is(inp_kwMaterial))
-  {
-    census.materials.push_back(NameOf(keyword));
-  }
-  else if (keyword.Is(inp_kwStep))
-  {
-    census.steps.push_back({NameOf(keyword), ""});
-  }
-  else if (!census.steps.empty() && census.steps.back().procedure.empty() &&
-           IsProcedure(keyword.keyword))
-  {
-    census.steps.back().procedure = "*" + drv_Upper(keyword.Name().View());
-  }
-  Count(keyword.suboptions, census);
-}
-
-void Count(cow_List<inp_Keyword> const& keywords, Census& census)
-{
-  for (inp_Keyword const& keyword : keywords)
-  {
-    Count(keyword, census);
-  }
-}
+constexpr std::size_t c_listLines = 10; ///< for the instances and the steps together
+constexpr std::size_t c_nameWidth = 30;
 
 std::string Plural(int count, std::string const& word)
 {
@@ -150,7 +29,7 @@ std::string Plural(int count, std::string const& word)
 }
 
 /// "3 *NODE, 1 *NGEN" of those that the deck has.
-std::string CountsOf(Census const& census, std::vector<inp_KeywordEnm> const& kinds)
+std::string CountsOf(drv_KeywordCensus const& census, std::vector<inp_KeywordEnm> const& kinds)
 {
   inp_KeywordTable const& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
   std::string text;
@@ -242,28 +121,118 @@ drv_Words MissingFiles(inp_InputFile const& model)
   return missing;
 }
 
-std::string Steps(std::vector<Step> const& steps)
+/// A line of a list below a row: a name, and what there is to say of it.
+struct Entry
 {
-  std::string text;
+  std::string name;
+  std::string detail;
+};
+
+/// The first entries in two columns; where not all have room, the last line says how many more.
+std::string List(std::size_t count, std::size_t lines, Entry (*entryOf)(drv_Job& job, std::size_t),
+                 drv_Job& job)
+{
+  std::string const margin(6, ' ');
+  std::size_t const shown = count > lines ? lines - 1 : count;
+  std::vector<Entry> entries;
   std::size_t widest = 0;
-  for (Step const& step : steps)
-  {
-    widest = std::max(widest, std::min<std::size_t>(step.name.size(), 30));
-  }
-  std::string const margin(2 + c_labelWidth + c_numberWidth + 3, ' ');
-  std::size_t const shown = steps.size() > c_mostSteps ? c_mostSteps - 1 : steps.size();
   for (std::size_t i = 0; i < shown; ++i)
   {
-    std::string name = drv_Printable(steps[i].name, 30);
-    name.append(widest - std::min(widest, name.size()), ' ');
-    std::string const procedure =
-      steps[i].procedure.empty() ? "(no procedure)" : steps[i].procedure;
-    text += margin + name + "  " + drv_Printable(procedure, 14) + "\n";
+    entries.push_back(entryOf(job, i));
+    entries.back().name = drv_Printable(entries.back().name, c_nameWidth);
+    widest = std::max(widest, entries.back().name.size());
   }
-  return shown < steps.size()
-           ? text + margin + "and " + std::to_string(steps.size() - shown) + " more\n"
-           : text;
+  std::string text;
+  for (Entry const& entry : entries)
+  {
+    std::size_t const room = c_columns - margin.size() - widest - 2;
+    text += margin + entry.name + std::string(widest - entry.name.size() + 2, ' ') +
+            drv_Printable(entry.detail, static_cast<int>(room)) + "\n";
+  }
+  return shown < count ? text + margin + "and " + std::to_string(count - shown) + " more\n" : text;
 }
+
+std::string Decimal(double value)
+{
+  char text[32];
+  std::snprintf(text, sizeof text, "%.6g", value == 0 ? 0.0 : value); // no minus before a zero
+  return text;
+}
+
+std::string Triple(double x, double y, double z)
+{
+  return Decimal(x) + ", " + Decimal(y) + ", " + Decimal(z);
+}
+
+/// The axis of a turn by `degrees`, which is not 0. At half a turn, where the skew part says nothing, it
+/// is a column of the rest.
+std::array<double, 3> AxisOf(double const (&m)[4][4], double degrees)
+{
+  std::array<double, 3> axis = {m[2][1] - m[1][2], m[0][2] - m[2][0], m[1][0] - m[0][1]};
+  if (degrees > 179.999)
+  {
+    int const most = m[0][0] >= m[1][1] && m[0][0] >= m[2][2] ? 0 : m[1][1] >= m[2][2] ? 1 : 2;
+    for (int i = 0; i < 3; ++i)
+    {
+      axis[static_cast<std::size_t>(i)] = m[i][most] + (i == most ? 1 : 0);
+    }
+  }
+  double const length = std::hypot(axis[0], axis[1], axis[2]);
+  for (double& component : axis)
+  {
+    component = std::abs(component) < 1e-9 * length ? 0.0 : component / length;
+  }
+  return axis;
+}
+
+/// "at 10, 0, 0, turned by 90 about 0, 0, 1": where the part's origin comes to, and its turn in
+/// degrees.
+std::string PositionOf(gsl_Matrix const& matrix)
+{
+  double m[4][4];
+  matrix.AsArray(m);
+  std::string text = "at " + Triple(m[0][3], m[1][3], m[2][3]);
+  double const twiceSine = std::hypot(m[2][1] - m[1][2], m[0][2] - m[2][0], m[1][0] - m[0][1]);
+  double const twiceCosine = m[0][0] + m[1][1] + m[2][2] - 1;
+  double const degrees = std::atan2(twiceSine, twiceCosine) * 180 / 3.141592653589793;
+  if (degrees < 1e-6)
+  {
+    return text;
+  }
+  std::array<double, 3> const axis = AxisOf(m, degrees);
+  return text + ", turned by " + Decimal(degrees) + " about " + Triple(axis[0], axis[1], axis[2]);
+}
+
+Entry InstanceEntry(drv_Job& job, std::size_t index)
+{
+  inp_InputFile const& model = job.Model();
+  cow_String const name = model.instancePartNames.Instances()[static_cast<int>(index)];
+  Entry entry{std::string(name.View()),
+              "of " + std::string(model.instancePartNames.ConstGet(name).View())};
+  if (model.transformationMap.IsMember(name))
+  {
+    entry.detail += " " + PositionOf(model.transformationMap.ConstGet(name));
+  }
+  return entry;
+}
+
+Entry StepEntry(drv_Job& job, std::size_t index)
+{
+  drv_KeywordCensus::Step const& step = job.Census().steps[index];
+  return {step.name, step.procedure.empty() ? "(no procedure)" : step.procedure};
+}
+
+/// Two lists share the lines of the screen; what one does not need of its half goes to the other.
+struct Shares
+{
+  Shares(std::size_t first, std::size_t second)
+    : instances(std::max(c_listLines / 2, c_listLines - std::min(c_listLines, second))),
+      steps(c_listLines - std::min(instances, first))
+  {
+  }
+  std::size_t instances;
+  std::size_t steps;
+};
 
 std::string Findings()
 {
@@ -285,11 +254,49 @@ std::string Findings()
   return Row("Findings", sink.ErrorCount() + sink.WarningCount(), drv_Joined(words));
 }
 
-std::string Form(Census const& census)
+bool IsAssembly(drv_KeywordCensus const& census)
 {
-  bool const isAssembly =
-    census.Of(inp_kwPart) + census.Of(inp_kwInstance) + census.Of(inp_kwAssembly) > 0;
-  return isAssembly ? "assembly" : "flat model";
+  return census.Of(inp_kwPart) + census.Of(inp_kwInstance) + census.Of(inp_kwAssembly) > 0;
+}
+
+/// What the rows say, where there are no maps that know better.
+std::string RowsOfMesh(drv_KeywordCensus const& census)
+{
+  std::string text =
+    Row("Node rows", census.nodeRows,
+        CountsOf(census, {inp_kwNode, inp_kwNgen, inp_kwNfill, inp_kwNcopy, inp_kwNmap}));
+  text += Row("Element rows", census.elementRows, CountsOf(census.elementTypes));
+  text += RowUnlessNone("Generators", census.Of(inp_kwElgen) + census.Of(inp_kwElcopy),
+                        CountsOf(census, {inp_kwElgen, inp_kwElcopy}));
+  text += RowUnlessNone("Sets", census.Of(inp_kwNset) + census.Of(inp_kwElset),
+                        CountsOf(census, {inp_kwNset, inp_kwElset}));
+  return text + RowUnlessNone("Surfaces", census.Of(inp_kwSurface));
+}
+
+std::string Names(std::string const& label, drv_MeshCensus::Names const& names)
+{
+  drv_Words places;
+  for (auto const& [count, place] : {std::pair{names.inParts, "in parts"},
+                                     {names.inInstances, "in instances"},
+                                     {names.inAssembly, "in the assembly"}})
+  {
+    if (count > 0)
+    {
+      places.push_back(std::to_string(count) + " " + place);
+    }
+  }
+  return RowUnlessNone(label, names.All(), drv_Joined(places));
+}
+
+std::string Mesh(drv_MeshCensus const& census)
+{
+  bool const differs = census.partNodes != census.nodes;
+  std::string text =
+    Row("Nodes", census.nodes, differs ? std::to_string(census.partNodes) + " in the parts" : "");
+  text += Row("Elements", census.elements, CountsOf(census.elementTypes));
+  text += Names("Node sets", census.nodeSets);
+  text += Names("Element sets", census.elementSets);
+  return text + Names("Surfaces", census.surfaces);
 }
 
 } // namespace
@@ -297,26 +304,38 @@ std::string Form(Census const& census)
 std::string drv_Summary(drv_Job& job)
 {
   inp_InputFile const& model = job.Model();
-  Census census;
-  Count(job.Keywords(), census);
+  drv_KeywordCensus const& census = job.Census();
+  std::size_t const instances =
+    static_cast<std::size_t>(model.instancePartNames.Instances().Length());
+  Shares const lines(job.HasMaps() ? instances : 0, census.steps.size());
 
   std::string text = drv_Printable(model.inputFileName.View(), c_columns - 30) + ": " +
-                     Form(census) + ", " + Size(model.readerFacts.bytesRead) + "\n\n";
+                     (IsAssembly(census) ? "assembly" : "flat model") + ", " +
+                     Size(model.readerFacts.bytesRead) + "\n\n";
   text += RowUnlessNone("Include files", WordsOf(model.readerFacts.includedFiles));
   text += RowUnlessNone("Data files", WordsOf(model.expansionFacts.includedFiles));
   text += RowUnlessNone("Missing files", MissingFiles(model));
   text += Row("Keywords", census.keywords, Plural(static_cast<int>(census.kinds.size()), "kind"));
-  text += RowUnlessNone("Parts", census.Of(inp_kwPart));
-  text += RowUnlessNone("Instances", census.Of(inp_kwInstance));
-  text += Row("Node rows", census.nodeRows,
-              CountsOf(census, {inp_kwNode, inp_kwNgen, inp_kwNfill, inp_kwNcopy, inp_kwNmap}));
-  text += Row("Element rows", census.elementRows, CountsOf(census.elementTypes));
-  text += RowUnlessNone("Generators", census.Of(inp_kwElgen) + census.Of(inp_kwElcopy),
-                        CountsOf(census, {inp_kwElgen, inp_kwElcopy}));
-  text += RowUnlessNone("Sets", census.Of(inp_kwNset) + census.Of(inp_kwElset),
-                        CountsOf(census, {inp_kwNset, inp_kwElset}));
-  text += RowUnlessNone("Surfaces", census.Of(inp_kwSurface));
-  text += RowUnlessNone("Materials", census.Of(inp_kwMaterial), drv_Joined(census.materials));
-  text += Row("Steps", static_cast<int>(census.steps.size())) + Steps(census.steps);
-  return text + Findings();
+  text += RowUnlessNone("Parts", census.parts);
+  if (job.HasMaps())
+  {
+    text += RowUnlessNone("Instances", static_cast<int>(instances)) +
+            List(instances, lines.instances, InstanceEntry, job);
+    text += Mesh(drv_CountMesh(model));
+  }
+  else
+  {
+    text += RowUnlessNone("Instances", census.Of(inp_kwInstance)) + RowsOfMesh(census);
+  }
+  text += RowUnlessNone("Materials", census.materials);
+  text += Row("Steps", static_cast<int>(census.steps.size())) +
+          List(census.steps.size(), lines.steps, StepEntry, job);
+  text += Findings();
+  if (job.LacksFlatRoad())
+  {
+    text +=
+      "\nThis is a flat model. Flat models are not divided into parts yet, so there are no maps,\n"
+      "and the rules that need them were not checked.\n";
+  }
+  return text;
 }

@@ -1,5 +1,9 @@
 #include "Inpdeck.h"
 
+#include <fstream>
+#include <pty.h>
+#include <sys/stat.h>
+
 namespace
 {
 
@@ -179,17 +183,21 @@ TEST_F(Diagnostics, ASummaryFollowsUnlessQuiet)
   files.Write("deck.inp",
               "*HEADING\nblock\n*NODE\n1, 0.0\n2, 1.0\n*ELEMENT, TYPE=T2D2\n1, 1, 2\n"
               "*NSET, NSET=A\n1\n*MATERIAL, NAME=M\n*STEP, NAME=Pull\n*STATIC\n*NDOE\n");
-  EXPECT_EQ(Run({"check", "--color", "never", "deck.inp"}).out,
-            "deck.inp: flat model, 128 bytes\n"
-            "\n"
-            "  Keywords                  7   7 kinds\n"
-            "  Node rows                 2   1 *NODE\n"
-            "  Element rows              1   1 T2D2\n"
-            "  Sets                      1   1 *NSET\n"
-            "  Materials                 1   M\n"
-            "  Steps                     1\n"
-            "                                Pull  *STATIC\n"
-            "  Findings                  1   1 error\n");
+  EXPECT_EQ(
+    Run({"check", "--color", "never", "deck.inp"}).out,
+    "deck.inp: flat model, 128 bytes\n"
+    "\n"
+    "  Keywords                  7   7 kinds\n"
+    "  Node rows                 2   1 *NODE\n"
+    "  Element rows              1   1 T2D2\n"
+    "  Sets                      1   1 *NSET\n"
+    "  Materials                 1   M\n"
+    "  Steps                     1\n"
+    "      Pull  *STATIC\n"
+    "  Findings                  1   1 error\n"
+    "\n"
+    "This is a flat model. Flat models are not divided into parts yet, so there are no maps,\n"
+    "and the rules that need them were not checked.\n");
   EXPECT_EQ(Run({"check", "--quiet", "deck.inp"}).out, "");
 }
 
@@ -205,6 +213,37 @@ TEST_F(Diagnostics, TheSummaryNamesTheFilesOfTheDeck)
                                "  Keywords                  3   2 kinds\n";
   std::string const summary = Run({"check", "deck.inp"}).out;
   EXPECT_NE(summary.find(expected), std::string::npos) << summary;
+}
+
+TEST_F(Diagnostics, ALineOnTheTerminalTellsOfALongRun)
+{
+  files.Write("deck.inp", "*INCLUDE, INPUT=slow.inp\n");
+  ASSERT_EQ(::mkfifo(files.Path("slow.inp").c_str(), 0600), 0);
+  int terminal = -1;
+  int program = -1;
+  ASSERT_EQ(::openpty(&terminal, &program, nullptr, nullptr, nullptr), 0);
+  Program run = InFolder();
+  run.ErrorTo(program).Environment("TERM", "xterm");
+  pid_t const child = run.Start({"check", "deck.inp"});
+  ::close(program);
+  std::string shown;
+  for (char c; shown.find("1 s") == std::string::npos && ::read(terminal, &c, 1) == 1;)
+  {
+    shown += c;
+  }
+  std::ofstream(files.Path("slow.inp")) << "*NODE, NSTE=ALL\n1, 0.\n";
+  run.Finish(child);
+  for (char c; ::read(terminal, &c, 1) == 1;)
+  {
+    shown += c;
+  }
+  ::close(terminal);
+  std::string const line = "\r\033[Kdeck.inp: parse, 1 s";
+  EXPECT_EQ(shown.substr(0, line.size()), line);
+  // Cleared before anything else is written there.
+  std::size_t const message = shown.find("slow.inp:1");
+  ASSERT_NE(message, std::string::npos) << shown;
+  EXPECT_NE(shown.find("s\r\033[K", message - 30), std::string::npos) << shown;
 }
 
 TEST_F(Diagnostics, TimingsNameTheStages)

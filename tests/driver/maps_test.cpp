@@ -1,5 +1,6 @@
 #include "Inpdeck.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 namespace
@@ -57,8 +58,85 @@ TEST_F(Maps, RecordsBesideMapsKeepTheirRows)
 {
   files.Write("cart.inp", c_twoWheels);
   nlohmann::json const all = nlohmann::json::parse(Run({"dump", "--what", "all", "cart.inp"}).out);
-  EXPECT_EQ(all["keywords"][1]["data"].size(), 3U);
+  nlohmann::json const& part = all["keywords"][0];
+  EXPECT_EQ(part["name"], "part");
+  EXPECT_EQ(part["suboptions"][0]["data"].size(), 3U);
   EXPECT_TRUE(all.contains("instances"));
+  EXPECT_EQ(nlohmann::json::parse(Run({"dump", "cart.inp"}).out)["keywords"], all["keywords"]);
+}
+
+TEST_F(Maps, ElementsBetweenInstancesNameTheirNodesByNumber)
+{
+  std::string deck = c_twoWheels;
+  deck.insert(deck.find("*END ASSEMBLY"), "*NODE\n"
+                                          "100, 5., 5., 5.\n"
+                                          "*ELEMENT, TYPE=SPRINGA, ELSET=SPRINGS\n"
+                                          "1, LEFT.1, RIGHT.2\n"
+                                          "2, CART.LEFT.7, 100\n"
+                                          "3, LEFT.8, 100\n");
+  files.Write("cart.inp", deck);
+  ProgramRun const run = Run({"dump", "--what", "maps", "cart.inp"});
+  EXPECT_EQ(run.err, "cart.inp:21: error: in keyword *ELEMENT, file \"cart.inp\", line 21: Unknown "
+                     "local ID 8 in instance LEFT\n"
+                     "   21 | *ELEMENT, TYPE=SPRINGA, ELSET=SPRINGS\n");
+  nlohmann::json const maps = nlohmann::json::parse(run.out);
+  EXPECT_EQ(maps["nodeIds"].dump(), R"({"":{"100":1},"LEFT":{"1":2,"2":3,"7":4},)"
+                                    R"("RIGHT":{"1":5,"2":6,"7":7}})");
+  EXPECT_EQ(maps["elementIds"].dump(),
+            R"({"":{"1":1,"2":2,"3":3},"LEFT":{"4":4},"RIGHT":{"4":5}})");
+  nlohmann::json const& elements = maps["assembly"]["elements"];
+  EXPECT_EQ(elements["1"].dump(), R"({"nodes":[2,6],"type":"SPRINGA"})");
+  EXPECT_EQ(elements["2"].dump(), R"({"nodes":[4,1],"type":"SPRINGA"})");
+  EXPECT_EQ(elements["3"].dump(), R"({"nodes":[],"type":"SPRINGA"})");
+}
+
+TEST_F(Maps, ASummaryShowsTheAssemblyOnOneScreen)
+{
+  std::string deck = c_twoWheels;
+  deck.insert(deck.find("*NSET, NSET=ENDS"), "*INSTANCE, NAME=UP, PART=WHEEL\n"
+                                             "0., -1e-3, 0.\n"
+                                             "0., 0., 0., 0., 1., 0., 180.\n"
+                                             "*END INSTANCE\n");
+  files.Write("cart.inp", deck + "*STEP\n*STATIC\n*END STEP\n");
+  ProgramRun const run = Run({"check", "cart.inp"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out, "cart.inp: assembly, 485 bytes\n"
+                     "\n"
+                     "  Keywords                 17   13 kinds\n"
+                     "  Parts                     1   WHEEL\n"
+                     "  Instances                 3\n"
+                     "      LEFT   of WHEEL at 0, 0, 0\n"
+                     "      RIGHT  of WHEEL at 10, 0, 0, turned by 90 about 0, 0, 1\n"
+                     "      UP     of WHEEL at 0, -0.001, 0, turned by 180 about 0, 1, 0\n"
+                     "  Nodes                     9   3 in the parts\n"
+                     "  Elements                  3   3 CPS3\n"
+                     "  Node sets                 2   1 in parts, 1 in the assembly\n"
+                     "  Element sets              1   1 in parts\n"
+                     "  Surfaces                  1   1 in parts\n"
+                     "  Steps                     1\n"
+                     "      (no name)  *STATIC\n"
+                     "  Findings                  0\n");
+}
+
+TEST_F(Maps, LongListsShareTheScreen)
+{
+  std::string deck = "*PART, NAME=P\n*END PART\n*ASSEMBLY, NAME=A\n";
+  std::string steps;
+  for (int i = 1; i <= 12; ++i)
+  {
+    std::string const name = "N" + std::to_string(i);
+    deck += "*INSTANCE, NAME=" + name + ", PART=P\n*END INSTANCE\n";
+    steps += "*STEP, NAME=" + name + "\n*STATIC\n*END STEP\n";
+  }
+  auto const linesOf = [this](std::string const& text)
+  {
+    files.Write("deck.inp", text);
+    std::string const out = Run({"check", "deck.inp"}).out;
+    return std::count(out.begin(), out.end(), '\n');
+  };
+  auto const both = linesOf(deck + "*END ASSEMBLY\n" + steps);
+  EXPECT_EQ(both, linesOf(deck + "*END ASSEMBLY\n"));
+  EXPECT_LE(both, 24);
 }
 
 TEST_F(Maps, ACheckFindsWhatOnlyTheMapsShow)
@@ -73,10 +151,11 @@ TEST_F(Maps, ACheckFindsWhatOnlyTheMapsShow)
                           "*END ASSEMBLY\n");
   ProgramRun const run = Run({"check", "--quiet", "cart.inp"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err, "cart.inp:4: error: in keyword *NSET, file \"cart.inp\", line 4: The following "
-                     "sets specified do not exist. Sets should be defined before they are used:\n"
-                     "SPOKES\n"
-                     "    4 | *NSET, NSET=RIM\n");
+  EXPECT_EQ(run.err,
+            "cart.inp:4: error: in keyword *NSET, file \"cart.inp\", line 4: The following "
+            "sets specified do not exist. Sets should be defined before they are used:\n"
+            "SPOKES\n"
+            "    4 | *NSET, NSET=RIM\n");
 }
 
 TEST_F(Maps, AFlatDeckHasNoneYet)

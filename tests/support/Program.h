@@ -55,6 +55,12 @@ public:
     m_outputDescriptor = descriptor;
     return *this;
   }
+  /// Standard error goes to an open descriptor.
+  Program& ErrorTo(int descriptor)
+  {
+    m_errorDescriptor = descriptor;
+    return *this;
+  }
   /// A limit of the system on the program, RLIMIT_FSIZE for one.
   Program& Limit(int resource, rlim_t value)
   {
@@ -120,7 +126,8 @@ private:
     int const flags = O_WRONLY | O_CREAT | O_TRUNC;
     int const out = m_outputDescriptor.value_or(
       ::open(m_output.empty() ? OutFile().c_str() : m_output.c_str(), flags, 0600));
-    int const err = ::open(ErrFile().c_str(), flags, 0600);
+    int const err =
+      m_errorDescriptor >= 0 ? m_errorDescriptor : ::open(ErrFile().c_str(), flags, 0600);
     ::dup2(err, STDERR_FILENO);
     out < 0 ? ::close(STDOUT_FILENO) : ::dup2(out, STDOUT_FILENO);
     rlimit const limit{m_limit, m_limit};
@@ -136,6 +143,7 @@ private:
   std::string m_folder;
   std::string m_output;
   std::optional<int> m_outputDescriptor;
+  int m_errorDescriptor = -1;
   int m_resource = -1;
   rlim_t m_limit = 0;
   std::vector<std::pair<std::string, std::string>> m_environment;

@@ -20,6 +20,7 @@ class eli_eostream;
 ///     ExpandKeywords()        parameters completed, values checked, data files read
 ///     setModelParameters()    section points and model-wide flags, from the flat list
 ///     Classify(lumen)         the hierarchy, and the maps of parts and instances
+///     NumberModel()           numbers across the model, and the elements between instances
 ///     CheckOutOfPlace()       the rules of parts and rigid bodies, from hierarchy and maps
 ///
 /// Stages return nothing. What they have to say goes to the sink (wip_WIP) when a stage ends:
@@ -48,6 +49,9 @@ public:
   void Classify(bool lumen);
   /// The same without the maps, for those who want the keywords.
   void ReorganizeKeywords(bool lumen);
+  /// The maps of a list that ReorganizeKeywords has organized, for those who want the keywords with all
+  /// their rows and then the maps. A deck without parts has none.
+  void ExtractMaps(bool lumen);
   /// The deck has no parts of its own, and there is no way yet to divide it into parts: behind
   /// ExpandKeywords no stage takes it further. Known after ExpandKeywords.
   bool FlatRoadMissing() const { return !featureEnhanced; }
@@ -56,6 +60,11 @@ public:
   void CheckImportValidity(bool lumen);
   /// The rules that span keywords. Gives up the element maps of the parts: they have served.
   void CheckOutOfPlace();
+  /// Numbers nodes and elements across the assembly, each from 1 up: the assembly's own ones first, then
+  /// by instance in name order (nodeIdMap, elementIdMap). The other maps keep the user's labels, except
+  /// that the elements of the assembly, which are read here from assemblyKeywords, name their nodes by
+  /// number, as such a node may be any instance's.
+  void NumberModel();
 
   /// Writes every keyword as deck lines, in list order.
   void Print(eli_eostream& stream) const;
@@ -92,7 +101,7 @@ public:
   inpM_SetMap assemblyElsetMap;
   inpM_SurfaceMap assemblySurfaceMap;
   inpM_InstanceMap<gsl_Matrix> transformationMap; ///< position by instance
-  inpM_IdMap nodeIdMap; ///< the user's labels to the model's own numbers, once it is renumbered
+  inpM_IdMap nodeIdMap; ///< the user's labels to the model's own numbers, once it is numbered
   inpM_IdMap elementIdMap;
   cow_List<inp_Keyword>
     assemblyKeywords; ///< elements of the assembly, for inp_AssyLevelElemVisitor
@@ -124,6 +133,8 @@ private:
   void Reorganize();
   /// Reports the first name with a period outside quotes; see inp_FindPeriodInNames.
   void ProhibitPeriodInNames(cow_List<inp_Keyword> const& list);
+  /// What Classify and ReorganizeKeywords have in common behind the check of imports.
+  void OrganizeAssembly();
   void ExtractPartMaps(bool lumen);
   void ExtractAssemblyMaps(bool lumen);
 };

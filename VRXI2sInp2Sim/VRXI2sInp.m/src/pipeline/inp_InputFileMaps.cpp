@@ -14,28 +14,34 @@
 void inp_InputFile::Classify(bool lumen)
 {
   CheckImportValidity(lumen);
-  ProhibitPeriodInNames(keywords);
-  if (FlatRoadMissing())
-  {
-    return;
-  }
-  Reorganize();
-  ModifyScopedNames();
-  ExtractPartMaps(lumen);
-  ExtractAssemblyMaps(lumen);
+  OrganizeAssembly();
+  ExtractMaps(lumen);
 }
 
 // Whoever wants the keywords alone is told of an import all the same, hence the false.
 void inp_InputFile::ReorganizeKeywords(bool)
 {
   CheckImportValidity(false);
+  OrganizeAssembly();
+}
+
+void inp_InputFile::OrganizeAssembly()
+{
   ProhibitPeriodInNames(keywords);
-  if (FlatRoadMissing())
+  if (!FlatRoadMissing())
   {
-    return;
+    Reorganize();
+    ModifyScopedNames();
   }
-  Reorganize();
-  ModifyScopedNames();
+}
+
+void inp_InputFile::ExtractMaps(bool lumen)
+{
+  if (!FlatRoadMissing())
+  {
+    ExtractPartMaps(lumen);
+    ExtractAssemblyMaps(lumen);
+  }
 }
 
 void inp_InputFile::ExtractPartMaps(bool lumen)

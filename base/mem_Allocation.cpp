@@ -28,6 +28,13 @@ void* mem_MallocTiny(std::size_t size) noexcept
   return size <= 8 ? std::malloc(size) : mem_Malloc(size);
 }
 
+void* mem_MallocInOrder(std::size_t size) noexcept { return mem_Malloc(size); }
+
+void mem_FreeAll(void* const* blocks, std::size_t count) noexcept
+{
+  std::for_each(blocks, blocks + count, mem_Free);
+}
+
 void* mem_Realloc(void* block, std::size_t size) noexcept
 {
   return size > std::numeric_limits<std::ptrdiff_t>::max()
@@ -55,6 +62,7 @@ struct CommonStore
   std::mutex mutex;
   void* freeBlocks[mem_classCount] = {};
   mem_Slab* partial[mem_classCount] = {};
+  mem_Slab* freeSlabs = nullptr;
   char* chunkNext = nullptr;
   char* chunkEnd = nullptr;
   std::size_t chunkSize = std::size_t{1} << 20;
@@ -108,15 +116,53 @@ char* EndOfBlocks(mem_Slab* slab, std::size_t sizeClass)
   return reinterpret_cast<char*>(slab) + mem_slabHeader + count * size;
 }
 
+// A slab that was given back, or a new one. The store is locked.
 mem_Slab* CutSlab(std::size_t sizeClass)
 {
-  if (store.chunkNext == store.chunkEnd && !TakeChunk())
-    return nullptr;
-  mem_Slab* const slab = ::new (store.chunkNext) mem_Slab{};
+  void* memory = store.freeSlabs;
+  if (memory != nullptr)
+    store.freeSlabs = store.freeSlabs->nextPartial;
+  else
+  {
+    if (store.chunkNext == store.chunkEnd && !TakeChunk())
+      return nullptr;
+    memory = std::exchange(store.chunkNext, store.chunkNext + mem_slabSize);
+  }
+  mem_Slab* const slab = ::new (memory) mem_Slab{};
   slab->sizeClass = static_cast<std::uint32_t>(sizeClass);
-  slab->partialNext = store.chunkNext + mem_slabHeader;
-  store.chunkNext += mem_slabSize;
+  slab->ownSize = mem_slabSize - mem_slabHeader;
+  slab->partialNext = static_cast<char*>(memory) + mem_slabHeader;
   return slab;
+}
+
+void GiveBackSlab(mem_Slab* slab)
+{
+  std::lock_guard<std::mutex> const lock(store.mutex);
+  slab->nextPartial = std::exchange(store.freeSlabs, slab);
+}
+
+mem_Slab* TakeSlab(std::uint32_t sizeClass)
+{
+  std::lock_guard<std::mutex> const lock(store.mutex);
+  return CutSlab(sizeClass);
+}
+
+// A slab that is being carved counts so many blocks more, so that it is not given back meanwhile.
+constexpr std::uint32_t beingCarved = std::uint32_t{1} << 30;
+// Longer blocks would leave too much of a slab unused.
+constexpr std::size_t longestInOrder = mem_slabSize / 16;
+
+void Discount(mem_Slab* slab, std::uint32_t blocks)
+{
+  if (slab->blocksInOrder.fetch_sub(blocks, std::memory_order_acq_rel) == blocks)
+    GiveBackSlab(slab);
+}
+
+void EndRun()
+{
+  mem_ThreadRun const run = std::exchange(mem_threadPool.run, mem_ThreadRun{});
+  if (run.slab != nullptr)
+    Discount(run.slab, beingCarved - run.taken);
 }
 
 // Gives the calling thread blocks of a class that it has run out of.
@@ -172,6 +218,7 @@ struct ThreadEnd
     mem_threadPool.attached = false;
     for (std::size_t sizeClass = 0; sizeClass < mem_classCount; ++sizeClass)
       HandOver(sizeClass);
+    EndRun();
   }
 };
 
@@ -185,6 +232,11 @@ bool Attach()
 
 void* MallocOwnSlab(std::size_t size)
 {
+  if (size > mem_worthWholeSlab && size <= mem_slabSize - mem_slabHeader)
+  {
+    mem_Slab* const slab = TakeSlab(mem_wholeSlab);
+    return slab != nullptr ? slab->partialNext : nullptr;
+  }
   if (size > std::numeric_limits<std::ptrdiff_t>::max())
     return nullptr;
   std::size_t whole = mem_slabHeader + mem_RoundedSize(size);
@@ -221,9 +273,48 @@ void* mem_MallocWide(std::size_t size) noexcept
   return mem_TakeBlock(static_cast<std::size_t>(found - mem_classSizes.begin()), *found);
 }
 
+void* mem_MallocInOrderSlow(std::size_t size) noexcept
+{
+  if (size > longestInOrder || !Attach())
+    return mem_Malloc(size);
+  EndRun();
+  mem_Slab* const slab = TakeSlab(mem_inOrderSlab);
+  if (slab == nullptr)
+    return nullptr;
+  slab->blocksInOrder.store(beingCarved, std::memory_order_relaxed);
+  char* const end = reinterpret_cast<char*>(slab) + mem_slabSize;
+  mem_threadPool.run = {slab->partialNext, end, slab, 0};
+  return mem_MallocInOrder(size);
+}
+
+void mem_FreeAll(void* const* blocks, std::size_t count) noexcept
+{
+  mem_Slab* slab = nullptr;
+  std::uint32_t inOrder = 0;
+  for (std::size_t i = 0; i < count; ++i)
+  {
+    if (blocks[i] == nullptr)
+      continue;
+    mem_Slab* const own = mem_SlabOf(blocks[i]);
+    if (own != slab && inOrder > 0)
+      Discount(slab, std::exchange(inOrder, 0));
+    slab = own;
+    if (slab->sizeClass == mem_inOrderSlab)
+      ++inOrder;
+    else
+      mem_Free(blocks[i]);
+  }
+  if (inOrder > 0)
+    Discount(slab, inOrder);
+}
+
 void mem_FreeSlow(void* block) noexcept
 {
   mem_Slab* const slab = mem_SlabOf(block);
+  if (slab->sizeClass == mem_inOrderSlab)
+    return Discount(slab, 1);
+  if (slab->sizeClass == mem_wholeSlab)
+    return GiveBackSlab(slab);
   if (slab->sizeClass == mem_ownSlab)
     return std::free(slab);
   bool const attached = Attach();
@@ -238,6 +329,8 @@ std::size_t mem_RoundedSize(std::size_t size) noexcept
 {
   if (size <= mem_fineLimit)
     return size == 0 ? 16 : (size + 15) & ~std::size_t{15};
+  if (size > mem_worthWholeSlab && size <= mem_slabSize - mem_slabHeader)
+    return mem_slabSize - mem_slabHeader;
   if (size > mem_classSizes.back()) // whole pages, header included
     return ((size + mem_slabHeader + 4095) & ~std::size_t{4095}) - mem_slabHeader;
   return *std::lower_bound(mem_classSizes.begin() + mem_fineClasses, mem_classSizes.end(), size);

@@ -13,14 +13,20 @@
 // multiple of 16 up to 512, and wider steps up to a third of a slab. A larger block is a slab of its
 // own, with the same header.
 //
+// Blocks that come and go in long rows, as the lines of a deck do, may be taken in order instead: one
+// behind the other, whatever their sizes. Such a slab counts its blocks. With the last one it is free
+// for any use, so that what is made of the lines stands where they stood, in pages that the system has
+// handed out already.
+//
 // Every thread has its own free lists, without locks or atomics. A block that another thread frees
 // joins that thread's list. A thread that ends leaves its lists to a common store, from which others
-// refill. Slabs are kept until the process ends.
+// refill. Slabs are kept until the process ends. Counts of slabs in order are atomic.
 //
 // Under the address, memory and thread sanitizers every block comes from the C library, so that they
 // see each one by itself.
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -48,6 +54,12 @@ void* mem_Realloc(void* block, std::size_t size) noexcept;
 /// Gives back a block of any function in this header; null is allowed.
 void mem_Free(void* block) noexcept;
 
+/// As mem_Malloc, from a slab in order. Not for mem_Realloc and mem_UsableSize.
+void* mem_MallocInOrder(std::size_t size) noexcept;
+
+/// Gives back many blocks, nulls among them: those in order that lie side by side cost next to nothing.
+void mem_FreeAll(void* const* blocks, std::size_t count) noexcept;
+
 /// The bytes that a block of mem_Malloc(size) really has: a multiple of 16, not less than `size`.
 std::size_t mem_RoundedSize(std::size_t size) noexcept;
 
@@ -56,6 +68,9 @@ std::size_t mem_UsableSize(void const* block) noexcept;
 
 /// As mem_Malloc, but raises std::bad_alloc when memory is exhausted.
 void* mem_OperatorNewThrow(std::size_t size);
+
+/// As mem_MallocInOrder, but raises std::bad_alloc when memory is exhausted.
+void* mem_OperatorNewInOrderThrow(std::size_t size);
 
 /// As mem_OperatorNewThrow, for cells of a few bytes: up to 8 bytes are aligned to 8 only.
 void* mem_OperatorNewTinyThrow(std::size_t size);
@@ -113,8 +128,15 @@ inline constexpr std::array<std::size_t, 21> mem_blocksPerSlab{
 inline constexpr std::size_t mem_fineClasses = 1 + mem_fineLimit / 16;
 inline constexpr std::size_t mem_classCount = mem_fineClasses + mem_blocksPerSlab.size();
 
-/// Class of a block that is a slab of its own.
+/// Class of a block that is a slab of its own, cut by itself.
 inline constexpr std::uint32_t mem_ownSlab = mem_classCount;
+/// Class of a block that fills a slab of the usual size.
+inline constexpr std::uint32_t mem_wholeSlab = mem_classCount + 1;
+/// Class of blocks in order.
+inline constexpr std::uint32_t mem_inOrderSlab = mem_classCount + 2;
+
+/// Smaller blocks above the widest class are cut by themselves, to their own size.
+inline constexpr std::size_t mem_worthWholeSlab = mem_slabSize * 3 / 4;
 
 /// Block size by class. Class 0 serves tiny cells, class n the multiple 16 * n, then the wider ones.
 inline constexpr std::array<std::size_t, mem_classCount> mem_classSizes = []
@@ -133,9 +155,11 @@ inline constexpr std::array<std::size_t, mem_classCount> mem_classSizes = []
 struct mem_Slab
 {
   std::uint32_t sizeClass;
-  std::size_t ownSize;   // usable bytes of a block that is a slab of its own
-  mem_Slab* nextPartial; // chain of half-carved slabs that ended threads left behind
-  char* partialNext;     // their first block not yet handed out
+  std::size_t ownSize; // usable bytes of a block that is a slab of its own
+  mem_Slab*
+    nextPartial;     // chain of half-carved slabs that ended threads left behind, or of free ones
+  char* partialNext; // their first block not yet handed out
+  std::atomic<std::uint32_t> blocksInOrder; // taken and not given back, and more while it is carved
 };
 static_assert(sizeof(mem_Slab) <= mem_slabHeader);
 
@@ -147,9 +171,19 @@ struct mem_ThreadClass
   char* end;
 };
 
+/// The slab that a thread takes blocks in order from.
+struct mem_ThreadRun
+{
+  char* next;
+  char* end;
+  mem_Slab* slab;
+  std::uint32_t taken;
+};
+
 struct mem_ThreadPool
 {
   mem_ThreadClass classes[mem_classCount];
+  mem_ThreadRun run;
   bool attached; // the end of this thread will hand its lists over
 };
 
@@ -157,6 +191,7 @@ extern constinit thread_local mem_ThreadPool mem_threadPool;
 
 void* mem_MallocSlow(std::size_t stride, std::size_t sizeClass) noexcept;
 void* mem_MallocWide(std::size_t size) noexcept;
+void* mem_MallocInOrderSlow(std::size_t size) noexcept;
 void mem_FreeSlow(void* block) noexcept;
 
 inline mem_Slab* mem_SlabOf(void const* block) noexcept
@@ -204,6 +239,18 @@ inline void* mem_Malloc(std::size_t size) noexcept
   return mem_TakeBlock(sizeClass, sizeClass * 16);
 }
 
+inline void* mem_MallocInOrder(std::size_t size) noexcept
+{
+  std::size_t const rounded = (size + 15 + (size == 0)) & ~std::size_t{15};
+  mem_ThreadRun& run = mem_threadPool.run;
+  if (rounded > static_cast<std::size_t>(run.end - run.next)) [[unlikely]]
+    return mem_MallocInOrderSlow(size);
+  char* const block = run.next;
+  run.next += rounded;
+  ++run.taken;
+  return block;
+}
+
 inline void* mem_MallocTiny(std::size_t size) noexcept
 {
   return size <= 8 ? mem_TakeBlock(0, 8) : mem_Malloc(size);
@@ -224,7 +271,7 @@ inline void mem_Free(void* block) noexcept
 inline std::size_t mem_UsableSize(void const* block) noexcept
 {
   mem_Slab const* const slab = mem_SlabOf(block);
-  return slab->sizeClass == mem_ownSlab ? slab->ownSize : mem_classSizes[slab->sizeClass];
+  return slab->sizeClass >= mem_classCount ? slab->ownSize : mem_classSizes[slab->sizeClass];
 }
 
 #endif
@@ -232,6 +279,14 @@ inline std::size_t mem_UsableSize(void const* block) noexcept
 inline void* mem_OperatorNewThrow(std::size_t size)
 {
   void* const block = mem_Malloc(size);
+  if (block == nullptr) [[unlikely]]
+    mem_RaiseExhausted();
+  return block;
+}
+
+inline void* mem_OperatorNewInOrderThrow(std::size_t size)
+{
+  void* const block = mem_MallocInOrder(size);
   if (block == nullptr) [[unlikely]]
     mem_RaiseExhausted();
   return block;

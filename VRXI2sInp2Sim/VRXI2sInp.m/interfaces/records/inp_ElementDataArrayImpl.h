@@ -3,6 +3,9 @@
 #include "cow_List.h"
 #include "cow_Map.h"
 #include "inp_DataArrayImpl.h"
+#include "mem_SlabArray.h"
+
+#include <vector>
 
 class inp_DataArray;
 class inp_MapInt2Element;
@@ -12,7 +15,7 @@ class inp_MapInt2Element;
 ///     10, n1 ... n15, 0       a row holds 16 numbers; a last cell of 0 says that the element
 ///     n16 ... n20             goes on in the next row
 ///
-/// A cell of 0 is a blank one. Takes 4 bytes a cell and 12 a row. There are no reals and no texts:
+/// A cell of 0 is a blank one. Takes 4 bytes a cell and 12 a row, in blocks of a slab's size. There are no reals and no texts:
 /// asking for them raises nex_PrimException.
 class inp_ElementDataArrayImpl : public inp_DataArrayImpl
 {
@@ -46,22 +49,31 @@ public:
   bool HasRowContinuation(int i) const override;
   inp_ElementDataArrayImpl* Copy() const override;
 
+  /// The numbers tell all that the raw rows did: no cell had another text, or a 0 that now looks blank.
+  bool IsExact() const { return m_isExact; }
+
   /// The cells of a row, Cols(i) of them, for readers of many rows.
-  int const* RowCells(int i) const { return rows[i]; }
+  int const* RowCells(int i) const { return rows[static_cast<std::size_t>(i)]; }
 
 private:
   inp_ElementDataArrayImpl(inp_ElementDataArrayImpl const& other);
   inp_ElementDataArrayImpl& operator=(inp_ElementDataArrayImpl const&) = delete;
 
   void Allocate(int rowCount, std::size_t cellCount);
-  void Free();
-  void AddRow(int columns);
+  int* AddRow(int columns);
+  int* TakeCells(std::size_t count);
+  int ColumnsOf(int i) const { return ncols[static_cast<std::size_t>(i)]; }
   template <class Nodes>
   void AddElement(int id, int nodeCount, Nodes node);
   void CheckIndex(int i, int j) const;
 
   int nrows = 0;
-  int* ncols = nullptr;
-  int** rows = nullptr;
-  int* m_cells = nullptr; ///< the cells of all rows, one behind the other
+  mem_SlabArray<int> ncols;
+  mem_SlabArray<int*> rows;
+  std::vector<int*>
+    m_blocks; ///< the cells of all rows, one behind the other; those of a row in one
+  std::size_t m_expected = 0; ///< cells of the rows to come
+  int* m_next = nullptr;
+  int* m_end = nullptr;
+  bool m_isExact = true;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "inp_DataArrayImpl.h"
+#include "mem_SlabArray.h"
 
 class inp_DataArray;
 
@@ -10,7 +11,7 @@ class inp_DataArray;
 ///     holds       label    x, y, z         components of the normal
 ///
 /// Every row has all seven columns; what a data line does not give is 0. A blank line is a row of
-/// label 0. Takes 52 bytes a row, in two blocks however many rows there are.
+/// label 0. Takes 52 bytes a row, in blocks of a slab's size.
 ///
 /// Reading or writing a column as a type that it does not hold raises nex_PrimException.
 class inp_NodeDataArrayImpl : public inp_DataArrayImpl
@@ -22,7 +23,6 @@ public:
   inp_NodeDataArrayImpl() = default;
   /// Room for `allocatedSize` rows, of which Append fills all but one.
   explicit inp_NodeDataArrayImpl(int allocatedSize);
-  ~inp_NodeDataArrayImpl() override;
 
   int Rows() const override { return nrows; }
   int Cols(int i) const override;
@@ -43,8 +43,8 @@ public:
 
   /// A whole row, for loops over all of them: the label, and the c_values reals of columns 1 to 6. The
   /// index is not checked.
-  int Label(int i) const { return ids[i]; }
-  double const* RowValues(int i) const { return values[i]; }
+  int Label(int i) const { return ids[static_cast<std::size_t>(i)]; }
+  double const* RowValues(int i) const { return values[static_cast<std::size_t>(i)].of; }
 
   /// Writes the next row. The array does not grow: one row more than is written must be allocated.
   virtual void Append(int id, double x, double y, double z);
@@ -56,16 +56,18 @@ public:
   void SetRaw(inp_DataArray const& raw);
 
 private:
-  using Values = double[c_values];
+  struct Values
+  {
+    double of[c_values];
+  };
 
   inp_NodeDataArrayImpl(inp_NodeDataArrayImpl const& other);
   inp_NodeDataArrayImpl& operator=(inp_NodeDataArrayImpl const&) = delete;
   void Allocate(int size);
-  void Free();
   void CheckIndex(int i, int j) const;
 
   int nrows = 0;
   int allocatedSize = 0;
-  int* ids = nullptr;
-  Values* values = nullptr;
+  mem_SlabArray<int> ids;
+  mem_SlabArray<Values> values;
 };

@@ -70,7 +70,7 @@ T* Enlarged(T* array, int used, int capacity)
 char* RoomFor(std::size_t length)
 {
   std::size_t const size = inp_RawDataArrayImpl::BlockSize(length);
-  char* const block = static_cast<char*>(mem_OperatorNewThrow(size));
+  char* const block = static_cast<char*>(mem_OperatorNewInOrderThrow(size));
   std::memset(block + size - 16, 0, 16);
   return block;
 }
@@ -190,10 +190,7 @@ void inp_RawDataArrayImpl::Clear()
 
 void inp_RawDataArrayImpl::Free()
 {
-  for (int i = 0; i < nrows; ++i)
-  {
-    mem_Free(m_rows[i]);
-  }
+  mem_FreeAll(reinterpret_cast<void* const*>(m_rows), static_cast<std::size_t>(nrows));
   mem_Free(m_rows);
   mem_Free(ncols);
 }
@@ -231,7 +228,7 @@ void inp_RawDataArrayImpl::AppendLine(char const* line, std::size_t length)
 #if defined(__SSE2__)
   if (length < c_longestBlockwise)
   {
-    char* const block = static_cast<char*>(mem_OperatorNewThrow(BlockSize(length)));
+    char* const block = static_cast<char*>(mem_OperatorNewInOrderThrow(BlockSize(length)));
     int const columns = CopyDivided(block, line, length);
     if (columns > 0)
     {

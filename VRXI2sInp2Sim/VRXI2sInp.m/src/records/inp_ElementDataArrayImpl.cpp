@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -61,8 +62,9 @@ char const* ReadShortNumber(char const* text, int& value)
   return text + count;
 }
 
-/// The number at the head of a cell, and the cell's end.
-int ReadCell(char const* cell, char const*& end)
+/// The number at the head of a cell, and the cell's end. `isExact` becomes false when the number does not
+/// tell what the cell is.
+int ReadCell(char const* cell, char const*& end, bool& isExact)
 {
   char const* at = cell;
   while (*at == ' ')
@@ -73,6 +75,7 @@ int ReadCell(char const* cell, char const*& end)
   if (char const* const last = ReadShortNumber(at, number))
   {
     end = last;
+    isExact &= number != 0;
     return number;
   }
   char const* const digits = at;
@@ -83,11 +86,15 @@ int ReadCell(char const* cell, char const*& end)
   }
   if (*at == '\0' && at - digits <= 9)
   {
+    isExact &= value != 0 || at == digits;
     end = at;
     return static_cast<int>(value);
   }
   end = at + std::strlen(at);
-  return inp_TextToInt(cell);
+  number = inp_TextToInt(cell);
+  inp_Types::typeEnm const type = inp_RawDataArrayImpl::TypeOfCell(cell);
+  isExact &= type == inp_Types::inp_NONE || (type == inp_Types::inp_INTEGER && number != 0);
+  return number;
 }
 
 } // namespace
@@ -104,8 +111,7 @@ inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(inp_DataArray const& raw)
   for (int row = 0; row < raw.Rows(); ++row)
   {
     int const columns = raw.Cols(row);
-    AddRow(columns);
-    int* const cells = rows[row];
+    int* const cells = AddRow(columns);
     char const* text = texts != nullptr ? texts->RowText(row) : nullptr;
     for (int column = 0; column < columns; ++column)
     {
@@ -115,7 +121,7 @@ inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(inp_DataArray const& raw)
       }
       else
       {
-        cells[column] = ReadCell(text, text);
+        cells[column] = ReadCell(text, text, m_isExact);
         ++text;
       }
     }
@@ -171,47 +177,70 @@ inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(inp_ElementDataArrayImpl cons
   std::size_t cells = 0;
   for (int row = 0; row < other.nrows; ++row)
   {
-    cells += static_cast<std::size_t>(other.ncols[row]);
+    cells += static_cast<std::size_t>(other.ColumnsOf(row));
   }
   Allocate(other.nrows, cells);
   for (int row = 0; row < other.nrows; ++row)
   {
-    AddRow(other.ncols[row]);
-    std::copy(other.rows[row], other.rows[row] + other.ncols[row], rows[row]);
+    int const columns = other.ColumnsOf(row);
+    std::copy_n(other.RowCells(row), columns, AddRow(columns));
   }
+  m_isExact = other.m_isExact;
 }
 
-inp_ElementDataArrayImpl::~inp_ElementDataArrayImpl() { Free(); }
+inp_ElementDataArrayImpl::~inp_ElementDataArrayImpl()
+{
+  for (int* const block : m_blocks)
+  {
+    mem_Free(block);
+  }
+}
 
 void inp_ElementDataArrayImpl::Allocate(int rowCount, std::size_t cellCount)
 {
   try
   {
-    std::size_t const count = static_cast<std::size_t>(rowCount);
-    ncols = static_cast<int*>(mem_OperatorNewThrowBuiltin(count * sizeof(int)));
-    rows = static_cast<int**>(mem_OperatorNewThrowBuiltin(count * sizeof(int*)));
-    m_cells = static_cast<int*>(mem_OperatorNewThrowBuiltin(cellCount * sizeof(int)));
+    ncols = mem_SlabArray<int>(static_cast<std::size_t>(rowCount));
+    rows = mem_SlabArray<int*>(static_cast<std::size_t>(rowCount));
   }
   catch (std::bad_alloc const&)
   {
-    Free();
     throw inp_MemoryException();
   }
+  m_expected = cellCount;
 }
 
-void inp_ElementDataArrayImpl::Free()
+/// Room for the cells of a row: behind those before, or else in a new block.
+int* inp_ElementDataArrayImpl::TakeCells(std::size_t count)
 {
-  mem_Free(ncols);
-  mem_Free(rows);
-  mem_Free(m_cells);
+  if (count > static_cast<std::size_t>(m_end - m_next))
+  {
+    std::size_t const size = std::max(count, std::min(m_expected, mem_SlabArray<int>::c_inBlock));
+    try
+    {
+      m_blocks.push_back(nullptr);
+      m_next = static_cast<int*>(mem_OperatorNewThrowBuiltin(size * sizeof(int)));
+    }
+    catch (std::bad_alloc const&)
+    {
+      m_end = m_next = nullptr;
+      throw inp_MemoryException();
+    }
+    m_blocks.back() = m_next;
+    m_end = m_next + size;
+  }
+  m_expected -= std::min(count, m_expected);
+  return std::exchange(m_next, m_next + count);
 }
 
 /// The next row; its cells are for the caller to fill.
-void inp_ElementDataArrayImpl::AddRow(int columns)
+int* inp_ElementDataArrayImpl::AddRow(int columns)
 {
-  rows[nrows] = nrows == 0 ? m_cells : rows[nrows - 1] + ncols[nrows - 1];
-  ncols[nrows] = columns;
+  int* const cells = TakeCells(static_cast<std::size_t>(columns));
+  rows[static_cast<std::size_t>(nrows)] = cells;
+  ncols[static_cast<std::size_t>(nrows)] = columns;
   ++nrows;
+  return cells;
 }
 
 template <class Nodes>
@@ -223,8 +252,7 @@ void inp_ElementDataArrayImpl::AddElement(int id, int nodeCount, Nodes node)
   {
     bool const isFirst = left == nodeCount;
     int const count = std::min(left, limit);
-    AddRow(isFirst + count + (left > limit));
-    int* cell = rows[nrows - 1];
+    int* cell = AddRow(isFirst + count + (left > limit));
     if (isFirst)
     {
       *cell++ = id;
@@ -246,13 +274,13 @@ void inp_ElementDataArrayImpl::AddElement(int id, int nodeCount, Nodes node)
 void inp_ElementDataArrayImpl::CheckIndex(int i, int j) const
 {
   VRXBasAssert(i >= 0 && i < nrows, "i >= 0 && i < nrows");
-  VRXBasAssert(j >= 0 && j < ncols[i], "j >= 0 && j < ncols[i]");
+  VRXBasAssert(j >= 0 && j < ColumnsOf(i), "j >= 0 && j < ncols[i]");
 }
 
 int inp_ElementDataArrayImpl::Cols(int i) const
 {
   VRXBasAssert(i >= 0 && i < nrows, "i >= 0 && i < nrows");
-  return ncols[i];
+  return ColumnsOf(i);
 }
 
 inp_Types::typeEnm inp_ElementDataArrayImpl::Type(int i, int j) const
@@ -263,18 +291,18 @@ inp_Types::typeEnm inp_ElementDataArrayImpl::Type(int i, int j) const
 bool inp_ElementDataArrayImpl::IsNone(int i, int j) const
 {
   CheckIndex(i, j);
-  return rows[i][j] == 0;
+  return RowCells(i)[j] == 0;
 }
 
 bool inp_ElementDataArrayImpl::HasValue(int i, int j) const
 {
-  return i >= 0 && i < nrows && j >= 0 && j < ncols[i] && rows[i][j] != 0;
+  return i >= 0 && i < nrows && j >= 0 && j < ColumnsOf(i) && RowCells(i)[j] != 0;
 }
 
 int inp_ElementDataArrayImpl::AsInt(int i, int j) const
 {
   CheckIndex(i, j);
-  return rows[i][j];
+  return RowCells(i)[j];
 }
 
 double inp_ElementDataArrayImpl::AsDouble(int, int) const { Raise(inp_msgElementDataNotDouble); }
@@ -282,7 +310,7 @@ double inp_ElementDataArrayImpl::AsDouble(int, int) const { Raise(inp_msgElement
 cow_String inp_ElementDataArrayImpl::AsString(int i, int j) const
 {
   CheckIndex(i, j);
-  return cow_String(rows[i][j]);
+  return cow_String(RowCells(i)[j]);
 }
 
 void inp_ElementDataArrayImpl::Set(int, int, cow_String const&)
@@ -295,7 +323,7 @@ void inp_ElementDataArrayImpl::Set(int, int, double) { Raise(inp_msgElementIlleg
 void inp_ElementDataArrayImpl::Set(int i, int j, int value)
 {
   CheckIndex(i, j);
-  rows[i][j] = value;
+  rows[static_cast<std::size_t>(i)][j] = value;
 }
 
 void inp_ElementDataArrayImpl::Append(char const*) { Raise(inp_msgElementGenericLine); }
@@ -304,7 +332,7 @@ void inp_ElementDataArrayImpl::AppendRaw(char const*) { Raise(inp_msgElementGene
 
 bool inp_ElementDataArrayImpl::HasRowContinuation(int i) const
 {
-  return rows[i][ncols[i] - 1] == 0;
+  return RowCells(i)[ColumnsOf(i) - 1] == 0;
 }
 
 inp_ElementDataArrayImpl* inp_ElementDataArrayImpl::Copy() const

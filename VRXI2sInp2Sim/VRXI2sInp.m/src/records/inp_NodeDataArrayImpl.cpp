@@ -157,8 +157,11 @@ inp_RawDataArrayImpl const& AsRaw(inp_DataArray const& data,
 inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(int size)
 {
   Allocate(size);
-  std::memset(ids, 0, static_cast<std::size_t>(size) * sizeof(int));
-  std::memset(values, 0, static_cast<std::size_t>(size) * sizeof(Values));
+  std::size_t const count = static_cast<std::size_t>(size);
+  ids.ForEachBlock(count, [](std::size_t, int* from, std::size_t length)
+                   { std::fill_n(from, length, 0); });
+  values.ForEachBlock(count, [](std::size_t, Values* from, std::size_t length)
+                      { std::fill_n(from, length, Values{}); });
 }
 
 inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(inp_NodeDataArrayImpl const& other)
@@ -166,39 +169,28 @@ inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(inp_NodeDataArrayImpl const& other)
 {
   Allocate(other.allocatedSize);
   nrows = other.nrows;
-  std::copy(other.ids, other.ids + nrows, ids);
-  std::copy(other.values[0], other.values[0] + c_values * static_cast<std::size_t>(nrows),
-            values[0]);
+  for (std::size_t row = 0; row < static_cast<std::size_t>(nrows); ++row)
+  {
+    ids[row] = other.ids[row];
+    values[row] = other.values[row];
+  }
 }
-
-inp_NodeDataArrayImpl::~inp_NodeDataArrayImpl() { Free(); }
 
 /// Nothing is kept of the present rows; the new ones hold anything.
 void inp_NodeDataArrayImpl::Allocate(int size)
 {
-  Free();
-  std::size_t const rows = static_cast<std::size_t>(std::max(size, 1));
+  nrows = 0;
+  allocatedSize = 0;
   try
   {
-    ids = static_cast<int*>(mem_OperatorNewThrowBuiltin(rows * sizeof(int)));
-    values = static_cast<Values*>(mem_OperatorNewThrowBuiltin(rows * sizeof(Values)));
+    ids = mem_SlabArray<int>(static_cast<std::size_t>(size));
+    values = mem_SlabArray<Values>(static_cast<std::size_t>(size));
   }
   catch (std::bad_alloc const&)
   {
-    Free();
     throw inp_MemoryException();
   }
   allocatedSize = size;
-}
-
-void inp_NodeDataArrayImpl::Free()
-{
-  mem_Free(ids);
-  mem_Free(values);
-  ids = nullptr;
-  values = nullptr;
-  nrows = 0;
-  allocatedSize = 0;
 }
 
 void inp_NodeDataArrayImpl::CheckIndex(int i, int j) const
@@ -216,11 +208,12 @@ void inp_NodeDataArrayImpl::SetRaw(inp_DataArray const& data)
   inpM_OmiSet badNodes;
   for (int row = 0; row < nrows; ++row)
   {
-    ids[row] = ReadLabel(raw, row);
-    int const columns = ids[row] != 0 ? raw.Cols(row) : 0;
-    if (!ReadValues(raw.RowText(row), columns, values[row]))
+    int const label = ReadLabel(raw, row);
+    int const columns = label != 0 ? raw.Cols(row) : 0;
+    ids[static_cast<std::size_t>(row)] = label;
+    if (!ReadValues(raw.RowText(row), columns, values[static_cast<std::size_t>(row)].of))
     {
-      badNodes.Insert(ids[row]);
+      badNodes.Insert(label);
     }
   }
   if (badNodes.Size() > 0)
@@ -253,7 +246,7 @@ int inp_NodeDataArrayImpl::AsInt(int i, int j) const
   {
     Raise(inp_msgNodeDataNotInteger);
   }
-  return ids[i];
+  return Label(i);
 }
 
 double inp_NodeDataArrayImpl::AsDouble(int i, int j) const
@@ -263,13 +256,13 @@ double inp_NodeDataArrayImpl::AsDouble(int i, int j) const
   {
     Raise(inp_msgNodeNumberNotDouble);
   }
-  return values[i][j - 1];
+  return RowValues(i)[j - 1];
 }
 
 cow_String inp_NodeDataArrayImpl::AsString(int i, int j) const
 {
   CheckIndex(i, j);
-  return j == 0 ? cow_String(ids[i]) : cow_String(values[i][j - 1]);
+  return j == 0 ? cow_String(Label(i)) : cow_String(RowValues(i)[j - 1]);
 }
 
 void inp_NodeDataArrayImpl::Set(int i, int j, cow_String const&)
@@ -285,7 +278,7 @@ void inp_NodeDataArrayImpl::Set(int i, int j, double value)
   {
     Raise(inp_msgNodeNumberSetDouble);
   }
-  values[i][j - 1] = value;
+  values[static_cast<std::size_t>(i)].of[j - 1] = value;
 }
 
 void inp_NodeDataArrayImpl::Set(int i, int j, int value)
@@ -295,7 +288,7 @@ void inp_NodeDataArrayImpl::Set(int i, int j, int value)
   {
     Raise(inp_msgNodeCoordinateSetInteger);
   }
-  ids[i] = value;
+  ids[static_cast<std::size_t>(i)] = value;
 }
 
 void inp_NodeDataArrayImpl::Append(char const*) { Raise(inp_msgNodeGenericLine); }
@@ -305,9 +298,8 @@ void inp_NodeDataArrayImpl::AppendRaw(char const*) { Raise(inp_msgNodeGenericLin
 void inp_NodeDataArrayImpl::Append(int id, double x, double y, double z)
 {
   VRXBasAssert(nrows + 1 < allocatedSize, "nrows+1 < allocatedSize");
-  ids[nrows] = id;
-  double const row[c_values] = {x, y, z};
-  std::copy(row, row + c_values, values[nrows]);
+  ids[static_cast<std::size_t>(nrows)] = id;
+  values[static_cast<std::size_t>(nrows)] = {{x, y, z}};
   ++nrows;
 }
 

@@ -3,6 +3,8 @@
 #include "inpM_NodeAreaSurface.h"
 #include "inpM_PartInstanceSurfaceMap.h"
 
+#include <cstdint>
+
 /// A surface of the assembly: by instance a piece within it, and nodes of the assembly's own.
 ///
 ///     *SURFACE, NAME=GRIP            WHEEL-1   S1  elements of its set RIM
@@ -43,6 +45,10 @@ public:
   /// Not made of nodes; so is one without anything in it.
   bool IsElementSurface() const;
   bool IsEmpty() const;
+
+  /// Facets and nodes, with all repeats; O(instances).
+  std::int64_t Count() const;
+  void DropRepeats(); ///< see inpM_PartInstanceSurface
 
   /// By the id map's child of the same name for an instance; see inpM_PartInstanceSurface::Renumber.
   void Renumber(inpM_IdMap const& nodes, inpM_IdMap const& elements, bool toUser);

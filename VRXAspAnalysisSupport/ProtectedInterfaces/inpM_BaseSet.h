@@ -90,6 +90,9 @@ public:
   /// Bytes on the heap, without what the allocator adds.
   virtual std::size_t Bytes() const = 0;
 
+  /// The ids of all levels; repeats count.
+  virtual std::size_t CountIds() const = 0;
+
   /// The own ids from 0 up as bits.
   omi_BlkBitVect ConstGetBits() const { return ConstGetOwnIds().ConstGetBits(); }
 

@@ -9,7 +9,7 @@
 ///     surface.Add("S2", others);
 ///     surface.Difference("S1", some);
 ///
-/// Elements that are added twice stand there twice. Adding costs the elements added; taking away, and
+/// Elements that are added twice stand there twice, until DropRepeats. Adding costs the elements added; taking away, and
 /// what is common, cost the elements of the faces concerned. A copy shares and costs O(1).
 class inpM_ElementFaceIdSurface : public inpM_PartInstanceSurface
 {
@@ -34,8 +34,8 @@ public:
   inpM_NodeAreaList ConstGetNodeAreaList() const override { return inpM_NodeAreaList(); }
   FaceMap ConstGetFaceIdElementIdsMap() const override { return m_faces; } // O(1), shares
   bool IsEmpty() const override { return m_count == 0; }
-
-  int Count() const { return m_count; } ///< facets, with all repeats
+  int Count() const override { return m_count; }
+  void DropRepeats() override;
 
 private:
   template <class Change>
@@ -43,6 +43,7 @@ private:
 
   FaceMap m_faces;
   int m_count{0};
+  bool m_mayRepeat{false}; ///< elements were added to a face that had some
 };
 
 /// Walks the facets of a surface by face name, ascending, and within a face in the order of its

@@ -27,6 +27,8 @@ public:
   inpM_NodeAreaList ConstGetNodeAreaList() const override { return m_nodes; } // O(1), shares
   FaceMap ConstGetFaceIdElementIdsMap() const override { return FaceMap(); }
   bool IsEmpty() const override { return m_nodes.IsEmpty(); }
+  int Count() const override { return m_nodes.Size(); }
+  void DropRepeats() override {}
 
 private:
   inpM_NodeAreaList m_nodes;

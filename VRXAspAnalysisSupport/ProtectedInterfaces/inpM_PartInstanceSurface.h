@@ -55,6 +55,12 @@ public:
   virtual FaceMap ConstGetFaceIdElementIdsMap() const = 0;    ///< empty for nodes
   virtual bool IsEmpty() const = 0;
 
+  /// Facets or nodes, with all repeats.
+  virtual int Count() const = 0;
+
+  /// Leaves of what stands there several times, since it was added in turn, the first.
+  virtual void DropRepeats() = 0;
+
 protected:
   inpM_PartInstanceSurface() = default;
   inpM_PartInstanceSurface(inpM_PartInstanceSurface const&) = default;

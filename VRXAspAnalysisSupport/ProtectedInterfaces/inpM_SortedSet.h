@@ -41,6 +41,7 @@ public:
   bool IsMember(int id) const override { return m_ids.IsMember(id); }
   void Renumber(inpM_IdMap const& idMap, bool toUser) override;
   std::size_t Bytes() const override;
+  std::size_t CountIds() const override;
 
 private:
   static inpM_OmiSet Trimmed(inpM_OmiSet const& ids, int first, int last, int step);

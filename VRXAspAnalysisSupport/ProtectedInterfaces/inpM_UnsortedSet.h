@@ -37,6 +37,7 @@ public:
   bool IsMember(int id) const override { return m_ids.IsMember(id); }
   void Renumber(inpM_IdMap const& idMap, bool toUser) override;
   std::size_t Bytes() const override;
+  std::size_t CountIds() const override;
 
 private:
   using ListTree = cow_Btree<cow_String, cow_List<int>>;

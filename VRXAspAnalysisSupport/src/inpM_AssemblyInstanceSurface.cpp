@@ -95,6 +95,25 @@ bool inpM_AssemblyInstanceSurface::IsEmpty() const
   return it.IsDone() && m_nodes.IsEmpty();
 }
 
+std::int64_t inpM_AssemblyInstanceSurface::Count() const
+{
+  std::int64_t count = m_nodes.Count();
+  for (inpM_PartInstanceSurfaceMapSIT it(m_pieces); !it.IsDone(); it.Next())
+  {
+    count += it.CurrentValue().Count();
+  }
+  return count;
+}
+
+void inpM_AssemblyInstanceSurface::DropRepeats()
+{
+  inpM_PartInstanceSurfaceMap const pieces = m_pieces;
+  for (inpM_PartInstanceSurfaceMapSIT it(pieces); !it.IsDone(); it.Next())
+  {
+    m_pieces.Get(it.CurrentKey()).DropRepeats();
+  }
+}
+
 void inpM_AssemblyInstanceSurface::Renumber(inpM_IdMap const& nodes, inpM_IdMap const& elements,
                                             bool toUser)
 {

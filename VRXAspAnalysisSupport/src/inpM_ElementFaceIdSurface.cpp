@@ -4,6 +4,8 @@
 #include "inpM_IdMap.h"
 #include "inpM_OmiSet.h"
 
+#include <climits>
+
 namespace
 {
 using FaceIterator = cow_BtreeIterator<cow_String, cow_List<int>>;
@@ -20,6 +22,39 @@ cow_List<int> Kept(cow_List<int> const& elements, inpM_OmiSet const& set, bool i
     }
   }
   return kept;
+}
+
+bool IsAscending(cow_List<int> const& elements)
+{
+  int before = INT_MIN;
+  for (int const element : elements)
+  {
+    if (element <= before)
+    {
+      return false;
+    }
+    before = element;
+  }
+  return true;
+}
+
+/// Each element once, where it stands first. A list without repeats comes back as it is, shared.
+cow_List<int> WithoutRepeats(cow_List<int> const& elements)
+{
+  if (IsAscending(elements) || inpM_OmiSet(elements).Size() == elements.Length())
+  {
+    return elements;
+  }
+  omi_Set known;
+  cow_List<int> once;
+  for (int const element : elements)
+  {
+    if (known.Insert(element))
+    {
+      once.Append(element);
+    }
+  }
+  return once;
 }
 } // namespace
 
@@ -41,6 +76,7 @@ void inpM_ElementFaceIdSurface::Add(cow_String const& faceId, cow_List<int> cons
   if (!m_faces.InsertUnlessMember(faceId, elements))
   {
     m_faces.Find(faceId)->Concatenate(cow_List<int>(elements));
+    m_mayRepeat = true;
   }
   m_count += count;
 }
@@ -56,6 +92,15 @@ void inpM_ElementFaceIdSurface::ChangeFaces(Change const& change)
     changed.Add(it.CurrentKey(), change(it.CurrentKey(), it.CurrentValue()));
   }
   *this = changed;
+}
+
+void inpM_ElementFaceIdSurface::DropRepeats()
+{
+  if (m_mayRepeat)
+  {
+    ChangeFaces([](cow_String const&, cow_List<int> const& elements)
+                { return WithoutRepeats(elements); });
+  }
 }
 
 void inpM_ElementFaceIdSurface::Difference(cow_String const& faceId, cow_List<int> const& elements)

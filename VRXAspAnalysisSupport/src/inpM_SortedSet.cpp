@@ -168,3 +168,15 @@ std::size_t inpM_SortedSet::Bytes() const
   }
   return bytes;
 }
+
+std::size_t inpM_SortedSet::CountIds() const
+{
+  auto count = static_cast<std::size_t>(m_ids.Size());
+  InstanceTree const instances = ConstGetInstanceTree();
+  cow_BtreeIterator<cow_String, inpM_OmiSet> it(instances);
+  for (it.First(); !it.IsDone(); it.Next())
+  {
+    count += static_cast<std::size_t>(it.CurrentValue().Size());
+  }
+  return count;
+}

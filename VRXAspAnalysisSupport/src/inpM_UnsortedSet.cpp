@@ -166,3 +166,15 @@ std::size_t inpM_UnsortedSet::Bytes() const
   }
   return bytes;
 }
+
+std::size_t inpM_UnsortedSet::CountIds() const
+{
+  auto count = static_cast<std::size_t>(m_ids.Length());
+  ListTree const lists = Lists();
+  cow_BtreeIterator<cow_String, cow_List<int>> it(lists);
+  for (it.First(); !it.IsDone(); it.Next())
+  {
+    count += static_cast<std::size_t>(it.CurrentValue().Length());
+  }
+  return count;
+}

@@ -1,7 +1,6 @@
 #include "inpM_InstanceMap.h"
 
 #include "CapturingSink.h"
-#include "VRXAspBcuAnalysisIROptions.h"
 
 #include <gtest/gtest.h>
 
@@ -82,13 +81,4 @@ TEST(inpM_InstanceMap, MissingValuesAreAssertionsAndUnknownInstancesFatalErrors)
   EXPECT_EQ((std::vector<std::string>{"fatal2: Unknown instance X", "fatal2: Unknown instance Y",
                                       "fatal2: Unknown instance Z"}),
             sink.Lines());
-}
-
-TEST(VRXAspBcuAnalysisIROptions, AnswerWhatTheDriverSet)
-{
-  VRXAspBcuAnalysisIROptions options;
-  EXPECT_FALSE(options.IsResultsSim() || options.IsResultsBoth());
-  options.SetResultsBoth(true);
-  EXPECT_TRUE(options.IsResultsBoth());
-  EXPECT_FALSE(options.IsResultsSim());
 }

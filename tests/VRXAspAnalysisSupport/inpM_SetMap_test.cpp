@@ -113,18 +113,6 @@ TEST(inpM_SetMap, HoldsWhatMapsHoldWithCopiesTakenHalfway)
   }
 }
 
-TEST(inpM_SetMap, AnEmptyInstanceNameIsTheOwnLevel)
-{
-  inpM_SetMap map;
-  map.InsertNestedSet("", "A", SetOf({1}));
-  EXPECT_TRUE(map.HasSet("A") && map.HasNestedSet("", "A"));
-  EXPECT_EQ(&map.ConstGetSet("A"), &map.ConstGetNestedSet("", "A"));
-  EXPECT_FALSE(map.HasInstance(""));
-  EXPECT_FALSE(map.HasNestedSet("NOWHERE", "A"));
-  EXPECT_EQ(0, map.ConstGetNestedSetMap("NOWHERE").Size());
-  EXPECT_THROW(map.ConstGetNestedSet("NOWHERE", "A"), VRXBasAssertException);
-}
-
 TEST(inpM_SetMap, InsertReplacesAndAddKeepsTypeAndKind)
 {
   inpM_SetMap map;

@@ -320,21 +320,6 @@ TEST(gsl_Matrix, LocalSystemFromPointsTakesOriginAndAxisBack)
   }
 }
 
-TEST(gsl_Matrix, AngleAndCrossProductTurnOneVectorToAnother)
-{
-  MotionSource source;
-  for (int run = 0; run < 100; ++run)
-  {
-    gsl_Vector from = source.Direction();
-    gsl_Vector to = source.Direction();
-    auto const turn =
-      gsl_Matrix::AxisRotation({}, from.CrossProduct(to), from.AngleWith(to, false));
-    from.Normalize();
-    to.Normalize();
-    EXPECT_EQ(to, Turned(turn, from));
-  }
-}
-
 TEST(gsl_Matrix, IdentityIsToldWithinTheToleranceAfterEveryWriter)
 {
   gsl_Matrix matrix;

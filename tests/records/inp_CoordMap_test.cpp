@@ -212,33 +212,6 @@ TEST(inp_CoordMap, AssignedNumbersComeFirstAndOthersAdvanceTheCounter)
   EXPECT_EQ(52, next);
 }
 
-TEST(inp_CoordMap, RenumberingHoldsForScrambledLabelsOfEveryKind)
-{
-  for (unsigned seed = 0; seed < 50; ++seed)
-  {
-    LabelSource labels(seed);
-    inp_CoordMap map;
-    Xs expected;
-    for (int step = 0; step < 200; ++step)
-    {
-      int const label = labels.Next();
-      map.Insert(label, inp_Coord(step, 0.0, 0.0));
-      expected[label] = step;
-    }
-    map.Transform(Along(0.5));
-    inpM_IdMap const ids = map.Renumber(1, false);
-    int number = 0;
-    for (auto const& [label, x] : expected)
-    {
-      ASSERT_EQ(++number, ids.ConstGet(label));
-      ASSERT_EQ(label, ids.ConstGetUserId(number));
-      ASSERT_EQ(x + 0.5, map.ConstGet(number).x);
-    }
-    ASSERT_EQ(number, map.ConstGet().Size());
-    ASSERT_EQ(number, map.Count());
-  }
-}
-
 TEST(inp_CoordMap, ChildrenAreCountedRenamedAndPrinted)
 {
   inp_CoordMap map = MapOf({2, 1});

@@ -107,23 +107,6 @@ TEST(inp_ElementDataArrayImpl, LaysAnElementOutInRowsOfSixteen)
   }
 }
 
-TEST(inp_ElementDataArrayImpl, ElementsStandInTheOrderOfTheMap)
-{
-  cow_Map<int, cow_List<int>> elements;
-  for (int id : {9, 3, 700000000, 5})
-    elements.Insert(id, Nodes(id == 5 ? 17 : 1));
-  std::string expected;
-  cow_ConstMapIterator<int, cow_List<int>> element(elements);
-  for (element.First(); !element.IsDone(); element.Next())
-    expected += std::to_string(element.CurrentKey()) + " ";
-  inp_ElementDataArrayImpl const rows(elements);
-  ASSERT_EQ(rows.Rows(), 5);
-  std::string ids;
-  for (int i = 0; i < rows.Rows(); ++i)
-    ids += i > 0 && rows.HasRowContinuation(i - 1) ? "" : std::to_string(rows.AsInt(i, 0)) + " ";
-  EXPECT_EQ(ids, expected);
-}
-
 TEST(inp_ElementDataArrayImpl, TakesTheElementsThatAListNames)
 {
   inp_MapInt2Element elements;

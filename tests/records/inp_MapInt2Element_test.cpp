@@ -2,7 +2,6 @@
 
 #include "LabelSource.h"
 #include "VRXBasException.h"
-#include "inp_ElementDataArrayImpl.h"
 #include "inp_ParserExceptions.h"
 
 #include <gtest/gtest.h>
@@ -321,30 +320,4 @@ TEST(inp_MapInt2Element, UpdateNamesTheFirstHundredElementsWithUnknownNodes)
   EXPECT_EQ("The following elements in instance A reference one or more nodes that do not exist",
             Fault(nested, ids, labels));
   EXPECT_EQ(1, labels);
-}
-
-TEST(inp_ElementDataArrayImpl, IsMadeOfTheElementsOfAList)
-{
-  inp_MapInt2Element map;
-  for (int count : {0, 1, 15, 16, 31, 32})
-  {
-    cow_List<int> const nodes = Counting(count);
-    map.Insert(100 + count, inp_Element("T", nodes, count, 0, 0));
-  }
-  cow_List<int> ids;
-  for (int id : {132, 77, 115, 131, 100, 116, 115})
-  {
-    ids.Append(id);
-  }
-  inp_ElementDataArrayImpl const rows(ids, map);
-  std::string layout;
-  for (int row = 0; row < rows.Rows(); ++row)
-  {
-    layout += std::to_string(rows.AsInt(row, 0)) + ".." +
-              std::to_string(rows.AsInt(row, rows.Cols(row) - 1)) + "/" +
-              std::to_string(rows.Cols(row)) + " ";
-  }
-  EXPECT_EQ("132..0/17 16..0/17 32..32/1 115..15/16 131..0/17 16..31/16 100..100/1 116..0/17 "
-            "16..16/1 115..15/16 ",
-            layout);
 }

@@ -79,6 +79,17 @@ public:
   /// Adds the key with its value, and is true; false, and nothing happens, when the key is present.
   bool InsertUnlessMember(K const& key, V const& value);
 
+  /// Adds the key, or gives it another value.
+  void Insert(K const& key, V const& value)
+  {
+    if (V* const present = Find(key))
+    {
+      *present = value;
+      return;
+    }
+    InsertUnlessMember(key, value);
+  }
+
   /// The value of `key` for writing, good until the map is copied or added to; null when absent.
   V* Find(K const& key);
 

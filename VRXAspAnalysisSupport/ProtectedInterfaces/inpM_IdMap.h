@@ -1,9 +1,9 @@
 #pragma once
 
+#include "cow_Btree.h"
 #include "cow_COW.h"
 #include "cow_IntTableInt.h"
 #include "cow_List.h"
-#include "cow_Map.h"
 #include "cow_String.h"
 
 class inpM_InstanceIdMaps;
@@ -90,7 +90,7 @@ private:
   Range UserIdRange() const;
   void Touch() { hasRange = false; }
 
-  cow_Map<cow_String, Handle> instances;
+  cow_Btree<cow_String, Handle> instances;
   cow_IntTableInt toNew;
   cow_IntTableInt toUser;
   bool hasIds{false};

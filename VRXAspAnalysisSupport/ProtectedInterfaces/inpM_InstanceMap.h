@@ -1,9 +1,9 @@
 #pragma once
 
 #include "VRXBasException.h"
+#include "cow_Btree.h"
 #include "cow_COW.h"
 #include "cow_List.h"
-#include "cow_Map.h"
 #include "cow_String.h"
 #include "inpM_Messages.h"
 #include "omi_IntTable.h"
@@ -85,7 +85,7 @@ public:
   void Update(inpM_IdMap const& idMap);
 
 private:
-  using Children = cow_Map<cow_String, inpM_InstanceMap>;
+  using Children = cow_Btree<cow_String, inpM_InstanceMap>;
 
   void Swap(inpM_InstanceMap& other) noexcept
   {
@@ -131,13 +131,13 @@ T& inpM_InstanceMap<T>::Get(cow_String const& instanceName)
 template <class T>
 inpM_InstanceMap<T> const& inpM_InstanceMap<T>::ConstGetMap(cow_String const& instanceName) const
 {
-  return IsMember(instanceName) ? instances->ConstGet(instanceName) : Unknown(instanceName);
+  return IsMember(instanceName) ? *instances->ConstFind(instanceName) : Unknown(instanceName);
 }
 
 template <class T>
 inpM_InstanceMap<T>& inpM_InstanceMap<T>::GetMap(cow_String const& instanceName)
 {
-  return IsMember(instanceName) ? instances->Get(instanceName) : Unknown(instanceName);
+  return IsMember(instanceName) ? *instances->Find(instanceName) : Unknown(instanceName);
 }
 
 template <class T>
@@ -147,12 +147,12 @@ void inpM_InstanceMap<T>::Insert(cow_String const& instanceName, T const& value)
   {
     instances = new Children;
   }
-  if (!instances->IsMember(instanceName))
+  if (inpM_InstanceMap* const child = instances->Find(instanceName))
   {
-    instances->Insert(instanceName, inpM_InstanceMap(value));
+    child->item = new T(value);
     return;
   }
-  instances->Get(instanceName).item = new T(value);
+  instances->InsertUnlessMember(instanceName, inpM_InstanceMap(value));
 }
 
 template <class T>
@@ -161,7 +161,7 @@ cow_List<cow_String> inpM_InstanceMap<T>::Instances() const
   cow_List<cow_String> names;
   if (instances != nullptr)
   {
-    cow_ConstMapSortedIt<cow_String, inpM_InstanceMap> it(*instances);
+    cow_BtreeIterator<cow_String, inpM_InstanceMap> it(*instances);
     for (it.First(); !it.IsDone(); it.Next())
     {
       names.Append(it.CurrentKey());

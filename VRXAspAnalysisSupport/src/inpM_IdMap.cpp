@@ -102,13 +102,13 @@ inpM_IdMap& inpM_IdMap::Get(cow_String const& instanceName)
   {
     Insert(instanceName, inpM_IdMap());
   }
-  return *instances.Get(instanceName).Get();
+  return *instances.Find(instanceName)->Get();
 }
 
 cow_List<cow_String> inpM_IdMap::Instances() const
 {
   cow_List<cow_String> names;
-  cow_ConstMapSortedIt<cow_String, Handle> it(instances);
+  cow_BtreeIterator<cow_String, Handle> it(instances);
   for (it.First(); !it.IsDone(); it.Next())
   {
     names.Append(it.CurrentKey());
@@ -144,7 +144,7 @@ cow_List<int> inpM_IdMap::Renumber(cow_List<int> const& ids, bool back) const
 int inpM_IdMap::NumberIds() const
 {
   int count = toNew.Size();
-  cow_ConstMapIterator<cow_String, Handle> it(instances);
+  cow_BtreeIterator<cow_String, Handle> it(instances);
   for (it.First(); !it.IsDone(); it.Next())
   {
     count += it.CurrentValue()->NumberIds();
@@ -166,7 +166,7 @@ inpM_IdMap::Range inpM_IdMap::UserIdRange() const
     it.Last();
     ends.largest = it.CurrentKey();
   }
-  cow_ConstMapIterator<cow_String, Handle> child(instances);
+  cow_BtreeIterator<cow_String, Handle> child(instances);
   for (child.First(); !child.IsDone(); child.Next())
   {
     Range const below = child.CurrentValue()->UserIdRange();

@@ -1,6 +1,7 @@
 #include "inpM_OmiSet.h"
 
 #include <algorithm>
+#include <functional>
 #include <bit>
 #include <cstdint>
 #include <iterator>
@@ -199,8 +200,13 @@ inpM_OmiSet::~inpM_OmiSet() = default;
 inpM_OmiSet::inpM_OmiSet(cow_List<int> const& items)
 {
   std::vector<int> sorted(items.begin(), items.end());
-  std::sort(sorted.begin(), sorted.end());
-  sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+  bool const ascends =
+    std::adjacent_find(sorted.begin(), sorted.end(), std::greater_equal<>()) == sorted.end();
+  if (!ascends) // as labels in rows nearly always do
+  {
+    std::sort(sorted.begin(), sorted.end());
+    sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+  }
   if (!sorted.empty())
   {
     Writable().Insert(sorted);

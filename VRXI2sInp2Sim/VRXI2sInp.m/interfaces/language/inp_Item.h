@@ -21,6 +21,11 @@ public:
   static inp_Item Text(cow_String const& text);
 
   inp_Types::typeEnm Type() const { return m_type; }
+  /// A parameter that stands alone, or whose text is no value.
+  bool HasNoValue() const
+  {
+    return m_type == inp_Types::inp_BOOLEAN || m_type == inp_Types::inp_NONE;
+  }
 
   /// Raises inp_KeywordException unless the item is an integer. Integers beyond an int's range are
   /// the nearest int.

@@ -49,6 +49,8 @@ public:
   static cow_String CleanedText(std::string_view text);
   /// Characters that the two functions above would keep of the text, up to its first line feed.
   static int LengthWithoutSpaces(char const* text);
+  /// A file's name as it is looked for: without the quotes around it.
+  static cow_String WithoutQuotes(cow_String const& fileName);
 
   /// "in keyword *NAME, file "f.inp", line 12: "; file and line as far as the keyword has them.
   static atr_String FormTitleForMessage(inp_Keyword const& keyword);

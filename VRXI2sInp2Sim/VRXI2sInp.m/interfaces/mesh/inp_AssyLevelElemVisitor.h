@@ -10,8 +10,9 @@
 ///     *ELEMENT, TYPE=CONN3D2, ELSET=JOINTS
 ///     1, WHEEL-1.5, 12                       node 5 of WHEEL-1, node 12 of the assembly
 ///
-/// Needs:    the numbers of the nodes: of the assembly, and by instance. *ELEMENT of parts and instances is
-///           passed over, so both a whole organized list and one of the keywords alone will do.
+/// Needs:    the numbers of the nodes: of the assembly, and by instance. Parts, instances and keywords of
+///           other kinds are passed over, so both a whole organized list and one of the keywords alone will
+///           do.
 /// Produces: elements at the top level, whose nodes are the numbers, and element sets of the assembly. An
 ///           element with a node that cannot be found is left out.
 /// Reports:  types that may not stand here, and each fault of a row, with its keyword's place.
@@ -25,9 +26,6 @@ public:
 
   void Visit(inp_Keyword& keyword) override;
   void VisitElement(inp_Keyword& keyword) override { VisitElementImpl(keyword); }
-  void VisitElset(inp_Keyword&) override {}
-  void VisitElgen(inp_Keyword&) override {}
-  void VisitElcopy(inp_Keyword&) override {}
 
   /// Types that may stand at assembly level: connectors, springs, dashpots, masses, rotary inertias and
   /// heat capacitances, by their names.

@@ -6,6 +6,8 @@
 #include "inp_MapInt2Element.h"
 #include "inp_SetVisitor.h"
 
+#include <cstdint>
+
 class inp_ElementRows;
 struct inp_ElementGeneration;
 
@@ -26,8 +28,8 @@ struct inp_ElementGeneration;
 /// Reports:  each fault with its keyword's place. What is wrong with an element leaves it out, but for
 ///           a wrong number of nodes; the walk goes on.
 ///
-/// Labels are 1 to 999999999. Nothing that a generator makes leaves that range. O(connectivity), an
-/// allocation an element.
+/// Labels are 1 to 999999999. Nothing that a generator makes leaves that range, or is more than memory
+/// may hold. O(connectivity), an allocation an element.
 class inp_ElementVisitor : public inp_SetVisitor
 {
 public:
@@ -67,6 +69,7 @@ protected:
     cow_String file; ///< of a substructure
     int offset = 0;  ///< 0 when the parameter is missing or no integer
     bool hasOffset = false;
+    bool hasMidsideNodes = false; ///< of a gasket
     int solidNumbering = 0; ///< 0 when the parameter is missing
   };
 
@@ -111,6 +114,7 @@ private:
                    Found& found);
   bool CheckLabel(inp_Keyword const& keyword, Definition const& definition,
                   inp_ElementRows const& rows);
+  bool CheckFields(inp_Keyword const& keyword, inp_ElementRows& rows);
   bool CheckNodes(inp_Keyword const& keyword, Definition const& definition, inp_ElementRows& rows);
   bool CompleteNodes(inp_Keyword const& keyword, Definition const& definition,
                      inp_ElementRows& rows, Found& found);
@@ -120,8 +124,10 @@ private:
 
   bool GenerateElements(inp_Keyword const& keyword, inp_ElementGeneration const& generation,
                         cow_List<int>& labels);
-  bool CheckGeneration(inp_Keyword const& keyword, inp_ElementGeneration const& generation);
+  bool CheckCount(inp_Keyword const& keyword, std::int64_t count, int nodesOfElement);
   inpM_BaseSet const* CheckExistenceOfOldSet(inp_Keyword const& keyword, cow_String const& name);
   bool CopyElement(inp_Keyword const& keyword, inp_MapInt2Element& target, int label, int newLabel,
                    int nodeShift, cow_List<int>& labels);
+
+  std::int64_t m_generated = 0; ///< elements so far, those included that replace others
 };

@@ -7,6 +7,8 @@
 #include "inp_MapInt2Element.h"
 #include "inp_Visitor.h"
 
+#include <cstdint>
+
 /// Makes the nodes that elements imply and no keyword lists: those of the layers of layered elements,
 /// each where its bottom node is, and the midside nodes of quadratic gaskets.
 ///
@@ -90,4 +92,5 @@ private:
   bool m_isRestart;
   bool m_isInParts;
   bool lumenCompatible = false;
+  std::int64_t m_generated = 0; ///< elements of *ELGEN so far
 };

@@ -20,7 +20,8 @@
 ///
 /// Lengths are in the deck's units, angles of the deck are degrees. Stored coordinates are rectangular
 /// and in the part's own system; nodes of an instance are read in its position and written back from
-/// there. Labels are 1 to 999999999: a generator that would leave this range stops.
+/// there. Labels are 1 to 999999999: a generator that would leave this range, or make more nodes than
+/// memory may hold, stops.
 class inp_NodeVisitor : public inp_SetVisitor
 {
 public:
@@ -99,7 +100,10 @@ private:
   inpM_BaseSet const* FindNodeSet(inp_Keyword const& keyword, cow_String const& name);
   void AddNodeSet(inp_Keyword const& keyword, char const* parameter, inpM_SetHandle const& set);
   bool CheckLabel(inp_Keyword const& keyword, long long label);
+  /// Counts nodes that are to be generated; false, with an error, when the walk has made too many.
   bool CheckCount(inp_Keyword const& keyword, double count);
+  /// Stores a generated node; false, with an error, when its position is not finite.
+  bool Store(inp_Keyword const& keyword, inp_CoordMap& map, int label, inp_Coord const& coord);
   template <class Rows>
   void ReadNodes(inp_Keyword const& keyword, Rows const& rows);
   inp_Coord InSystem(inp_Coord coord, cow_String const& system) const;
@@ -128,4 +132,6 @@ private:
                        inpM_BaseSet& nodes);
   bool AddNodesOfAssembly(inp_Keyword const& keyword, cow_String const& elset, inpM_BaseSet& nodes);
   bool IsImportedWithoutElements(inp_Keyword const& keyword, cow_String const& instanceName);
+
+  double m_generated = 0.0; ///< nodes so far, those included that replace others
 };

@@ -21,6 +21,9 @@
 ///
 /// A set must stand above its use. All that is wrong in a keyword is reported, each with the keyword's
 /// place, and what is right in it counts.
+///
+/// A short row may stand for many ids: a range, or an unsorted set that names another many times over.
+/// Such rows are refused where the sets of the walk would take more than mostBytes.
 class inp_SetVisitor : public inp_Visitor
 {
 public:
@@ -82,8 +85,7 @@ protected:
   inpM_SetHandle ReadUnsortedAssemblyIdsAndSetNames(inpM_SetMap const& setMap,
                                                     inp_Keyword const& keyword, bool internal);
 
-  // New sets from rows start, end[, step]. A range that is too large to be held, or leaves the range
-  // of labels, is refused.
+  // New sets from rows start, end[, step]. A range that leaves the range of labels is refused.
   inpM_SetHandle GenerateSet(inp_Keyword const& keyword, bool internal, bool unsorted);
   inpM_SetHandle GenerateAssemblySet(inp_Keyword const& keyword, bool internal, bool unsorted);
 
@@ -106,6 +108,10 @@ protected:
   /// before the first two) and drops the parameter. The rows are made anew; other holders keep theirs.
   void ProcessInstanceParameter(inp_Keyword& keyword);
 
+  /// Makes the sets that the rows of a *PARTICLE GENERATOR MIXTURE name, empty: what stands below may
+  /// name them before the program fills them. Those that exist are reported.
+  void MakeMixtureSets(inp_Keyword const& keyword);
+
   /// A name given by a parameter; empty when there is none, or it has no value.
   static cow_String NameParameter(inp_Keyword const& keyword, char const* parameter);
 
@@ -123,6 +129,7 @@ protected:
   cow_List<cow_String> instanceNames; ///< ascending
   cow_List<cow_String> importedInstances; ///< ascending
   bool lumenCompatible = false;
+  std::size_t mostBytes = std::size_t{3} << 30; ///< of the sets that rows of the walk make
 
 private:
   struct Faults;
@@ -143,8 +150,12 @@ private:
                    cow_String const& instanceName, inpM_BaseSet& set, std::size_t& bytes);
   bool CheckRange(inp_Keyword const& keyword, cow_List<int> const& row, bool unsorted,
                   std::size_t& bytes);
+  bool TakeRoom(std::size_t added, bool unsorted, std::size_t& bytes) const;
+  bool TakeRoom(inpM_BaseSet const& added, bool unsorted, std::size_t& bytes) const;
   cow_String SetKeywordName() const;
   void SayFaults(inp_Keyword const& keyword, Faults const& faults);
+
+  std::size_t m_bytesHeld = 0; ///< of mostBytes
 };
 
 /// A sorted set with the members of another, of the same type.

@@ -82,6 +82,7 @@ protected:
 
 private:
   class Faults;
+  class Repeats;
   class AssemblyRows;
   struct Place;
 

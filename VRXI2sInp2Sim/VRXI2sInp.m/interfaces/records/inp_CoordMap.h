@@ -1,9 +1,9 @@
 #pragma once
 
+#include "cow_Btree.h"
 #include "cow_COW.h"
 #include "cow_IntTableInt.h"
 #include "cow_List.h"
-#include "cow_Map.h"
 #include "cow_String.h"
 #include "gsl_Matrix.h"
 #include "inpM_IdMap.h"
@@ -98,5 +98,5 @@ private:
   cow_COW<inp_MapInt2Coord, cow_Direct<inp_MapInt2Coord>> nodes;
   gsl_Matrix transformation;
   cow_IntTableInt localIds;
-  cow_Map<cow_String, Handle> instances;
+  cow_Btree<cow_String, Handle> instances;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <cstdint>
 
 /// A choice of columns of data rows, counted from 0 as in inp_DataArray: some of the first 64, or
@@ -45,15 +46,7 @@ public:
     return m_isAll || (column >= 0 && column < 64 && ((m_bits >> column) & 1) != 0);
   }
   /// No column from this one on is chosen, as long as not all are.
-  constexpr int End() const
-  {
-    int end = 0;
-    while (end < 64 && (m_bits >> end) != 0)
-    {
-      ++end;
-    }
-    return end;
-  }
+  constexpr int End() const { return static_cast<int>(std::bit_width(m_bits)); }
 
 private:
   std::uint64_t m_bits = 0;

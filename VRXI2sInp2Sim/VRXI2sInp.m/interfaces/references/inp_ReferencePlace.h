@@ -98,6 +98,14 @@ struct inp_ReferencePlace
     return place;
   }
 
+  template <class Value>
+  constexpr inp_ReferencePlace With(Value inp_ReferencePlace::*member, Value given) const
+  {
+    inp_ReferencePlace place = *this;
+    place.*member = given;
+    return place;
+  }
+
   /// Adds a condition: what Has, Is and their like below come to.
   // A condition too many, or a word too many, writes past the array and so does not compile.
   template <class... Words>
@@ -120,10 +128,7 @@ struct inp_ReferencePlace
 
   constexpr inp_ReferencePlace Parameter(char const* name, inp_valueEnm kind = inp_anyValue) const
   {
-    inp_ReferencePlace place = *this;
-    place.parameter = name;
-    place.value = kind;
-    return place;
+    return With(&inp_ReferencePlace::parameter, name).With(&inp_ReferencePlace::value, kind);
   }
   constexpr inp_ReferencePlace TextParameter(char const* name) const
   {
@@ -141,78 +146,48 @@ struct inp_ReferencePlace
   template <class... Numbers>
   constexpr inp_ReferencePlace Fields(Numbers... fields) const
   {
-    inp_ReferencePlace place = *this;
-    place.columns = inp_Columns::OfFields(fields...);
-    return place;
+    return With(&inp_ReferencePlace::columns, inp_Columns::OfFields(fields...));
   }
   /// Blank fields excepted.
   constexpr inp_ReferencePlace AllFields() const
   {
-    inp_ReferencePlace place = *this;
-    place.columns = inp_Columns::All();
-    return place;
+    return With(&inp_ReferencePlace::columns, inp_Columns::All());
   }
   constexpr inp_ReferencePlace Id(int line, int field) const
   {
-    inp_ReferencePlace place = Fields(field).OnLine(line);
-    place.isId = true;
-    return place;
+    return Fields(field).OnLine(line).With(&inp_ReferencePlace::isId, true);
   }
 
-  constexpr inp_ReferencePlace Texts() const
-  {
-    inp_ReferencePlace place = *this;
-    place.isText = true;
-    return place;
-  }
-  constexpr inp_ReferencePlace ByValue() const
-  {
-    inp_ReferencePlace place = *this;
-    place.byValue = true;
-    return place;
-  }
+  constexpr inp_ReferencePlace Texts() const { return With(&inp_ReferencePlace::isText, true); }
+  constexpr inp_ReferencePlace ByValue() const { return With(&inp_ReferencePlace::byValue, true); }
   constexpr inp_ReferencePlace AsSurfaceDefinition() const
   {
-    inp_ReferencePlace place = *this;
-    place.viaDefinition = true;
-    return place;
+    return With(&inp_ReferencePlace::viaDefinition, true);
   }
   constexpr inp_ReferencePlace FromLine(int line) const
   {
-    inp_ReferencePlace place = *this;
-    place.firstLine = line;
-    return place;
+    return With(&inp_ReferencePlace::firstLine, line);
   }
   constexpr inp_ReferencePlace OnLine(int line) const
   {
-    inp_ReferencePlace place = FromLine(line);
-    place.lastLine = line;
-    return place;
+    return FromLine(line).With(&inp_ReferencePlace::lastLine, line);
   }
   constexpr inp_ReferencePlace Step(int lines) const
   {
-    inp_ReferencePlace place = *this;
-    place.stepLines = lines;
-    return place;
+    return With(&inp_ReferencePlace::stepLines, lines);
   }
   constexpr inp_ReferencePlace StepBy(inp_stepEnm rule) const
   {
-    inp_ReferencePlace place = *this;
-    place.step = rule;
-    return place;
+    return With(&inp_ReferencePlace::step, rule);
   }
   constexpr inp_ReferencePlace FieldsAtLeast(int count) const
   {
-    inp_ReferencePlace place = *this;
-    place.fieldsAtLeast = count;
-    return place;
+    return With(&inp_ReferencePlace::fieldsAtLeast, count);
   }
   /// Passes over the first line when such a number begins it.
   constexpr inp_ReferencePlace BehindNumbers(inp_numbersEnm kind) const
   {
-    inp_ReferencePlace place = *this;
-    place.numbers = kind;
-    return place;
+    return With(&inp_ReferencePlace::numbers, kind);
   }
 
   constexpr inp_ReferencePlace Has(char const* name) const
@@ -242,8 +217,6 @@ struct inp_ReferencePlace
   }
   constexpr inp_ReferencePlace Note(char const* text) const
   {
-    inp_ReferencePlace place = *this;
-    place.note = text;
-    return place;
+    return With(&inp_ReferencePlace::note, text);
   }
 };

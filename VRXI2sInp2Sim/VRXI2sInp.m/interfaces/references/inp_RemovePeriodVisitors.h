@@ -9,8 +9,10 @@
 
 // A period separates scopes in names, so a flat deck's names lose theirs before there are any
 // scopes: each becomes "_", but for those in double quotes. What reads as a real number stays.
+//
+// inp_RemovePeriod<kind>Visitor, for each kind of inp_NameKinds.def.
 
-/// Takes the names under which sets are defined as well: inp_SetDefinitions.def.
+/// Takes the keywords that define sets as well: inp_SetDefinitions.def.
 class inp_RemovePeriodSetVisitor : public inp_SetFixupVisitor
 {
 public:
@@ -26,7 +28,8 @@ public:
                           cow_String const& parameterName) override;
 
 protected:
-  bool MayChange(char const* cell) const override;
+  bool RewriteInPlace(char* cell) override;
+  char NameMark() const override { return '.'; }
 };
 
 class inp_RemovePeriodSurfaceVisitor : public inp_SurfaceFixupVisitor
@@ -37,40 +40,21 @@ public:
                               cow_String const& assembly, cow_String const& part) override;
 
 protected:
-  bool MayChange(char const* cell) const override;
+  bool RewriteInPlace(char* cell) override;
+  char NameMark() const override { return '.'; }
 };
 
-class inp_RemovePeriodDistributionVisitor : public inp_DistributionFixupVisitor
-{
-public:
-  using inp_DistributionFixupVisitor::inp_DistributionFixupVisitor;
-  cow_String FixupDistributionName(cow_String const& name) override;
-
-protected:
-  bool MayChange(char const* cell) const override;
-};
-
-class inp_RemovePeriodOrientationVisitor : public inp_OrientationFixupVisitor
-{
-public:
-  using inp_OrientationFixupVisitor::inp_OrientationFixupVisitor;
-  cow_String FixupOrientationName(cow_String const& name) override;
-
-protected:
-  bool MayChange(char const* cell) const override;
-};
-
-class inp_RemovePeriodRebarVisitor : public inp_RebarFixupVisitor
-{
-public:
-  cow_String FixupRebarName(cow_String const& name) override;
-};
-
-class inp_RemovePeriodMaterialVisitor : public inp_MaterialFixupVisitor
-{
-public:
-  cow_String FixupMaterialName(cow_String const& name) override;
-
-protected:
-  bool MayChange(char const* cell) const override;
-};
+// The base's constructor serves.
+#define INP_NAME_KIND_BY_HAND(kind, operation, ...)
+#define INP_NAME_KIND(kind, operation, ...)                                                        \
+  class inp_RemovePeriod##kind##Visitor : public inp_##kind##FixupVisitor                          \
+  {                                                                                                \
+  public:                                                                                          \
+    using inp_##kind##FixupVisitor::inp_##kind##FixupVisitor;                                      \
+    cow_String operation(__VA_ARGS__) override;                                                    \
+                                                                                                   \
+  protected:                                                                                       \
+    bool RewriteInPlace(char* cell) override;                                                      \
+    char NameMark() const override { return '.'; }                                                 \
+  };
+#include "inp_NameKinds.def"

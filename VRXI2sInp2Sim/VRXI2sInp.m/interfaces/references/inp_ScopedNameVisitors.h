@@ -11,6 +11,8 @@
 // is P-1.S. These take the prefix away from names that stand in no part, instance, assembly or
 // substructure. The assembly's name is the text before the first period, compared as it stands; a
 // name without that prefix stays.
+//
+// inp_ScopedName<kind>Visitor, for each kind of inp_NameKinds.def.
 
 /// Also takes the members of *NSET and *ELSET; of GENERATE rows, start and end.
 class inp_ScopedNameSetVisitor : public inp_SetFixupVisitor
@@ -31,7 +33,8 @@ public:
                           cow_String const& parameterName) override;
 
 protected:
-  bool MayChange(char const* cell) const override;
+  bool RewriteInPlace(char* cell) override;
+  char NameMark() const override { return '.'; }
 
 private:
   cow_String assemblyName;
@@ -51,59 +54,32 @@ public:
                               cow_String const& assembly, cow_String const& part) override;
 
 protected:
-  bool MayChange(char const* cell) const override;
+  bool RewriteInPlace(char* cell) override;
+  char NameMark() const override { return '.'; }
 
 private:
   cow_String assemblyName;
 };
 
-class inp_ScopedNameDistributionVisitor : public inp_DistributionFixupVisitor
-{
-public:
-  inp_ScopedNameDistributionVisitor(cow_String const& itsAssemblyName,
-                                    inp_ModelParameters const& itsModelParameters);
-  cow_String FixupDistributionName(cow_String const& name) override;
-
-protected:
-  bool MayChange(char const* cell) const override;
-
-private:
-  cow_String assemblyName;
-};
-
-class inp_ScopedNameOrientationVisitor : public inp_OrientationFixupVisitor
-{
-public:
-  inp_ScopedNameOrientationVisitor(cow_String const& itsAssemblyName,
-                                   Defaults const& itsDefaultsByName);
-  cow_String FixupOrientationName(cow_String const& name) override;
-
-protected:
-  bool MayChange(char const* cell) const override;
-
-private:
-  cow_String assemblyName;
-};
-
-class inp_ScopedNameRebarVisitor : public inp_RebarFixupVisitor
-{
-public:
-  explicit inp_ScopedNameRebarVisitor(cow_String const& itsAssemblyName);
-  cow_String FixupRebarName(cow_String const& name) override;
-
-private:
-  cow_String assemblyName;
-};
-
-class inp_ScopedNameMaterialVisitor : public inp_MaterialFixupVisitor
-{
-public:
-  explicit inp_ScopedNameMaterialVisitor(cow_String const& itsAssemblyName);
-  cow_String FixupMaterialName(cow_String const& name) override;
-
-protected:
-  bool MayChange(char const* cell) const override;
-
-private:
-  cow_String assemblyName;
-};
+// Behind the assembly's name stands what the base's constructor takes.
+#define INP_NAME_KIND_BY_HAND(kind, operation, ...)
+#define INP_NAME_KIND(kind, operation, ...)                                                        \
+  class inp_ScopedName##kind##Visitor : public inp_##kind##FixupVisitor                            \
+  {                                                                                                \
+  public:                                                                                          \
+    template <class... Needs>                                                                      \
+    explicit inp_ScopedName##kind##Visitor(cow_String const& itsAssemblyName,                      \
+                                           Needs const&... needs)                                  \
+      : inp_##kind##FixupVisitor(needs...), assemblyName(itsAssemblyName)                          \
+    {                                                                                              \
+    }                                                                                              \
+    cow_String operation(__VA_ARGS__) override;                                                    \
+                                                                                                   \
+  protected:                                                                                       \
+    bool RewriteInPlace(char* cell) override;                                                      \
+    char NameMark() const override { return '.'; }                                                 \
+                                                                                                   \
+  private:                                                                                         \
+    cow_String assemblyName;                                                                       \
+  };
+#include "inp_NameKinds.def"

@@ -3,11 +3,8 @@
 #include "inpM_IdMap.h"
 #include "inpM_SetMap.h"
 #include "inp_Columns.h"
-#include "inp_KeywordEnm.h"
-#include "inp_ParserExceptions.h"
-#include "inp_ReferencePlace.h"
+#include "inp_ReferenceVisitor.h"
 #include "inp_SetType.h"
-#include "inp_Visitor.h"
 
 class inp_ModelParameters;
 
@@ -17,15 +14,12 @@ class inp_ModelParameters;
 ///     parameter, field  ->  ReplaceNodeOrNset...      ->  ReplaceIdOrSet...  ->  FixupIdOrSet
 ///                           ReplaceElementOrElset...
 ///
-/// A field goes in as its AsString text: upper case, no blanks. Where a whole column counts, its
-/// blank fields go in too, as "". A text that comes back as it went in changes nothing; else the
-/// row is rewritten once, with all that changed in it. Rows kept as numbers name no sets and are
-/// passed over.
+/// Where a whole column counts, its blank fields go in too, as "".
 ///
 /// Reports:  an exception that FixupIdOrSet raises, with its keyword's place; the field or
 ///           parameter stays and the walk goes on with the next. Memory failures and
 ///           inp_ElementUndefinedNodesError leave the walk.
-class inp_SetFixupVisitor : public inp_Visitor
+class inp_SetFixupVisitor : public inp_ReferenceVisitor
 {
 public:
   /// The model parameters must live as long as the visitor.
@@ -35,8 +29,6 @@ public:
 
   void setLumenCompatible(bool value) { lumenCompatible = value; }
   bool LumenCompatible() const { return lumenCompatible; }
-
-  void DefaultAction(inp_Keyword&) override {}
 
 #define INP_PLACES_UNREACHED(stem, ...)
 #define INP_PLACES(stem, ...) void Visit##stem(inp_Keyword& keyword) override;
@@ -91,12 +83,7 @@ public:
   static inp_ReferencePlace const* Places(inp_KeywordEnm keyword);
 
 protected:
-  /// False for a field that FixupIdOrSet would give back as it is: the field is then not even made
-  /// into a text. The cell is as stored, closed by NUL.
-  virtual bool MayChange(char const*) const { return true; }
-
-  /// Rewrites the places that count, up to the one that names nothing.
-  void ReplacePlaces(inp_Keyword& keyword, inp_ReferencePlace const* place);
+  void ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place) override;
 
   inpM_SetMap nsets;
   inpM_SetMap elsets;
@@ -108,7 +95,6 @@ protected:
 private:
   cow_String Fixed(inp_Keyword const& keyword, cow_String const& value, inpM_SetMap const& setMap,
                    inpM_IdMap const& idMap, inp_SetType setType, cow_String const& parameterName);
-  void ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place);
   void ReplaceWholeColumns(inp_Keyword& keyword, inp_ReferencePlace const& place);
   void ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlace const& place);
   cow_String ReplaceValue(inp_Keyword& keyword, inp_referenceEnm what, cow_String const& value);

@@ -2,21 +2,16 @@
 
 #include "inpM_SurfaceMap.h"
 #include "inp_Columns.h"
-#include "inp_KeywordEnm.h"
-#include "inp_ReferencePlace.h"
-#include "inp_Visitor.h"
+#include "inp_ReferenceVisitor.h"
 
 /// Finds every place where a surface is named, and stores what FixupSurfaceName makes of the name.
 /// The places stand in inp_SurfaceReferences.def.
 ///
-/// Fields go in and are stored as in inp_SetFixupVisitor; blank ones stay. Reports nothing: what
-/// FixupSurfaceName raises leaves the walk.
-class inp_SurfaceFixupVisitor : public inp_Visitor
+/// Blank fields stay. Reports nothing: what FixupSurfaceName raises leaves the walk.
+class inp_SurfaceFixupVisitor : public inp_ReferenceVisitor
 {
 public:
   explicit inp_SurfaceFixupVisitor(inpM_SurfaceMap const& itsSurfaces) : surfaces(itsSurfaces) {}
-
-  void DefaultAction(inp_Keyword&) override {}
 
 #define INP_PLACES(stem, ...) void Visit##stem(inp_Keyword& keyword) override;
 #include "inp_SurfaceReferences.def"
@@ -36,12 +31,10 @@ public:
   static inp_ReferencePlace const* Places(inp_KeywordEnm keyword);
 
 protected:
-  /// False for a field that FixupSurfaceName would give back as it is.
-  virtual bool MayChange(char const*) const { return true; }
+  void ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place) override;
 
   inpM_SurfaceMap surfaces;
 
 private:
-  void ReplacePlaces(inp_Keyword& keyword, inp_ReferencePlace const* place);
-  void ReplaceRows(inp_Keyword& keyword, inp_Columns const& columns, int rowStep, int firstRow);
+  cow_String Fixed(cow_String const& name);
 };

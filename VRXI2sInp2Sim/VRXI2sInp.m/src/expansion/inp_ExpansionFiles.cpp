@@ -17,13 +17,6 @@ namespace
 constexpr int c_longestLine = 256;
 constexpr int c_longestItem = 255;
 
-cow_String WithoutQuotes(cow_String const& name)
-{
-  int const length = name.Length();
-  bool const quoted = length >= 3 && name.CStr()[0] == '"' && name.CStr()[length - 1] == '"';
-  return quoted ? name.Substr(1, length - 2) : name;
-}
-
 bool IsBlankRow(inp_DataArray const& data, int row)
 {
   return data.Cols(row) == 0 || (data.Cols(row) == 1 && data.IsNone(row, 0));
@@ -63,7 +56,7 @@ void inp_KeywordExpansionVisitor::ReadInputParameter(cow_String const& file, inp
     Say(inp_msgInputFileMissing, keyword);
     return;
   }
-  cow_String const name = WithoutQuotes(file);
+  cow_String const name = inp_Utils::WithoutQuotes(file);
   cow_String const path = FindFile(cow_String(), name, keyword);
   if (path.Length() == 0)
   {
@@ -229,7 +222,7 @@ void inp_KeywordExpansionVisitor::ReadManifestFile(cow_String const& file, inp_K
     return;
   }
   cow_String const directory = omi_Singleton<utl_CommandLine>::Instance().Option("indir");
-  cow_String name = WithoutQuotes(file);
+  cow_String name = inp_Utils::WithoutQuotes(file);
   if (!(VRXBasUtlFilePath(directory, name).Extension() == ".inp"))
   {
     name.Append(".inp");

@@ -199,7 +199,12 @@ void inp_KeywordExpansionVisitor::VisitElement(inp_Keyword& keyword)
   }
   if (m_partName.Length() > 0 || m_instanceName.Length() > 0)
   {
-    keyword.data = inp_DataArray(new inp_ElementDataArrayImpl(keyword.data));
+    // Rows of which the numbers would hide a fault stay text, for the reader of elements to report it.
+    auto rows = std::make_unique<inp_ElementDataArrayImpl>(keyword.data);
+    if (rows->IsExact())
+    {
+      keyword.data = inp_DataArray(rows.release());
+    }
   }
 }
 

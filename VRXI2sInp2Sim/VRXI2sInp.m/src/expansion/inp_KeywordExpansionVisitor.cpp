@@ -11,11 +11,6 @@
 namespace
 {
 
-bool HasNoValue(inp_Item const& item)
-{
-  return item.Type() == inp_Types::inp_BOOLEAN || item.Type() == inp_Types::inp_NONE;
-}
-
 /// File names and the like, whose case matters.
 bool KeepsCase(inp_Keyword const& keyword, cow_String const& parameter)
 {
@@ -216,7 +211,7 @@ void inp_KeywordExpansionVisitor::ExpandWords(inp_Keyword& keyword, cow_String c
 {
   inp_Item const item = keyword.parameters.ConstGet(parameter);
   cow_String const value = item.AsString();
-  if (HasNoValue(item) || IsReference(value))
+  if (item.HasNoValue() || IsReference(value))
   {
     return;
   }
@@ -274,7 +269,7 @@ void inp_KeywordExpansionVisitor::checkRequiredParameterValue(inp_Keyword& keywo
                                                               cow_String parameter)
 {
   inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  if (item != nullptr && HasNoValue(*item))
+  if (item != nullptr && item->HasNoValue())
   {
     Say(inp_msgRequiredParameterValue, keyword, parameter.ToUpper());
   }

@@ -19,7 +19,7 @@ bool IsQuoted(cow_String const& name)
   return length > 0 && name[0] == '"' && name[length - 1] == '"';
 }
 
-cow_String WithoutQuotes(cow_String name) { return name.Trim("\""); }
+cow_String WithoutOuterQuotes(cow_String name) { return name.Trim("\""); }
 
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
@@ -96,8 +96,8 @@ cow_String TakeOutSpaces(std::string_view text, Change change)
 cow_String inp_Utils::CreateFlattenedName(cow_String const& a, cow_String const& b)
 {
   bool const quoted = IsQuoted(a) || IsQuoted(b);
-  cow_String const first = IsQuoted(a) ? WithoutQuotes(a) : a;
-  cow_String const second = IsQuoted(b) ? WithoutQuotes(b) : b;
+  cow_String const first = IsQuoted(a) ? WithoutOuterQuotes(a) : a;
+  cow_String const second = IsQuoted(b) ? WithoutOuterQuotes(b) : b;
   cow_String const joined = first + "_" + second;
   return quoted ? "\"" + joined + "\"" : joined;
 }
@@ -193,6 +193,14 @@ cow_String inp_Utils::CleanedText(std::string_view text)
 {
   return TakeOutSpaces(text, [](char c)
                        { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+}
+
+cow_String inp_Utils::WithoutQuotes(cow_String const& fileName)
+{
+  int const length = fileName.Length();
+  char const* const text = fileName.CStr();
+  bool const isQuoted = length > 2 && text[0] == '"' && text[length - 1] == '"';
+  return isQuoted ? fileName.Substr(1, length - 2) : fileName;
 }
 
 int inp_Utils::LengthWithoutSpaces(char const* text)

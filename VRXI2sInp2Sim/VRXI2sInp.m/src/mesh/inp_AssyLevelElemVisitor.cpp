@@ -30,6 +30,16 @@ struct inp_AssyLevelElemVisitor::Found
 namespace
 {
 
+constexpr int c_listedElements = 999; ///< as with elements of parts
+
+void AppendListed(cow_List<int>& labels, int label)
+{
+  if (labels.Length() < c_listedElements)
+  {
+    labels.Append(label);
+  }
+}
+
 /// The rows with each field that is no plain label replaced by the negative of its place in `items`, from
 /// 1: rows of numbers, which are divided into elements as all others are.
 template <class Item>
@@ -66,9 +76,15 @@ inp_DataArray WithItemsNumbered(inp_DataArray const& data, std::vector<Item>& it
 
 void inp_AssyLevelElemVisitor::Visit(inp_Keyword& keyword)
 {
-  if (!keyword.Is(inp_kwPart) && !keyword.Is(inp_kwInstance))
+  switch (keyword.keyword)
   {
+  case inp_kwAssembly:
+  case inp_kwEndAssembly:
+  case inp_kwElement:
     inp_ElementVisitor::Visit(keyword);
+    break;
+  default: // the walks over parts and instances have read the others, and told what is wrong in them
+    break;
   }
 }
 
@@ -148,11 +164,11 @@ void inp_AssyLevelElemVisitor::ReadElement(inp_Keyword const& keyword, Definitio
   }
   if (given > definition.family.maxNodes)
   {
-    found.tooLong.Append(label);
+    AppendListed(found.tooLong, label);
   }
   else if (given < definition.family.minNodes)
   {
-    found.tooShort.Append(label);
+    AppendListed(found.tooShort, label);
   }
   found.elements.InsertPtr(
     label, inp_Element::Make(definition.type, count, nodes.data(), std::min(given, count), 0, 0));

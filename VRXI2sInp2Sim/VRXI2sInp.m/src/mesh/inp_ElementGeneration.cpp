@@ -79,9 +79,14 @@ inp_ElementGeneration::Range inp_ElementGeneration::NodeShift() const
   return Reach(nodeShifts, 0);
 }
 
-bool inp_ElementGeneration::IsTooLarge() const
+std::int64_t inp_ElementGeneration::Elements() const
 {
-  return counts[0] * counts[1] > c_mostElements / counts[2];
+  std::int64_t elements = counts[0];
+  for (std::int64_t const count : {counts[1], counts[2]})
+  {
+    elements = std::min<std::int64_t>(elements * count, c_mostElements + 1);
+  }
+  return std::min<std::int64_t>(elements, c_mostElements + 1);
 }
 
 bool inp_IsBlankRow(inp_DataArray const& data, int row)

@@ -11,8 +11,8 @@
 struct inp_ElementGeneration
 {
   static constexpr std::int64_t c_largestLabel = 999999999;
-  /// More elements of one row could hardly be held, and no model comes near.
-  static constexpr std::int64_t c_mostElements = 50000000;
+  /// What the generators of a walk may make: more could hardly be held, and no model comes near.
+  static constexpr int c_mostElements = 50000000;
   static constexpr int c_directions = 3;
   static constexpr int c_fields = 1 + 3 * c_directions;
 
@@ -31,7 +31,8 @@ struct inp_ElementGeneration
   };
   Range Labels() const; ///< of all elements; saturated
   Range NodeShift() const;
-  bool IsTooLarge() const;
+  /// The number of elements, the master included; c_mostElements + 1 when there are more than that.
+  std::int64_t Elements() const;
 
   /// Calls onElement(label, node shift) for all elements, the master included, the first direction
   /// running fastest. Only when the labels are within range.

@@ -142,6 +142,7 @@ bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& 
   }
   definition.type = definition.typeAsGiven;
   definition.type.LeftTrim(" \t").RightTrim(" \t").ToUpper();
+  definition.hasMidsideNodes = inp_IsGasketWithMidsideNodes(definition.type);
   definition.hasOffset = keyword.HasParameter("offset");
   if (inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(definition.type))
   {
@@ -264,35 +265,44 @@ bool inp_ElementVisitor::CheckLabel(inp_Keyword const& keyword, Definition const
   return false;
 }
 
-bool inp_ElementVisitor::CheckNodes(inp_Keyword const& keyword, Definition const& definition,
-                                    inp_ElementRows& rows)
+bool inp_ElementVisitor::CheckFields(inp_Keyword const& keyword, inp_ElementRows& rows)
 {
-  cow_String const label(rows.Label());
   switch (rows.Fault())
   {
   case inp_ElementRows::c_notInteger:
-    Say(inp_msgConnectivityNotInteger, keyword, label);
+    Say(inp_msgConnectivityNotInteger, keyword, cow_String(rows.Label()));
     return false;
   case inp_ElementRows::c_notIntegerContinued:
-    Say(inp_msgContinuedLabelNotInteger, keyword, rows.FaultText(), label);
+    Say(inp_msgContinuedLabelNotInteger, keyword, rows.FaultText(), cow_String(rows.Label()));
     return false;
   case inp_ElementRows::c_negative:
-    Say(inp_msgConnectivityNegative, keyword, label);
+    Say(inp_msgConnectivityNegative, keyword, cow_String(rows.Label()));
     return false;
   case inp_ElementRows::c_zero:
-    Say(inp_msgConnectivityZero, keyword, label);
+    Say(inp_msgConnectivityZero, keyword, cow_String(rows.Label()));
     return false;
   case inp_ElementRows::c_noFault:
     break;
   }
+  return true;
+}
+
+bool inp_ElementVisitor::CheckNodes(inp_Keyword const& keyword, Definition const& definition,
+                                    inp_ElementRows& rows)
+{
+  if (!CheckFields(keyword, rows))
+  {
+    return false;
+  }
   if (rows.Nodes().empty() && definition.family.kind != inp_ElementFamily::c_substructure)
   {
-    Say(inp_msgConnectivityMissing, keyword, label, definition.typeAsGiven);
+    Say(inp_msgConnectivityMissing, keyword, cow_String(rows.Label()), definition.typeAsGiven);
     return false;
   }
   if (rows.Nodes().size() > static_cast<std::size_t>(inp_Element::c_mostNodes))
   {
-    Say(inp_msgNodesBeyondCapacity, keyword, cow_String(inp_Element::c_mostNodes), label);
+    Say(inp_msgNodesBeyondCapacity, keyword, cow_String(inp_Element::c_mostNodes),
+        cow_String(rows.Label()));
     return false;
   }
   if (CurrentName().Length() > 0)
@@ -306,7 +316,7 @@ bool inp_ElementVisitor::CheckNodes(inp_Keyword const& keyword, Definition const
     {
       cow_List<int> nodes;
       nodes.SetFromArray(rows.Nodes().data(), static_cast<int>(rows.Nodes().size()));
-      SayItems(inp_msgNodeNumbersNotPositive, keyword, nodes, label);
+      SayItems(inp_msgNodeNumbersNotPositive, keyword, nodes, cow_String(rows.Label()));
       return false;
     }
   }
@@ -318,7 +328,6 @@ bool inp_ElementVisitor::CompleteNodes(inp_Keyword const& keyword, Definition co
                                        inp_ElementRows& rows, Found& found)
 {
   std::vector<int>& nodes = rows.Nodes();
-  bool const hasMidsideNodes = inp_IsGasketWithMidsideNodes(definition.type);
   if (definition.solidNumbering > 0)
   {
     inp_GasketOrder const gasket = inp_GasketOrderOf(definition.type, definition.solidNumbering);
@@ -339,7 +348,7 @@ bool inp_ElementVisitor::CompleteNodes(inp_Keyword const& keyword, Definition co
       return true; // which leaves it too short
     }
   }
-  if (hasMidsideNodes && nodes.size() >= c_givenOfQuadraticGasket)
+  if (definition.hasMidsideNodes && nodes.size() >= c_givenOfQuadraticGasket)
   {
     nodes.resize(std::max(nodes.size(), c_nodesOfQuadraticGasket), 0);
   }

@@ -3,6 +3,7 @@
 #include "inp_ElementReflection.h"
 #include "inp_ElementVisitor.h"
 #include "inp_MeshMessages.h"
+#include "inp_RowFields.h"
 
 #include <algorithm>
 #include <string>
@@ -12,17 +13,13 @@ namespace
 
 constexpr std::int64_t c_largestLabel = inp_ElementGeneration::c_largestLabel;
 
+constexpr int c_nodesOfLargeElement = 32;
+
 bool IsLabel(std::int64_t label) { return label >= 1 && label <= c_largestLabel; }
 
 cow_String LabelText(std::int64_t label)
 {
   return cow_String(std::string_view(std::to_string(label)));
-}
-
-bool IsIntegerParameter(inp_Keyword const& keyword, char const* name)
-{
-  inp_Item const* const item = keyword.parameters.ConstFind(name);
-  return item != nullptr && item->Type() == inp_Types::inp_INTEGER;
 }
 
 inp_Element const* FindElement(inp_MapInt2Element const& map, int label)
@@ -77,22 +74,19 @@ void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword)
   }
 }
 
-/// The labels are known to be good before anything is made. False stops the keyword.
-bool inp_ElementVisitor::CheckGeneration(inp_Keyword const& keyword,
-                                         inp_ElementGeneration const& generation)
+/// Counts elements that are to be generated; false, with a message, when the walk has made too many.
+/// One with very many nodes counts as several.
+bool inp_ElementVisitor::CheckCount(inp_Keyword const& keyword, std::int64_t count,
+                                    int nodesOfElement)
 {
-  inp_ElementGeneration::Range const range = generation.Labels();
-  if (range.highest > c_largestLabel)
+  std::int64_t const weight = 1 + nodesOfElement / c_nodesOfLargeElement;
+  if (m_generated + count * weight > inp_ElementGeneration::c_mostElements)
   {
-    Say(inp_msgLargestElementNumber, keyword);
+    Say(inp_msgTooManyElementsGenerated, keyword,
+        cow_String(inp_ElementGeneration::c_mostElements));
     return false;
   }
-  if (generation.IsTooLarge())
-  {
-    Say(inp_msgTooManyElementsGenerated, keyword, LabelText(inp_ElementGeneration::c_mostElements),
-        cow_String(generation.master));
-    return false;
-  }
+  m_generated += count * weight;
   return true;
 }
 
@@ -100,8 +94,9 @@ bool inp_ElementVisitor::GenerateElements(inp_Keyword const& keyword,
                                           inp_ElementGeneration const& generation,
                                           cow_List<int>& labels)
 {
-  if (!CheckGeneration(keyword, generation))
+  if (generation.Labels().highest > c_largestLabel)
   {
+    Say(inp_msgLargestElementNumber, keyword);
     return false;
   }
   inp_MapInt2Element& target = CurrentElements();
@@ -113,6 +108,10 @@ bool inp_ElementVisitor::GenerateElements(inp_Keyword const& keyword,
       Say(inp_msgMasterElementUndefined, keyword, generation.master);
     }
     return true;
+  }
+  if (!CheckCount(keyword, generation.Elements(), master->numNodesPerElement()))
+  {
+    return false;
   }
   if (generation.Labels().lowest < 1)
   {
@@ -164,8 +163,8 @@ inpM_BaseSet const* inp_ElementVisitor::CheckExistenceOfOldSet(inp_Keyword const
 void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
 {
   cow_String const oldName = NameParameter(keyword, "oldset");
-  if (oldName.Empty() || !IsIntegerParameter(keyword, "elementshift") ||
-      !IsIntegerParameter(keyword, "shiftnodes"))
+  if (oldName.Empty() || !inp_HasIntegerParameter(keyword, "elementshift") ||
+      !inp_HasIntegerParameter(keyword, "shiftnodes"))
   {
     Say(inp_msgElementCopyParametersMissing, keyword);
     return;
@@ -209,6 +208,10 @@ bool inp_ElementVisitor::CopyElement(inp_Keyword const& keyword, inp_MapInt2Elem
                                      int label, int newLabel, int nodeShift, cow_List<int>& labels)
 {
   inp_Element const* const old = FindElement(target, label);
+  if (!CheckCount(keyword, 1, old != nullptr ? old->numNodesPerElement() : 0))
+  {
+    return false;
+  }
   if (!computeConnectivity || old == nullptr)
   {
     target.InsertPtr(newLabel, new inp_Element);

@@ -92,36 +92,8 @@ void inp_ElementVisitor::VisitFastener(inp_Keyword& keyword)
   sets.AddToNestedSet(instanceName, name, *none);
 }
 
-// *PARTICLE GENERATOR MIXTURE rows: names of sets that the program is to fill, among other things.
+// *PARTICLE GENERATOR MIXTURE rows: names of sets that the generator will fill, among other things.
 void inp_ElementVisitor::VisitParticleGeneratorMixture(inp_Keyword& keyword)
 {
-  cow_String const scope = CurrentSetScope();
-  if (scope.Empty())
-  {
-    return;
-  }
-  cow_List<cow_String> present;
-  for (int row = 0; row < keyword.data.Rows(); ++row)
-  {
-    for (int column = 0; column < keyword.data.Cols(row); ++column)
-    {
-      if (keyword.data.Type(row, column) != inp_Types::inp_STRING)
-      {
-        continue;
-      }
-      cow_String const name = keyword.data.AsString(row, column);
-      if (sets.HasNestedSet(scope, name))
-      {
-        present.Append(name);
-      }
-      else
-      {
-        AddPartSet(keyword, name, CreateSet(false, true), false);
-      }
-    }
-  }
-  if (present.Length() > 0)
-  {
-    SayItems(inp_msgSetsExistAlready, keyword, present);
-  }
+  MakeMixtureSets(keyword);
 }

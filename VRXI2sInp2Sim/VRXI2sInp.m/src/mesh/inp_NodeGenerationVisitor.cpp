@@ -182,8 +182,10 @@ void inp_NodeGenerationVisitor::VisitElgen(inp_Keyword& keyword)
       continue;
     }
     inp_ElementGeneration::Range const labels = generation.Labels();
-    if (labels.lowest >= 1 && labels.highest <= c_largestLabel && !generation.IsTooLarge())
+    if (labels.lowest >= 1 && labels.highest <= c_largestLabel &&
+        m_generated + generation.Elements() <= inp_ElementGeneration::c_mostElements)
     {
+      m_generated += generation.Elements();
       generation.ForEach([&](int label, std::int64_t)
                          { CompleteElement(keyword, label, inp_msgLayeredNodesMissing); });
     }

@@ -12,8 +12,9 @@ namespace
 {
 
 constexpr int c_largestLabel = 999999999;
-/// Some 4 GiB of nodes: what one keyword may generate at once.
-constexpr double c_mostGenerated = 50e6;
+/// Some 4 GiB of nodes: what the generators of a walk may make. A few short rows can ask for more than
+/// any memory holds.
+constexpr int c_mostGenerated = 50000000;
 
 gsl_Point PointOf(inp_Coord const& coord) { return {coord.x, coord.y, coord.z}; }
 
@@ -22,6 +23,11 @@ void SetPoint(inp_Coord& coord, gsl_Point const& point)
   coord.x = point.X();
   coord.y = point.Y();
   coord.z = point.Z();
+}
+
+bool IsFinite(inp_Coord const& coord)
+{
+  return std::isfinite(coord.x) && std::isfinite(coord.y) && std::isfinite(coord.z);
 }
 
 /// Rows that are numbers already.
@@ -104,12 +110,28 @@ bool inp_NodeVisitor::CheckLabel(inp_Keyword const& keyword, long long label)
 
 bool inp_NodeVisitor::CheckCount(inp_Keyword const& keyword, double count)
 {
-  if (count > c_mostGenerated)
+  if (m_generated + count > c_mostGenerated)
   {
-    Say(inp_msgTooManyNodesGenerated, keyword,
-        std::to_string(static_cast<long long>(std::min(count, 9e18))).c_str());
+    Say(inp_msgTooManyNodesGenerated, keyword, cow_String(c_mostGenerated));
+    return false;
   }
-  return count <= c_mostGenerated;
+  m_generated += count;
+  return true;
+}
+
+bool inp_NodeVisitor::Store(inp_Keyword const& keyword, inp_CoordMap& map, int label,
+                            inp_Coord const& coord)
+{
+  bool const isPlace = IsFinite(coord);
+  if (isPlace)
+  {
+    map.Insert(label, coord);
+  }
+  else
+  {
+    Say(inp_msgNodeCoordinatesInvalid, keyword, " " + cow_String(label));
+  }
+  return isPlace;
 }
 
 gsl_Point inp_NodeVisitor::ReadPointFromKeywordData(inp_Keyword const& keyword, int row, int column)
@@ -264,6 +286,7 @@ template <class Rows>
 void inp_NodeVisitor::ReadNodes(inp_Keyword const& keyword, Rows const& rows)
 {
   cow_String const system = keyword.GetParameterAsString("system", "R");
+  bool const isAsGiven = system != "C" && system != "S" && systemTransform.IsIdentity();
   bool const isNamed = keyword.HasParameter("nset");
   int const count = keyword.data.Rows();
   inp_CoordMap* map = nullptr;
@@ -303,7 +326,9 @@ void inp_NodeVisitor::ReadNodes(inp_Keyword const& keyword, Rows const& rows)
     if (map != nullptr)
     {
       inp_Coord const coord(values[0], values[1], values[2], values[3], values[4], values[5]);
-      map->Insert(label, computeGeometry ? InSystem(coord, system) : coord);
+      bool const hasNormal = coord.nx != 0.0 || coord.ny != 0.0 || coord.nz != 0.0;
+      bool const stays = !computeGeometry || (isAsGiven && !hasNormal);
+      Store(keyword, *map, label, stays ? coord : InSystem(coord, system));
     }
   }
   if (labels.Length() == 0)

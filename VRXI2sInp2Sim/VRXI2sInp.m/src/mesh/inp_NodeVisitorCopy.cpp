@@ -176,7 +176,7 @@ bool inp_NodeVisitor::ReadMotion(inp_Keyword const& keyword, inp_CoordMap const&
 // SHIFT tx, ty, tz / xA, .. zB, angle.
 void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword)
 {
-  if (!keyword.HasParameter("changenumber") || !keyword.HasParameter("oldset"))
+  if (!inp_HasIntegerParameter(keyword, "changenumber") || !keyword.HasParameter("oldset"))
   {
     Say(inp_msgCopyParametersMissing, keyword);
     return;
@@ -205,7 +205,7 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword)
   }
   long long const change = keyword.GetParameterAsInt("changenumber", 0);
   cow_List<int> labels;
-  for (int copy = 1; copy <= motion.copies; ++copy)
+  for (int copy = 1; copy <= motion.copies && ids.Length() > 0; ++copy)
   {
     motion.shift.Concatenate(motion.step);
     for (int const id : ids)
@@ -215,13 +215,13 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword)
         continue;
       }
       long long const label = id + copy * change;
-      if (!CheckLabel(keyword, label))
+      if (!CheckLabel(keyword, label) ||
+          !Store(keyword, *map, static_cast<int>(label),
+                 computeGeometry ? motion.Copy(UndoInstanceTransform(map->ConstGet(id)))
+                                 : inp_Coord()))
       {
         return;
       }
-      map->Insert(static_cast<int>(label), computeGeometry
-                                             ? motion.Copy(UndoInstanceTransform(map->ConstGet(id)))
-                                             : inp_Coord());
       labels.Append(static_cast<int>(label));
     }
   }

@@ -283,12 +283,12 @@ bool inp_NodeVisitor::FillBetweenNodes(inp_Keyword const& keyword, FillRow const
   auto const store = [&](Place const& place)
   {
     label += fill.step;
-    if (!CheckLabel(keyword, label))
+    if (!CheckLabel(keyword, label) ||
+        !Store(keyword, map, static_cast<int>(label),
+               computeGeometry ? UndoInstanceTransform(place.Node(hasNormal)) : inp_Coord()))
     {
       return false;
     }
-    map.Insert(static_cast<int>(label),
-               computeGeometry ? UndoInstanceTransform(place.Node(hasNormal)) : inp_Coord());
     labels.Append(static_cast<int>(label));
     return true;
   };

@@ -201,7 +201,11 @@ bool inp_NodeVisitor::GenerateRow(inp_Keyword const& keyword, int row, inp_Coord
   {
     int const label = first + i * step;
     double const t = 2.0 * i / count - 1.0;
-    map.Insert(label, computeGeometry ? UndoInstanceTransform(arc.NodeAt(t)) : inp_Coord());
+    if (!Store(keyword, map, label,
+               computeGeometry ? UndoInstanceTransform(arc.NodeAt(t)) : inp_Coord()))
+    {
+      return false;
+    }
     labels.Append(label);
   }
   labels.Append(last);
@@ -221,7 +225,7 @@ bool inp_NodeVisitor::ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap 
   arc.normalB = NormalOf(b);
   arc.hasNormals = arc.normalA.Normalize() && arc.normalB.Normalize();
   arc.shape = ShapeOf(keyword);
-  if (!keyword.HasParameter("line"))
+  if (keyword.GetParameterAsString("line", "").Empty())
   {
     return true;
   }

@@ -270,9 +270,9 @@ void inp_NodeVisitor::VisitNmap(inp_Keyword& keyword)
   ReadMapping(keyword, type, mapping);
   for (int const id : set->ConstGetIds())
   {
-    if (map->IsMember(id))
+    if (map->IsMember(id) && !Store(keyword, *map, id, mapping.Move(map->ConstGet(id))))
     {
-      map->Insert(id, mapping.Move(map->ConstGet(id)));
+      return;
     }
   }
 }

@@ -184,34 +184,5 @@ bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String 
 // *PARTICLE GENERATOR MIXTURE rows: names of sets that the generator will fill.
 void inp_NodeVisitor::VisitParticleGeneratorMixture(inp_Keyword& keyword)
 {
-  if (CurrentName().Empty())
-  {
-    return;
-  }
-  inp_DataArray const& data = keyword.data;
-  cow_List<cow_String> existing;
-  for (int row = 0; row < data.Rows(); ++row)
-  {
-    for (int column = 0; column < data.Cols(row); ++column)
-    {
-      if (data.Type(row, column) != inp_Types::inp_STRING)
-      {
-        continue;
-      }
-      cow_String const name = data.AsString(row, column);
-      if (sets.HasNestedSet(CurrentSetScope(), name))
-      {
-        existing.Append(name);
-      }
-      else
-      {
-        AddPartSet(keyword, name, CreateSet(false, true), false);
-      }
-    }
-  }
-  if (existing.Length() > 0)
-  {
-    m_errorList.Append(inp_Utils::MessageInKeyword(
-      keyword, inp_Utils::MessageWithItems(atr_Say(inp_msgSetsExistAlready), existing)));
-  }
+  MakeMixtureSets(keyword);
 }

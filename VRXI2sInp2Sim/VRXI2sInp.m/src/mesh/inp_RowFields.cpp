@@ -25,6 +25,12 @@ cow_String inp_TextField(inp_DataArray const& data, int row, int column)
   return HasField(data, row, column) ? data.AsString(row, column) : cow_String();
 }
 
+bool inp_HasIntegerParameter(inp_Keyword const& keyword, char const* name)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind(name);
+  return item != nullptr && item->Type() == inp_Types::inp_INTEGER;
+}
+
 cow_String inp_RowText(inp_DataArray const& data, int row)
 {
   cow_String text;

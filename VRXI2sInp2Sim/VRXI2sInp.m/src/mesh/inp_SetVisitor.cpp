@@ -19,6 +19,7 @@ constexpr int c_longestField = 255;
 constexpr int c_debugFlag = 30;
 constexpr int c_debugLevel = 2;
 constexpr int c_longestLabel = 9;
+constexpr std::size_t c_smallBytes = std::size_t{1} << 16;
 
 cow_List<cow_String> Ascending(cow_List<cow_String> names)
 {
@@ -183,7 +184,9 @@ inpM_SetHandle inp_SetVisitor::Accumulate(inpM_SetMap& setMap, cow_String const&
   inpM_BaseSet const* const old = setMap.ConstFindNestedSet(scope, name);
   if (old == nullptr)
   {
-    return read(internal, unsorted);
+    inpM_SetHandle const fresh = read(internal, unsorted);
+    m_bytesHeld += fresh->Bytes();
+    return fresh;
   }
   bool const staysUnsorted = old->IsUnsorted() && unsorted;
   if (old->IsUnsorted() && !unsorted)
@@ -191,8 +194,18 @@ inpM_SetHandle inp_SetVisitor::Accumulate(inpM_SetMap& setMap, cow_String const&
     setMap.InsertNestedSet(scope, name, ConvertToSorted(*old));
   }
   inpM_SetHandle const added = read(internal, staysUnsorted);
+  std::size_t growth = added->Bytes();
+  bool const isMeasured = growth > c_smallBytes; // which is a pass over all blocks
+  std::size_t const before =
+    isMeasured ? setMap.ConstGetNestedSet(scope, name).Bytes() : std::size_t{0};
   setMap.AddToNestedSet(scope, name, *added);
-  return CreateSet(setMap.ConstGetNestedSet(scope, name));
+  inpM_BaseSet const& whole = setMap.ConstGetNestedSet(scope, name);
+  if (isMeasured)
+  {
+    growth = std::max(whole.Bytes(), before) - before;
+  }
+  m_bytesHeld += growth;
+  return CreateSet(whole);
 }
 
 inpM_SetHandle inp_SetVisitor::ReadIdsAndSetNamesAccumulate(inp_Keyword const& keyword,
@@ -269,11 +282,45 @@ void inp_SetVisitor::ProcessInstanceParameter(inp_Keyword& keyword)
   SayFaults(keyword, faults);
 }
 
+void inp_SetVisitor::MakeMixtureSets(inp_Keyword const& keyword)
+{
+  cow_String const scope = CurrentSetScope();
+  cow_List<cow_String> existing;
+  for (int row = 0; scope.Length() > 0 && row < keyword.data.Rows(); ++row)
+  {
+    for (int column = 0; column < keyword.data.Cols(row); ++column)
+    {
+      if (keyword.data.Type(row, column) != inp_Types::inp_STRING)
+      {
+        continue;
+      }
+      cow_String const name = keyword.data.AsString(row, column);
+      if (sets.HasNestedSet(scope, name))
+      {
+        existing.Append(name);
+      }
+      else
+      {
+        AddPartSet(keyword, name, CreateSet(false, true), false);
+      }
+    }
+  }
+  if (existing.Length() > 0)
+  {
+    m_errorList.Append(inp_Utils::MessageInKeyword(
+      keyword, inp_Utils::MessageWithItems(atr_Say(inp_msgSetsExistAlready), existing)));
+  }
+}
+
 void inp_SetVisitor::SayFaults(inp_Keyword const& keyword, Faults const& faults)
 {
   if (faults.invalid.Length() > 0)
   {
     SayItems(inp_msgSetDataInvalid, keyword, faults.invalid);
+  }
+  if (faults.tooLarge.Length() > 0)
+  {
+    SayItems(inp_msgSetsTooLarge, keyword, faults.tooLarge);
   }
   if (faults.missing.Length() > 0)
   {

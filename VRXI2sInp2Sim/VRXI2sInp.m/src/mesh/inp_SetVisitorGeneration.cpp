@@ -10,7 +10,6 @@ namespace
 {
 
 constexpr int c_largestLabel = 999999999;
-constexpr std::size_t c_mostBytes = std::size_t{1} << 30;
 
 bool IsLabel(int id) { return id >= 1 && id <= c_largestLabel; }
 
@@ -41,7 +40,7 @@ inpM_SetHandle inp_SetVisitor::GenerateSet(inp_Keyword const& keyword, bool inte
   VRXBasAssert(CurrentSetScope().Length() > 0, "currentName.Length() > 0");
   inpM_SetHandle set = CreateSet(internal, unsorted);
   Faults faults;
-  std::size_t bytes = 0;
+  std::size_t bytes = m_bytesHeld;
   for (int row = 0; row < keyword.data.Rows(); ++row)
   {
     cow_List<int> integers;
@@ -60,7 +59,7 @@ inpM_SetHandle inp_SetVisitor::GenerateAssemblySet(inp_Keyword const& keyword, b
   VRXBasAssert(CurrentSetScope().Length() == 0, "currentName.Length() == 0");
   inpM_SetHandle set = CreateSet(internal, unsorted);
   Faults faults;
-  std::size_t bytes = 0;
+  std::size_t bytes = m_bytesHeld;
   for (int row = 0; row < keyword.data.Rows(); ++row)
   {
     if (keyword.data.HasValue(row, 0) && keyword.data.HasValue(row, 1))
@@ -132,8 +131,23 @@ void inp_SetVisitor::GenerateRow(inp_Keyword const& keyword, cow_List<int> const
   }
 }
 
-// Rows that are too short, and steps that do not lead to the end, are the generators' to report. An
-// unsorted set grows by every row, a sorted one by what it has not yet.
+// An unsorted set grows by all that is added, a sorted one by what it has not yet.
+bool inp_SetVisitor::TakeRoom(std::size_t added, bool unsorted, std::size_t& bytes) const
+{
+  if (added > mostBytes || bytes > mostBytes - added)
+  {
+    return false;
+  }
+  bytes += unsorted ? added : 0;
+  return true;
+}
+
+bool inp_SetVisitor::TakeRoom(inpM_BaseSet const& added, bool unsorted, std::size_t& bytes) const
+{
+  return TakeRoom(unsorted ? added.CountIds() * sizeof(int) : added.Bytes(), unsorted, bytes);
+}
+
+// Rows that are too short, and steps that do not lead to the end, are the generators' to report.
 bool inp_SetVisitor::CheckRange(inp_Keyword const& keyword, cow_List<int> const& row, bool unsorted,
                                 std::size_t& bytes)
 {
@@ -150,13 +164,11 @@ bool inp_SetVisitor::CheckRange(inp_Keyword const& keyword, cow_List<int> const&
         SetKeywordName());
     return false;
   }
-  std::size_t const added = inpM_BaseSet::EstimateBytes(start, end, step, unsorted);
-  if (added + bytes > c_mostBytes)
+  if (!TakeRoom(inpM_BaseSet::EstimateBytes(start, end, step, unsorted), unsorted, bytes))
   {
     Say(inp_msgGenerationTooLarge, keyword, cow_String(start), cow_String(end), cow_String(step),
         SetKeywordName());
     return false;
   }
-  bytes += unsorted ? added : 0;
   return true;
 }

@@ -93,8 +93,9 @@ inpM_SetHandle inp_SetVisitor::ReadPart(inp_Keyword const& keyword, bool interna
   inpM_BaseSet& members = *set.Get();
   inp_DataArray const& data = keyword.data;
   Faults faults;
+  std::size_t bytes = m_bytesHeld;
   cow_List<int> ids;
-  std::unordered_map<cow_String, inpM_BaseSet const*> named;
+  std::unordered_map<cow_String, inpM_BaseSet const*> named; // null for one that cannot be added
 
   auto const addIds = [&]
   {
@@ -118,11 +119,18 @@ inpM_SetHandle inp_SetVisitor::ReadPart(inp_Keyword const& keyword, bool interna
     {
       faults.missing.Append(name);
     }
-    if (entry->second != nullptr && (isNew || unsorted))
+    if (entry->second == nullptr || !(isNew || unsorted))
     {
-      addIds();
-      members.Add(*entry->second);
+      return;
     }
+    if (!TakeRoom(*entry->second, unsorted, bytes))
+    {
+      faults.tooLarge.Append(name);
+      entry->second = nullptr;
+      return;
+    }
+    addIds();
+    members.Add(*entry->second);
   };
   ForEachCell(data,
               [&](int row, int column, char const* cell)
@@ -158,7 +166,7 @@ class inp_SetVisitor::AssemblyReader
 public:
   AssemblyReader(inp_SetVisitor const& visitor, inpM_SetMap const& setMap,
                  inp_DataArray const& data, inpM_BaseSet& set)
-    : m_visitor(visitor), m_setMap(setMap), m_data(data), m_set(set)
+    : m_visitor(visitor), m_setMap(setMap), m_data(data), m_set(set), m_bytes(visitor.m_bytesHeld)
   {
   }
 
@@ -236,13 +244,17 @@ private:
     {
       return true;
     }
-    if (inpM_BaseSet const* const own = m_setMap.ConstGetMap().ConstFind(name))
+    inpM_BaseSet const* const own = m_setMap.ConstGetMap().ConstFind(name);
+    if (own == nullptr)
+    {
+      return AddSetOfInstance(c_flatInstance, name);
+    }
+    if (HasRoomFor(*own, name))
     {
       Finish();
       m_set.Add(*own);
-      return true;
     }
-    return AddSetOfInstance(c_flatInstance, name);
+    return true;
   }
 
   bool AddScoped(inp_ScopedField const& field)
@@ -269,6 +281,10 @@ private:
     {
       return false;
     }
+    if (!HasRoomFor(*nested, instanceName + "." + name))
+    {
+      return true;
+    }
     Finish();
     if (m_set.IsUnsorted())
     {
@@ -285,6 +301,19 @@ private:
   bool IsAddedAlready(cow_String const& name)
   {
     return !m_set.IsUnsorted() && !m_added.insert(name).second;
+  }
+
+  bool HasRoomFor(inpM_BaseSet const& added, cow_String const& name)
+  {
+    if (m_visitor.TakeRoom(added, m_set.IsUnsorted(), m_bytes))
+    {
+      return true;
+    }
+    if (m_refused.insert(name).second)
+    {
+      faults.tooLarge.Append(name);
+    }
+    return false;
   }
 
   void UseInstance(cow_String const& instanceName)
@@ -321,6 +350,8 @@ private:
   cow_String m_instanceName;
   std::string m_prefix; ///< how a field with an id of m_instanceName begins; empty before the first
   std::unordered_set<cow_String> m_added;
+  std::unordered_set<cow_String> m_refused;
+  std::size_t m_bytes; ///< held, with what an unsorted set gains
 };
 
 inpM_SetHandle inp_SetVisitor::ReadAssembly(inpM_SetMap const& setMap, inp_Keyword const& keyword,

@@ -4,8 +4,6 @@
 #include "inp_SurfaceMessages.h"
 #include "inp_SurfaceVisitorParts.h"
 
-#include <set>
-
 namespace
 {
 
@@ -114,6 +112,8 @@ void inp_SurfaceVisitor::ReadInstanceLevelRows(inp_Keyword const& keyword,
 {
   inp_DataArray const& data = keyword.data;
   Faults faults;
+  Repeats repeats(data, isNodeSurface);
+  inp_SurfaceGrowth<inpM_PartInstanceSurface> growth(surface);
   cow_List<int> ids; // of `place`, not in the surface yet
   Place place;
   auto const add = [&](cow_List<int> const& members)
@@ -126,21 +126,21 @@ void inp_SurfaceVisitor::ReadInstanceLevelRows(inp_Keyword const& keyword,
     {
       static_cast<inpM_ElementFaceIdSurface&>(surface).Add(place.faceId, members);
     }
+    growth.By(members.Length());
   };
   auto const addIds = [&]
   {
     add(ids);
     ids.Clear();
   };
-  std::set<std::pair<inpM_BaseSet const*, Place>> added;
-  auto const readName = [&](cow_String const& name)
+  auto const readName = [&](cow_String const& name, int row)
   {
     auto const* const set = SetsOfKind().ConstFindNestedSet(CurrentScope(), name);
     if (set == nullptr)
     {
       faults.Add(name);
     }
-    else if (added.emplace(set, place).second || isNodeSurface) // a later area stands
+    else if (!repeats.Have(place, row))
     {
       addIds();
       add(set->ConstGetIds());
@@ -167,10 +167,11 @@ void inp_SurfaceVisitor::ReadInstanceLevelRows(inp_Keyword const& keyword,
     }
     else
     {
-      readName(data.AsString(row, 0));
+      readName(data.AsString(row, 0), row);
     }
   }
   addIds();
+  growth.Finish();
   SayMissingSets(keyword, faults);
 }
 

@@ -35,17 +35,17 @@ void inp_SurfaceVisitor::AssemblyRows::Read(int row)
   inp_ScopedField const field(text, m_visitor.m_assemblyName);
   if (field.fits && field.instanceName.Empty())
   {
-    ReadPlain(field.last);
+    ReadPlain(field, row);
   }
   else
   {
-    ReadScoped(field, text);
+    ReadScoped(field, text, row);
   }
 }
 
-void inp_SurfaceVisitor::AssemblyRows::ReadPlain(cow_String const& name)
+void inp_SurfaceVisitor::AssemblyRows::ReadPlain(inp_ScopedField const& field, int row)
 {
-  inp_ScopedField const field(name, cow_String());
+  cow_String const& name = field.last;
   int id = 0;
   if (m_visitor.isNodeSurface && field.GetId(id) && id >= 1)
   {
@@ -57,7 +57,7 @@ void inp_SurfaceVisitor::AssemblyRows::ReadPlain(cow_String const& name)
   {
     faults.Add(name);
   }
-  else if (!IsAddedAlready(name))
+  else if (!m_repeats.Have(m_place, row))
   {
     AddIds();
     AddSetOfAssembly(*set);
@@ -65,7 +65,7 @@ void inp_SurfaceVisitor::AssemblyRows::ReadPlain(cow_String const& name)
 }
 
 void inp_SurfaceVisitor::AssemblyRows::ReadScoped(inp_ScopedField const& field,
-                                                  cow_String const& text)
+                                                  cow_String const& text, int row)
 {
   cow_String const instanceName =
     field.fits ? field.instanceName : inp_Utils::SplitScopedSet(text).ConstGet(0);
@@ -89,7 +89,7 @@ void inp_SurfaceVisitor::AssemblyRows::ReadScoped(inp_ScopedField const& field,
     faults.Add(text);
     return;
   }
-  if (IsAddedAlready(text))
+  if (m_repeats.Have(m_place, row))
   {
     return;
   }
@@ -100,12 +100,7 @@ void inp_SurfaceVisitor::AssemblyRows::ReadScoped(inp_ScopedField const& field,
     piece = MakePiece(m_place, set->ConstGetIds());
   }
   m_surface.Add(instanceName, *piece);
-}
-
-// Elements that are named again bring nothing; nodes may bring another area.
-bool inp_SurfaceVisitor::AssemblyRows::IsAddedAlready(cow_String const& name)
-{
-  return !m_visitor.isNodeSurface && !m_added.emplace(name, m_place).second;
+  m_growth.By(piece->Count());
 }
 
 bool inp_SurfaceVisitor::AssemblyRows::IsInstance(cow_String const& name)
@@ -160,6 +155,7 @@ void inp_SurfaceVisitor::AssemblyRows::AddMembers(cow_String const& instanceName
   {
     m_surface.Add(instanceName, *MakePiece(place, ids));
   }
+  m_growth.By(ids.Length());
 }
 
 inpM_PartInstanceSurfaceHandle

@@ -21,12 +21,17 @@ combineEnm CombinationOf(inp_Keyword const& keyword)
 }
 
 /// Makes one surface of several: the first is the start, the others are applied to it in turn. A surface
-/// that is named again changes nothing, but for the start when it is to be taken away.
+/// that is named again changes nothing, but for the start when it is to be taken away. What is to be taken
+/// away is gathered first.
 template <class Surface>
 class Combination
 {
 public:
-  Combination(combineEnm how, Surface& result) : m_how(how), m_result(result) {}
+  /// Both are empty, and of the kind that is to be made.
+  Combination(combineEnm how, Surface& result, Surface& taken)
+    : m_how(how), m_result(result), m_taken(taken), m_growth(how == c_difference ? taken : result)
+  {
+  }
 
   void Apply(cow_String const& name, Surface const& other)
   {
@@ -41,6 +46,12 @@ public:
     }
   }
 
+  void Finish()
+  {
+    m_growth.Finish();
+    m_result.Difference(m_taken);
+  }
+
 private:
   void Combine(combineEnm how, Surface const& other)
   {
@@ -48,18 +59,22 @@ private:
     {
     case c_union:
       m_result.Add(other);
+      m_growth.By(other.Count());
       break;
     case c_intersection:
       m_result.Intersection(other);
       break;
     case c_difference:
-      m_result.Difference(other);
+      m_taken.Add(other);
+      m_growth.By(other.Count());
       break;
     }
   }
 
   combineEnm m_how;
   Surface& m_result;
+  Surface& m_taken;
+  inp_SurfaceGrowth<Surface> m_growth;
   bool m_hasStart = false;
   std::unordered_set<cow_String> m_applied;
 };
@@ -130,7 +145,10 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
 {
   inpM_PartInstanceSurfaceHandle surface =
     CreateSurface(isNodeSurface ? inpM_nodeSurface : inpM_elementSurface);
-  Combination<inpM_PartInstanceSurface> combination(CombinationOf(keyword), *surface.Get());
+  inpM_PartInstanceSurfaceHandle taken =
+    CreateSurface(isNodeSurface ? inpM_nodeSurface : inpM_elementSurface);
+  Combination<inpM_PartInstanceSurface> combination(CombinationOf(keyword), *surface.Get(),
+                                                    *taken.Get());
   Faults faults;
   ForEachName(keyword.data,
               [&](cow_String const& name)
@@ -145,6 +163,7 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
                   faults.Add(name);
                 }
               });
+  combination.Finish();
   SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
   return surface;
 }
@@ -153,7 +172,8 @@ inpM_AssemblyInstanceSurface
 inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
 {
   inpM_AssemblyInstanceSurface surface;
-  Combination<inpM_AssemblyInstanceSurface> combination(CombinationOf(keyword), surface);
+  inpM_AssemblyInstanceSurface taken;
+  Combination<inpM_AssemblyInstanceSurface> combination(CombinationOf(keyword), surface, taken);
   Faults faults;
   ForEachName(keyword.data,
               [&](cow_String const& name)
@@ -168,6 +188,7 @@ inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
                   faults.Add(name);
                 }
               });
+  combination.Finish();
   SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
   return surface;
 }

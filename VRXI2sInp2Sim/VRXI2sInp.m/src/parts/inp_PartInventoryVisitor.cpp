@@ -127,9 +127,16 @@ void inp_PartInventoryVisitor::VisitPart(inp_Keyword& keyword)
   contents.place = inp_Utils::PlaceOf(keyword);
   if (inp_MapInt2Element const* const ofPart = ElementsOf(elements, m_partName))
   {
+    std::string_view last; // the elements of a keyword share their type's text
     for (inp_MapInt2ElementIT element(*ofPart); !element.IsDone(); element.Next())
     {
-      ElementKind const kind = KindOf(element.CurrentValue().type().View());
+      std::string_view const type = element.CurrentValue().type().View();
+      if (type.data() == last.data() && type.size() == last.size())
+      {
+        continue;
+      }
+      last = type;
+      ElementKind const kind = KindOf(type);
       contents.hasRigidElements |= kind == ElementKind::rigid;
       contents.hasDeformableElements |= kind == ElementKind::deformable;
     }

@@ -2,6 +2,7 @@
 #include "inp_Parser.h"
 #include "inp_ParserExceptions.h"
 #include "inp_ReaderMessages.h"
+#include "inp_Utils.h"
 #include "pnt_debugPrint.h"
 #include "typ_DebugFlags.h"
 
@@ -32,23 +33,15 @@ inp_Item const* FindAbbreviated(inp_Keyword const& keyword, cow_String const& fu
 /// A parameter without a value has no text.
 cow_String TextOf(inp_Item const* item)
 {
-  bool const hasText = item != nullptr && item->Type() != inp_Types::inp_NONE &&
-                       item->Type() != inp_Types::inp_BOOLEAN;
-  return hasText ? item->AsString() : cow_String();
-}
-
-cow_String WithoutQuotes(cow_String const& name)
-{
-  int const length = name.Length();
-  bool const quoted = length > 2 && name.CStr()[0] == '"' && name.CStr()[length - 1] == '"';
-  return quoted ? name.Substr(1, length - 2) : name;
+  return item != nullptr && !item->HasNoValue() ? item->AsString() : cow_String();
 }
 
 } // namespace
 
 cow_List<inp_Keyword> inp_Parser::IncludeFile(inp_Keyword const& includeKeyword, bool strict)
 {
-  cow_String const name = WithoutQuotes(TextOf(FindAbbreviated(includeKeyword, "input")));
+  cow_String const name =
+    inp_Utils::WithoutQuotes(TextOf(FindAbbreviated(includeKeyword, "input")));
   cow_String const password = TextOf(FindAbbreviated(includeKeyword, "password"));
   int startLine = 0;
   int endLine = 0;

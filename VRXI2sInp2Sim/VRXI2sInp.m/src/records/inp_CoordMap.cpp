@@ -81,7 +81,7 @@ inp_CoordMap const& inp_CoordMap::ConstGet(cow_String const& instanceName) const
 inp_CoordMap& inp_CoordMap::Get(cow_String const& instanceName)
 {
   VRXBasAssert(IsMember(instanceName), "IsMember(instanceName)");
-  return *instances.Get(instanceName).Get();
+  return *instances.Find(instanceName)->Get();
 }
 
 bool inp_CoordMap::Remove(int label)
@@ -92,7 +92,7 @@ bool inp_CoordMap::Remove(int label)
 int inp_CoordMap::Count() const
 {
   int count = nodes->Size();
-  cow_ConstMapIterator<cow_String, Handle> it(instances);
+  cow_BtreeIterator<cow_String, Handle> it(instances);
   for (it.First(); !it.IsDone(); it.Next())
   {
     count += it.CurrentValue()->Count();
@@ -103,7 +103,7 @@ int inp_CoordMap::Count() const
 cow_List<cow_String> inp_CoordMap::Instances() const
 {
   cow_List<cow_String> names;
-  cow_ConstMapSortedIt<cow_String, Handle> it(instances);
+  cow_BtreeIterator<cow_String, Handle> it(instances);
   for (it.First(); !it.IsDone(); it.Next())
   {
     names.Append(it.CurrentKey());
@@ -117,9 +117,17 @@ void inp_CoordMap::ChangeInstanceName(cow_String const& from, cow_String const& 
   {
     return;
   }
-  Handle const child = instances.ConstGet(from);
-  instances.Remove(from);
-  instances.Insert(to, child);
+  cow_Btree<cow_String, Handle> renamed;
+  renamed.InsertUnlessMember(to, *instances.ConstFind(from));
+  cow_BtreeIterator<cow_String, Handle> it(instances);
+  for (it.First(); !it.IsDone(); it.Next())
+  {
+    if (it.CurrentKey() != from)
+    {
+      renamed.InsertUnlessMember(it.CurrentKey(), it.CurrentValue());
+    }
+  }
+  instances = renamed;
 }
 
 // The names are gathered first, here and below: a walk over the children shares them, and a write
@@ -188,7 +196,7 @@ void inp_CoordMap::Print(aio_ostream& stream) const
   {
     stream << it.CurrentKey() << '\n';
   }
-  cow_ConstMapSortedIt<cow_String, Handle> child(instances);
+  cow_BtreeIterator<cow_String, Handle> child(instances);
   for (child.First(); !child.IsDone(); child.Next())
   {
     stream << child.CurrentKey().View() << '\n';

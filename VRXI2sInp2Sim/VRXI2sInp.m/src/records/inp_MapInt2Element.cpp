@@ -220,7 +220,7 @@ inpM_IdMap inpM_InstanceMap<inp_MapInt2Element>::Renumber(int first, bool keepId
   }
   for (cow_String const& name : Instances())
   {
-    inpM_IdMap const below = instances->Get(name).Renumber(next, keepIds);
+    inpM_IdMap const below = instances->Find(name)->Renumber(next, keepIds);
     next += below.NumberIds();
     ids.Insert(name, below);
   }

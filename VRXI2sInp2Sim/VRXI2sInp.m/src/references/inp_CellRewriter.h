@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inp_CharacterWord.h"
 #include "inp_Columns.h"
 #include "inp_Keyword.h"
 #include "inp_RawDataArrayImpl.h"
@@ -15,22 +16,41 @@
 class inp_CellRewriter
 {
 public:
-  explicit inp_CellRewriter(inp_Keyword const& keyword)
-    : m_data(keyword.data), m_rows(dynamic_cast<inp_RawDataArrayImpl*>(&m_data.Impl()))
+  /// Where `mark` is not NUL, rows that have it nowhere may stay as they are.
+  explicit inp_CellRewriter(inp_Keyword const& keyword, char mark = '\0')
+    : m_data(keyword.data),
+      m_rows(dynamic_cast<inp_RawDataArrayImpl*>(&m_data.Impl())),
+      m_mark(mark)
   {
   }
 
   int Rows() const { return m_rows != nullptr ? m_rows->Rows() : 0; }
   int Cols(int row) const { return m_rows->Cols(row); }
+  /// A cell that is there, as it is stored.
+  char const* Cell(int row, int column) const
+  {
+    char const* cell = m_rows->RowText(row);
+    for (; column > 0; --column)
+    {
+      cell += std::strlen(cell) + 1;
+    }
+    return cell;
+  }
 
-  /// For each chosen cell of a row of which `wants` says yes (it sees the cell as stored), `fix`
-  /// makes a text of the cell's text. Cells whose text stays are not touched.
+  /// For each chosen cell of a row of which `wants` says yes, `fix` makes a text of the cell's text.
+  /// Cells whose text stays are not touched. `wants` sees the cell as stored, and may rewrite it
+  /// there and say no.
   template <class Wants, class Fix>
   void Row(int row, inp_Columns const& columns, Wants const& wants, Fix const& fix)
   {
+    // Of a few cells each is soon looked at.
+    if (m_mark != '\0' && columns.IsAll() && !HasMark(row))
+    {
+      return;
+    }
     m_changed.clear();
     int const end = std::min(Cols(row), columns.IsAll() ? INT_MAX : columns.End());
-    char const* cell = m_rows->RowText(row);
+    char* cell = m_rows->RowText(row);
     for (int column = 0; column < end; ++column)
     {
       if (columns.Has(column) && wants(cell))
@@ -58,7 +78,7 @@ public:
     {
       int at = 0;
       Row(
-        row, inp_Columns::All(), [&](char const*) { return at++ == column; }, fix);
+        row, inp_Columns::All(), [&](char*) { return at++ == column; }, fix);
     }
   }
 
@@ -74,8 +94,25 @@ public:
   }
 
 private:
+  // A row is whole words, with NUL behind its last cell.
+  bool HasMark(int row) const
+  {
+    char const* at = m_rows->RowText(row);
+    for (int cells = Cols(row); cells > 0; at += c_charactersOfWord)
+    {
+      inp_CharacterWord const word = inp_LoadWord(at);
+      if (inp_Zeros(word ^ inp_Each(m_mark)) != 0)
+      {
+        return true;
+      }
+      cells -= inp_CountOf(inp_Zeros(word));
+    }
+    return false;
+  }
+
   inp_DataArray m_data; // keeps the rows, whatever becomes of the keyword
   inp_RawDataArrayImpl* m_rows;
+  char m_mark;
   std::vector<inp_RawDataArrayImpl::NewCell> m_changed;
 };
 

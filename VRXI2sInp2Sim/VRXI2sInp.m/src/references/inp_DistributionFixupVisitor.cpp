@@ -1,38 +1,12 @@
 #include "inp_DistributionFixupVisitor.h"
 
-#include "inp_PlaceRows.h"
 #include "inp_PlaceRules.h"
 
 #include <algorithm>
 
-namespace
-{
-
-#define INP_PLACES INP_PLACES_ARRAY
-#include "inp_DistributionReferences.def"
-
-} // namespace
-
-#define INP_PLACES(stem, ...)                                                                      \
-  void inp_DistributionFixupVisitor::Visit##stem(inp_Keyword& keyword)                             \
-  {                                                                                                \
-    ReplacePlaces(keyword, placesOf##stem);                                                        \
-  }
-#define INP_PLACES_BY_HAND(stem, ...)
-#include "inp_DistributionReferences.def"
-
-inp_ReferencePlace const* inp_DistributionFixupVisitor::Places(inp_KeywordEnm keyword)
-{
-  switch (static_cast<int>(keyword))
-  {
-#define INP_PLACES(stem, ...)                                                                      \
-  case inp_kw##stem:                                                                               \
-    return placesOf##stem;
-#include "inp_DistributionReferences.def"
-  default:
-    return nullptr;
-  }
-}
+#define INP_PLACES_VISITOR inp_DistributionFixupVisitor
+#define INP_PLACES_TABLE "inp_DistributionReferences.def"
+#include "inp_PlaceHandlers.def"
 
 namespace
 {

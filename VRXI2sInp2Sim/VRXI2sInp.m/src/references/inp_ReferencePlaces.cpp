@@ -124,6 +124,10 @@ cow_String ConditionOf(inp_PlaceCondition const& condition)
 
 std::vector<inp_ReferencePlace> inp_ReferencePlaces(inp_KeywordEnm keyword)
 {
+  if (keyword == inp_kwModalPrint)
+  {
+    keyword = inp_kwPrint; // the operation that serves both
+  }
   std::vector<inp_ReferencePlace> places;
   for (auto const* place :
        {inp_SetFixupVisitor::Places(keyword), inp_SurfaceFixupVisitor::Places(keyword),

@@ -27,24 +27,12 @@ cow_String inp_SetFixupVisitor::Fixed(inp_Keyword const& keyword, cow_String con
                                       inpM_SetMap const& setMap, inpM_IdMap const& idMap,
                                       inp_SetType setType, cow_String const& parameterName)
 {
-  try
-  {
-    return FixupIdOrSet(keyword, value, setMap, idMap, m_assemblyName, m_instanceName, m_partName,
-                        setType, parameterName);
-  }
-  catch (inp_MemoryException const&)
-  {
-    throw;
-  }
-  catch (inp_ElementUndefinedNodesError const&)
-  {
-    throw;
-  }
-  catch (nex_AtrException const& fault)
-  {
-    m_errorList.Append(inp_Utils::MessageInKeyword(keyword, fault.Value()));
-  }
-  return value;
+  return FixedOrReported(keyword, value,
+                         [&]
+                         {
+                           return FixupIdOrSet(keyword, value, setMap, idMap, m_assemblyName,
+                                               m_instanceName, m_partName, setType, parameterName);
+                         });
 }
 
 cow_String inp_SetFixupVisitor::ReplaceNodeOrNset(inp_Keyword& keyword, cow_String const& value)
@@ -84,19 +72,19 @@ void inp_SetFixupVisitor::ReplaceIdOrSetData(inp_Keyword& keyword, inp_Columns c
                                              inpM_SetMap const& setMap, inpM_IdMap const& idMap,
                                              int rowStep, inp_SetType setType)
 {
-  inp_CellRewriter cells(keyword);
+  inp_CellRewriter cells(keyword, NameMark());
   cells.EveryRow(
-    0, cells.Rows(), rowStep, columns, [this](char const* cell) { return MayChange(cell); },
+    0, cells.Rows(), rowStep, columns, [this](char* cell) { return !RewriteInPlace(cell); },
     [&](cow_String const& text) { return Fixed(keyword, text, setMap, idMap, setType, ""); });
 }
 
 void inp_SetFixupVisitor::ReplaceIdOrSetAllData(inp_Keyword& keyword, inpM_SetMap const& setMap,
                                                 inpM_IdMap const& idMap)
 {
-  inp_CellRewriter cells(keyword);
+  inp_CellRewriter cells(keyword, NameMark());
   cells.EveryRow(
     0, cells.Rows(), 1, inp_Columns::All(),
-    [this](char const* cell) { return MayChange(cell) && !inp_RawDataArrayImpl::IsNoneCell(cell); },
+    [this](char* cell) { return !inp_RawDataArrayImpl::IsNoneCell(cell) && !RewriteInPlace(cell); },
     [&](cow_String const& text) { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
 }
 
@@ -153,17 +141,6 @@ void inp_SetFixupVisitor::ReplaceElementOrElsetAllData(inp_Keyword& keyword)
 
 // ------------------------------------------------------------------------------------ by the table
 
-void inp_SetFixupVisitor::ReplacePlaces(inp_Keyword& keyword, inp_ReferencePlace const* place)
-{
-  for (; place->what != inp_noReference; ++place)
-  {
-    if (inp_PlaceCounts(*place, keyword))
-    {
-      ReplacePlace(keyword, *place);
-    }
-  }
-}
-
 void inp_SetFixupVisitor::ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place)
 {
   if (place.parameter != nullptr)
@@ -213,12 +190,13 @@ cow_String inp_SetFixupVisitor::ReplaceValue(inp_Keyword& keyword, inp_reference
 
 void inp_SetFixupVisitor::ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlace const& place)
 {
-  auto const wants = [&](char const* cell)
+  auto const wants = [&](char* cell)
   {
-    return MayChange(cell) && !inp_RawDataArrayImpl::IsNoneCell(cell) &&
-           (!place.isText || inp_RawDataArrayImpl::TypeOfCell(cell) == inp_Types::inp_STRING);
+    return !inp_RawDataArrayImpl::IsNoneCell(cell) &&
+           (!place.isText || inp_RawDataArrayImpl::TypeOfCell(cell) == inp_Types::inp_STRING) &&
+           !RewriteInPlace(cell);
   };
-  inp_CellRewriter cells(keyword);
+  inp_CellRewriter cells(keyword, NameMark());
   int const end = place.lastLine > 0 ? std::min(place.lastLine, cells.Rows()) : cells.Rows();
   for (int row = place.firstLine - 1; row < end; ++row)
   {

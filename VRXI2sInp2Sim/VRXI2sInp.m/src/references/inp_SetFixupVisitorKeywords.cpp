@@ -1,51 +1,33 @@
 // The handlers of the keywords: a row of the table each, and what is more than a row.
 
 #include "inp_CellRewriter.h"
-#include "inp_PlaceRows.h"
 #include "inp_SetFixupVisitor.h"
+
+#define INP_PLACES_VISITOR inp_SetFixupVisitor
+#define INP_PLACES_TABLE "inp_SetReferences.def"
+#include "inp_PlaceHandlers.def"
 
 namespace
 {
 
-#define INP_PLACES INP_PLACES_ARRAY
-#include "inp_SetReferences.def"
-
 /// The line goes on in the next: loads that follow the rotation of a structure have its data there.
-bool GoesOn(inp_DataArray const& data, int row)
+bool GoesOn(inp_CellRewriter const& cells, int row)
 {
-  if (data.Cols(row) < 2)
+  char const* type = cells.Cols(row) >= 2 ? cells.Cell(row, 1) : "";
+  while (*type == ' ' || *type == '\t' || *type == '\r')
+  {
+    ++type;
+  }
+  // Most loads have a number here, which is told without a text.
+  if ((*type | 0x20) != 't')
   {
     return false;
   }
-  cow_String const type = data.AsString(row, 1);
-  return type == "TFD" || type == "TWD" || type == "TSI";
+  cow_String const text = inp_RawDataArrayImpl::TextOfCell(type);
+  return text == "TFD" || text == "TWD" || text == "TSI";
 }
 
 } // namespace
-
-#define INP_PLACES(stem, ...)                                                                      \
-  void inp_SetFixupVisitor::Visit##stem(inp_Keyword& keyword)                                      \
-  {                                                                                                \
-    ReplacePlaces(keyword, placesOf##stem);                                                        \
-  }
-#define INP_PLACES_BY_HAND(stem, ...)
-#include "inp_SetReferences.def"
-
-inp_ReferencePlace const* inp_SetFixupVisitor::Places(inp_KeywordEnm keyword)
-{
-  switch (static_cast<int>(keyword))
-  {
-  case inp_kwModalPrint:
-    return placesOfPrint;
-#define INP_PLACES_UNREACHED(stem, ...)
-#define INP_PLACES(stem, ...)                                                                      \
-  case inp_kw##stem:                                                                               \
-    return placesOf##stem;
-#include "inp_SetReferences.def"
-  default:
-    return nullptr;
-  }
-}
 
 // *CLOAD row: node or node set, degree of freedom or type, magnitude, ...
 void inp_SetFixupVisitor::VisitCload(inp_Keyword& keyword)
@@ -54,9 +36,9 @@ void inp_SetFixupVisitor::VisitCload(inp_Keyword& keyword)
   for (int row = 0; row < cells.Rows(); ++row)
   {
     cells.Row(
-      row, placesOfCload->columns, [this](char const* cell) { return MayChange(cell); },
+      row, placesOfCload->columns, [this](char* cell) { return !RewriteInPlace(cell); },
       [&](cow_String const& text) { return ReplaceNodeOrNset(keyword, text); });
-    row += GoesOn(keyword.data, row) ? 1 : 0;
+    row += GoesOn(cells, row) ? 1 : 0;
   }
 }
 

@@ -1,14 +1,13 @@
 #include "inp_SurfaceFixupVisitor.h"
 
 #include "inp_CellRewriter.h"
-#include "inp_PlaceRows.h"
-#include "inp_PlaceRules.h"
+
+#define INP_PLACES_VISITOR inp_SurfaceFixupVisitor
+#define INP_PLACES_TABLE "inp_SurfaceReferences.def"
+#include "inp_PlaceHandlers.def"
 
 namespace
 {
-
-#define INP_PLACES INP_PLACES_ARRAY
-#include "inp_SurfaceReferences.def"
 
 bool BeginsWithNumber(inp_DataArray const& data, inp_numbersEnm kind)
 {
@@ -23,76 +22,44 @@ bool BeginsWithNumber(inp_DataArray const& data, inp_numbersEnm kind)
 
 } // namespace
 
-#define INP_PLACES(stem, ...)                                                                      \
-  void inp_SurfaceFixupVisitor::Visit##stem(inp_Keyword& keyword)                                  \
-  {                                                                                                \
-    ReplacePlaces(keyword, placesOf##stem);                                                        \
-  }
-#include "inp_SurfaceReferences.def"
-
-inp_ReferencePlace const* inp_SurfaceFixupVisitor::Places(inp_KeywordEnm keyword)
+void inp_SurfaceFixupVisitor::ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place)
 {
-  switch (static_cast<int>(keyword))
+  if (place.parameter != nullptr)
   {
-#define INP_PLACES(stem, ...)                                                                      \
-  case inp_kw##stem:                                                                               \
-    return placesOf##stem;
-#include "inp_SurfaceReferences.def"
-  default:
-    return nullptr;
+    ReplaceSurfaceParameter(keyword, place.parameter);
+  }
+  else if (place.columns.IsAll())
+  {
+    ReplaceSurfaceAllData(keyword);
+  }
+  else
+  {
+    ReplaceSurfaceData(keyword, place.columns, place.stepLines,
+                       BeginsWithNumber(keyword.data, place.numbers) ? 1 : 0);
   }
 }
 
-void inp_SurfaceFixupVisitor::ReplacePlaces(inp_Keyword& keyword, inp_ReferencePlace const* place)
+cow_String inp_SurfaceFixupVisitor::Fixed(cow_String const& name)
 {
-  for (; place->what != inp_noReference; ++place)
-  {
-    if (!inp_PlaceCounts(*place, keyword))
-    {
-      continue;
-    }
-    if (place->parameter != nullptr)
-    {
-      ReplaceSurfaceParameter(keyword, place->parameter);
-    }
-    else if (place->columns.IsAll())
-    {
-      ReplaceSurfaceAllData(keyword);
-    }
-    else
-    {
-      ReplaceSurfaceData(keyword, place->columns, place->stepLines,
-                         BeginsWithNumber(keyword.data, place->numbers) ? 1 : 0);
-    }
-  }
-}
-
-void inp_SurfaceFixupVisitor::ReplaceRows(inp_Keyword& keyword, inp_Columns const& columns,
-                                          int rowStep, int firstRow)
-{
-  inp_CellRewriter cells(keyword);
-  cells.EveryRow(
-    firstRow, cells.Rows(), rowStep, columns,
-    [this](char const* cell) { return MayChange(cell) && !inp_RawDataArrayImpl::IsNoneCell(cell); },
-    [this](cow_String const& text)
-    { return FixupSurfaceName(text, m_instanceName, m_assemblyName, m_partName); });
+  return FixupSurfaceName(name, m_instanceName, m_assemblyName, m_partName);
 }
 
 void inp_SurfaceFixupVisitor::ReplaceSurfaceData(inp_Keyword& keyword, inp_Columns const& columns,
                                                  int rowStep, int firstRow)
 {
-  ReplaceRows(keyword, columns, rowStep, firstRow);
+  inp_CellRewriter cells(keyword, NameMark());
+  cells.EveryRow(
+    firstRow, cells.Rows(), rowStep, columns,
+    [this](char* cell) { return !inp_RawDataArrayImpl::IsNoneCell(cell) && !RewriteInPlace(cell); },
+    [this](cow_String const& text) { return Fixed(text); });
 }
 
 void inp_SurfaceFixupVisitor::ReplaceSurfaceAllData(inp_Keyword& keyword)
 {
-  ReplaceRows(keyword, inp_Columns::All(), 1, 0);
+  ReplaceSurfaceData(keyword, inp_Columns::All(), 1, 0);
 }
 
 void inp_SurfaceFixupVisitor::ReplaceSurfaceParameter(inp_Keyword& keyword, cow_String const& name)
 {
-  inp_RewriteParameter(keyword, name,
-                       [this](cow_String const& text) {
-                         return FixupSurfaceName(text, m_instanceName, m_assemblyName, m_partName);
-                       });
+  inp_RewriteParameter(keyword, name, [this](cow_String const& text) { return Fixed(text); });
 }

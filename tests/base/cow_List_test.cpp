@@ -60,10 +60,8 @@ TEST(cow_List, HintDecidesBlocksAndDirectory)
   {
     int hint, blockSize, directorySize;
   } const cases[] = {
-    {0, 16, 0},        {1, 16, 16},          {16, 16, 16},      {255, 16, 16},
-    {256, 32, 24},     {300, 32, 26},        {384, 32, 28},     {511, 32, 32},
-    {512, 64, 24},     {16384, 2048, 24},    {16385, 2048, 25}, {20000, 2048, 26},
-    {32767, 2048, 32}, {1000000, 65536, 32},
+    {0, 16, 0},    {1, 16, 16},   {255, 16, 16},     {256, 32, 24},     {300, 32, 26},
+    {511, 32, 32}, {512, 64, 24}, {16385, 2048, 25}, {32767, 2048, 32}, {1000000, 65536, 32},
   };
   for (auto const& c : cases)
   {
@@ -92,27 +90,11 @@ TEST(cow_List, WriteCopiesTheTouchedBlockOnly)
   EXPECT_EQ(&list.ConstGet(0), own) << "a block that is its own already stays where it is";
 
   list.Append(100);
-  EXPECT_EQ(copy.Length(), 100);
   EXPECT_NE(&list.ConstGet(99), &copy.ConstGet(99));
-  EXPECT_EQ(&list.ConstGet(40), &copy.ConstGet(40));
-}
-
-TEST(cow_List, ShrinkingASharedListLeavesTheOtherWhole)
-{
-  int const before = Item::live;
-  {
-    cow_List<Item> list;
-    list.Fill(40, Item(5));
-    cow_List<Item> const copy = list;
-    list.Resize(20);
-    EXPECT_EQ(list.Length(), 20);
-    EXPECT_EQ(copy.Length(), 40);
-    EXPECT_EQ(copy[39].Value(), 5);
-    EXPECT_EQ(&list.ConstGet(3), &copy.ConstGet(3));
-    EXPECT_NE(&list.ConstGet(16), &copy.ConstGet(16)) << "the block with the new end";
-    EXPECT_EQ(Item::live - before, 44);
-  }
-  EXPECT_EQ(Item::live, before);
+  list.Resize(40);
+  EXPECT_EQ(copy.Length(), 100);
+  EXPECT_NE(&list.ConstGet(39), &copy.ConstGet(39)) << "the block with the new end";
+  EXPECT_EQ(&list.ConstGet(31), &copy.ConstGet(31));
 }
 
 TEST(cow_List, ResizeMakesNoItemsAndZeroResetsTheShape)
@@ -130,16 +112,12 @@ TEST(cow_List, ResizeMakesNoItemsAndZeroResetsTheShape)
   EXPECT_EQ(list.FirstOffset(), 0);
   list.Append(3);
   EXPECT_EQ(Text(list), "3 ");
-}
 
-TEST(cow_List, PrependGoesToTheEndOfTheDirectory)
-{
-  cow_List<int> list = Numbers(20); // two blocks of sixteen slots
-  list.Prepend(-1);
-  EXPECT_EQ(list.FirstOffset(), 14 * 16 - 1);
-  EXPECT_EQ(list.Length(), 21);
-  EXPECT_EQ(list[0], -1);
-  EXPECT_EQ(list.Last(), 19);
+  cow_List<int> twoBlocks = Numbers(20);
+  twoBlocks.Prepend(-1);
+  EXPECT_EQ(twoBlocks.FirstOffset(), 14 * 16 - 1) << "to the end of the directory";
+  EXPECT_EQ(twoBlocks[0], -1);
+  EXPECT_EQ(twoBlocks.Last(), 19);
 }
 
 TEST(cow_List, InsertAndRemoveMoveTheShorterSide)
@@ -171,8 +149,7 @@ TEST(cow_List, SliceCutsItsBoundsToTheList)
     int lo, hi;
     char const* items;
   } const cases[] = {
-    {0, 3, "0 1 2 "}, {-4, 2, "0 1 "}, {7, 99, "7 8 9 "}, {5, 2, ""},
-    {20, 30, ""},     {3, 3, ""},      {-5, -2, ""},      {0, 10, "0 1 2 3 4 5 6 7 8 9 "},
+    {-4, 2, "0 1 "}, {7, 99, "7 8 9 "}, {5, 2, ""}, {20, 30, ""}, {-5, -2, ""},
   };
   cow_List<int> const list = Numbers(10);
   for (auto const& c : cases)
@@ -229,8 +206,6 @@ TEST(cow_List, ArraysAndMembership)
   EXPECT_EQ(count, 4);
   EXPECT_EQ(copies[1], 9);
   delete[] copies;
-  list.Fill(2, 5);
-  EXPECT_EQ(list.Length(), 4);
 }
 
 // Four lists and four deques go through the same random operations; copies among the four keep blocks
@@ -257,17 +232,11 @@ TEST(cow_List, BehavesAsADeque)
       switch (operation)
       {
       case 0:
-        for (int i = below(40); i >= 0; --i)
-        {
-          list.Append(Item(i));
-          model.push_back(i);
-        }
-        break;
       case 1:
         for (int i = below(40); i >= 0; --i)
         {
-          list.Prepend(Item(i));
-          model.push_front(i);
+          operation == 0 ? list.Append(Item(i)) : list.Prepend(Item(i));
+          operation == 0 ? model.push_back(i) : model.push_front(i);
         }
         break;
       case 2:
@@ -282,8 +251,8 @@ TEST(cow_List, BehavesAsADeque)
         break;
       case 5:
         list.Concatenate(lists[3]);
-        for (int i = 0, n = static_cast<int>(models[3].size()); i < n; ++i)
-          model.push_back(models[3][static_cast<std::size_t>(i)]);
+        for (std::size_t i = 0, n = models[3].size(); i < n; ++i)
+          model.push_back(models[3][i]);
         break;
       case 6:
         list.InsertIndex(at, Item(step));

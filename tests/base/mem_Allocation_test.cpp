@@ -26,9 +26,11 @@ bool HoldsItsMark(Block const& block)
                      [&](unsigned char byte) { return byte == block.mark; });
 }
 
-Block Take(std::size_t size, unsigned char mark)
+using Taking = void* (*)(std::size_t);
+
+Block Take(std::size_t size, unsigned char mark, Taking taking = mem_Malloc)
 {
-  Block const block{static_cast<unsigned char*>(mem_Malloc(size)), size, mark};
+  Block const block{static_cast<unsigned char*>(taking(size)), size, mark};
   std::memset(block.bytes, mark, size);
   return block;
 }
@@ -38,6 +40,35 @@ std::size_t RandomSize(std::mt19937& random)
 {
   std::size_t const limits[] = {24, 120, 120, 520, 2000, 30000, 200000};
   return random() % limits[random() % 7];
+}
+
+// More than a slab of many sizes, some in order, and some of these too long for it.
+std::vector<Block> TakeMany()
+{
+  std::vector<Block> blocks;
+  for (std::size_t i = 0; i < 5000; ++i)
+    blocks.push_back(Take(i % 50 == 0   ? 21000
+                          : i % 40 == 0 ? 5000
+                                        : 1 + 37 * i % 700,
+                          static_cast<unsigned char>(i),
+                          i % 3 == 0 ? mem_Malloc : mem_MallocInOrder));
+  return blocks;
+}
+
+bool HoldTheirMarks(std::vector<Block> const& blocks)
+{
+  return std::all_of(blocks.begin(), blocks.end(), HoldsItsMark);
+}
+
+void GiveBack(std::vector<Block> const& blocks, bool atOnce)
+{
+  std::vector<void*> all;
+  for (Block const& block : blocks)
+    all.insert(all.end(), {block.bytes, nullptr});
+  if (atOnce)
+    mem_FreeAll(all.data(), all.size());
+  else
+    std::for_each(all.begin(), all.end(), mem_Free);
 }
 
 } // namespace
@@ -70,11 +101,8 @@ TEST(mem_Allocation, RandomBlocksKeepTheirContent)
       blocks.pop_back();
     }
   }
-  for (Block const& block : blocks)
-  {
-    EXPECT_TRUE(HoldsItsMark(block));
-    mem_Free(block.bytes);
-  }
+  EXPECT_TRUE(HoldTheirMarks(blocks));
+  GiveBack(blocks, true);
 }
 
 TEST(mem_Allocation, BlocksAreAlignedAndAsLargeAsTheySay)
@@ -100,43 +128,65 @@ TEST(mem_Allocation, BlocksAreAlignedAndAsLargeAsTheySay)
   }
 }
 
-TEST(mem_Allocation, LiveBlocksNeverOverlap)
+TEST(mem_Allocation, ThreadsFreeEachOthersBlocksWhichNeverOverlap)
 {
-  std::vector<Block> blocks;
-  for (std::size_t size : {std::size_t{8}, std::size_t{48}, std::size_t{512}, std::size_t{21000}})
-    for (int i = 0; i < 3000 && i * size < 4000000; ++i)
-      blocks.push_back(Take(size, static_cast<unsigned char>(i)));
-  EXPECT_TRUE(std::all_of(blocks.begin(), blocks.end(), HoldsItsMark));
-  for (Block const& block : blocks)
-    mem_Free(block.bytes);
-}
-
-TEST(mem_Allocation, ThreadsFreeEachOthersBlocks)
-{
-  std::vector<Block> blocks;
-  for (int i = 0; i < 5000; ++i)
-    blocks.push_back(Take(40 + static_cast<std::size_t>(i) % 60, static_cast<unsigned char>(i)));
-  bool intact = true;
-  std::vector<Block> made;
-  std::thread other(
-    [&]
-    {
-      for (Block const& block : blocks)
+  for (bool const atOnce : {false, true})
+  {
+    std::vector<Block> const mine = TakeMany();
+    std::vector<Block> others;
+    bool intact = false;
+    std::thread(
+      [&]
       {
-        intact = intact && HoldsItsMark(block);
-        mem_Free(block.bytes);
-      }
-      for (int i = 0; i < 5000; ++i)
-        made.push_back(Take(40 + static_cast<std::size_t>(i) % 60, static_cast<unsigned char>(i)));
-    });
-  other.join();
-  EXPECT_TRUE(intact);
-  EXPECT_TRUE(std::all_of(made.begin(), made.end(), HoldsItsMark));
-  for (Block const& block : made)
-    mem_Free(block.bytes);
+        intact = HoldTheirMarks(mine);
+        GiveBack(mine, atOnce);
+        others = TakeMany();
+      })
+      .join();
+    EXPECT_TRUE(intact);
+    EXPECT_TRUE(HoldTheirMarks(others));
+    GiveBack(others, atOnce);
+  }
+  mem_FreeAll(nullptr, 0);
 }
 
 #if !MEM_PLAIN_ALLOCATION
+TEST(mem_Allocation, ASlabInOrderServesAgainWhenItsLastBlockIsBack)
+{
+  for (bool const threadEnds : {false, true})
+  {
+    std::vector<void*> blocks;
+    auto const take = [&]
+    {
+      for (int i = 0; i < 500; ++i)
+        blocks.push_back(mem_MallocInOrder(1000));
+    };
+    if (threadEnds)
+      std::thread(take).join();
+    else
+      take();
+    std::set<mem_Slab*> slabs;
+    for (void* const block : blocks)
+      slabs.insert(mem_SlabOf(block));
+    ASSERT_GE(slabs.size(), 8U);
+    void* const kept = std::exchange(blocks.front(), nullptr);
+    mem_FreeAll(blocks.data(), blocks.size());
+    slabs.erase(mem_SlabOf(kept));
+    if (!threadEnds)
+      slabs.erase(mem_SlabOf(blocks.back())); // still being carved
+    std::set<mem_Slab*> again;
+    std::vector<void*> wide;
+    for (std::size_t i = 0; i < slabs.size(); ++i)
+    {
+      wide.push_back(mem_Malloc(60000));
+      again.insert(mem_SlabOf(wide.back()));
+    }
+    EXPECT_EQ(again, slabs) << threadEnds;
+    mem_Free(kept);
+    mem_FreeAll(wide.data(), wide.size());
+  }
+}
+
 TEST(mem_Allocation, WhatEndedThreadsFreedIsUsedAgain)
 {
   constexpr std::size_t size = 400;

@@ -1,9 +1,5 @@
 #include "Inpdeck.h"
 
-#include <fstream>
-#include <pty.h>
-#include <sys/stat.h>
-
 namespace
 {
 
@@ -213,37 +209,6 @@ TEST_F(Diagnostics, TheSummaryNamesTheFilesOfTheDeck)
                                "  Keywords                  3   2 kinds\n";
   std::string const summary = Run({"check", "deck.inp"}).out;
   EXPECT_NE(summary.find(expected), std::string::npos) << summary;
-}
-
-TEST_F(Diagnostics, ALineOnTheTerminalTellsOfALongRun)
-{
-  files.Write("deck.inp", "*INCLUDE, INPUT=slow.inp\n");
-  ASSERT_EQ(::mkfifo(files.Path("slow.inp").c_str(), 0600), 0);
-  int terminal = -1;
-  int program = -1;
-  ASSERT_EQ(::openpty(&terminal, &program, nullptr, nullptr, nullptr), 0);
-  Program run = InFolder();
-  run.ErrorTo(program).Environment("TERM", "xterm");
-  pid_t const child = run.Start({"check", "deck.inp"});
-  ::close(program);
-  std::string shown;
-  for (char c; shown.find("1 s") == std::string::npos && ::read(terminal, &c, 1) == 1;)
-  {
-    shown += c;
-  }
-  std::ofstream(files.Path("slow.inp")) << "*NODE, NSTE=ALL\n1, 0.\n";
-  run.Finish(child);
-  for (char c; ::read(terminal, &c, 1) == 1;)
-  {
-    shown += c;
-  }
-  ::close(terminal);
-  std::string const line = "\r\033[Kdeck.inp: parse, 1 s";
-  EXPECT_EQ(shown.substr(0, line.size()), line);
-  // Cleared before anything else is written there.
-  std::size_t const message = shown.find("slow.inp:1");
-  ASSERT_NE(message, std::string::npos) << shown;
-  EXPECT_NE(shown.find("s\r\033[K", message - 30), std::string::npos) << shown;
 }
 
 TEST_F(Diagnostics, TimingsNameTheStages)

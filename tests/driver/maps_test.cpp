@@ -76,9 +76,9 @@ TEST_F(Maps, ElementsBetweenInstancesNameTheirNodesByNumber)
                                           "3, LEFT.8, 100\n");
   files.Write("cart.inp", deck);
   ProgramRun const run = Run({"dump", "--what", "maps", "cart.inp"});
-  EXPECT_EQ(run.err, "cart.inp:21: error: in keyword *ELEMENT, file \"cart.inp\", line 21: Unknown "
+  EXPECT_EQ(run.err, "cart.inp:22: error: in keyword *ELEMENT, file \"cart.inp\", line 22: Unknown "
                      "local ID 8 in instance LEFT\n"
-                     "   21 | *ELEMENT, TYPE=SPRINGA, ELSET=SPRINGS\n");
+                     "   22 | *ELEMENT, TYPE=SPRINGA, ELSET=SPRINGS\n");
   nlohmann::json const maps = nlohmann::json::parse(run.out);
   EXPECT_EQ(maps["nodeIds"].dump(), R"({"":{"100":1},"LEFT":{"1":2,"2":3,"7":4},)"
                                     R"("RIGHT":{"1":5,"2":6,"7":7}})");
@@ -100,7 +100,7 @@ TEST_F(Maps, ASummaryShowsTheAssemblyOnOneScreen)
   files.Write("cart.inp", deck + "*STEP\n*STATIC\n*END STEP\n");
   ProgramRun const run = Run({"check", "cart.inp"});
   EXPECT_EQ(run.err, "");
-  EXPECT_EQ(run.out, "cart.inp: assembly, 485 bytes\n"
+  EXPECT_EQ(run.out, "cart.inp: assembly, 475 bytes\n"
                      "\n"
                      "  Keywords                 17   13 kinds\n"
                      "  Parts                     1   WHEEL\n"
@@ -114,7 +114,7 @@ TEST_F(Maps, ASummaryShowsTheAssemblyOnOneScreen)
                      "  Element sets              1   1 in parts\n"
                      "  Surfaces                  1   1 in parts\n"
                      "  Steps                     1\n"
-                     "      (no name)  *STATIC\n"
+                     "      Step-1  *STATIC\n"
                      "  Findings                  0\n");
 }
 

@@ -31,15 +31,6 @@ public:
     bool const required[] = {true, false, true};
     CheckRequiredParameters(keyword, names, required);
   }
-
-  std::string Messages() const
-  {
-    std::string text;
-    for (atr_String const& message : m_errorList)
-      text += MessageText("error", message, "") + "\n";
-    EXPECT_EQ(m_warningList.Length() + m_fatalErrorList.Length(), 0);
-    return text;
-  }
 };
 
 inp_Keyword KeywordWith(inp_Item const& item)
@@ -53,7 +44,7 @@ std::string MessagesOf(Checks::Check check, inp_Keyword keyword)
 {
   Checks checks;
   (checks.*check)(keyword);
-  return checks.Messages();
+  return MessagesText(checks, "");
 }
 
 } // namespace
@@ -111,7 +102,7 @@ TEST(inp_ExpansionChecks, CompleteWords)
     inp_Keyword keyword = KeywordWith(inp_Item::Text("expl"));
     (checks.*check)(keyword);
     EXPECT_EQ(KeywordText(keyword), "static p1=EXPLICIT");
-    EXPECT_EQ(checks.Messages(), "");
+    EXPECT_EQ(MessagesText(checks, ""), "");
     EXPECT_EQ(MessagesOf(check, KeywordWith(inp_Item::Text("IMPL"))),
               "0 error: Ambiguous value \"IMPL\" for parameter \"p1\".\n");
     EXPECT_EQ(MessagesOf(check, KeywordWith(inp_Item::Text("<a>"))), "") << "a reference";

@@ -11,15 +11,12 @@ TEST(inp_Label, TakesANameApart)
     char const* label;
     bool scoped, isId;
     int id;
-    char const* assembly;
-    char const* instance;
-    char const* set;
+    char const *assembly, *instance, *set;
   } const cases[] = {
     {"", false, false, 0, "", "", ""},
     {"SETA", false, false, 0, "", "", "SETA"},
     {"\"a.b\"", false, false, 0, "", "", "a.b"},
     {"\"\"", false, false, 0, "", "", "\"\""},
-    {"\"a", false, false, 0, "", "", "\"a"},
     {"a.\"b", true, false, 0, "", "a", "\"b"},
     {"15", false, true, 0, "", "", ""}, // a plain number is no id of a scope
     {"part-1.15", true, true, 15, "", "part-1", "15"},

@@ -10,12 +10,15 @@
 namespace
 {
 
-/// Words, place, and that copying and raising anew keep both the class and the words.
+/// Words, if given, place, and that copying and raising anew keep both the class and the words.
 template <class Fault>
-void Check(Fault const& fault, char const* words, int line = 0, char const* keyword = "")
+void Check(Fault const& fault, char const* words = nullptr, int line = 0, char const* keyword = "")
 {
-  SCOPED_TRACE(words);
-  EXPECT_EQ(fault.UserReport(), words);
+  SCOPED_TRACE(fault.UserReport().CStr());
+  if (words != nullptr)
+  {
+    EXPECT_EQ(fault.UserReport(), words);
+  }
   ASSERT_NE(fault.UserReport().Origin(), nullptr);
   EXPECT_EQ(fault.UserReport().Origin()->line, line);
   EXPECT_EQ(fault.UserReport().Origin()->file, line == 0 ? "" : "f.inp");
@@ -35,13 +38,14 @@ void Check(Fault const& fault, char const* words, int line = 0, char const* keyw
   catch (nex_AtrException const& raised)
   {
     EXPECT_EQ(typeid(raised), typeid(Fault));
-    EXPECT_EQ(raised.UserReport(), words);
+    EXPECT_EQ(raised.UserReport(), fault.UserReport());
   }
 }
 
 } // namespace
 
-TEST(inp_ParserExceptions, SayWhatIsWrongAndWhere)
+// The words of the others stand in the tests of those who raise them.
+TEST(inp_ParserExceptions, SayWhatIsWrongAndWhereAndKeepTheirClass)
 {
   cow_String const file("f.inp");
   cow_List<int> elements;
@@ -49,33 +53,24 @@ TEST(inp_ParserExceptions, SayWhatIsWrongAndWhere)
   Check(inp_KeywordException(7, file, atr_Say(inp_msgUnknownException)), "Unknown exception", 7);
   Check(inp_MemoryException(),
         "Memory allocation error. Insufficient physical memory or swap space.");
+  inp_ElementUndefinedNodesError const nodes(elements, "I-1");
+  Check(nodes,
+        "The following elements in instance I-1 reference one or more nodes that do not exist");
+  EXPECT_EQ(nodes.Elements().Length(), 2);
   Check(inp_ElementUndefinedNodesError(elements),
         "The following elements reference one or more nodes that do not exist");
-  Check(inp_ElementUndefinedNodesError(elements, "I-1"),
-        "The following elements in instance I-1 reference one or more nodes that do not exist");
-  EXPECT_EQ(inp_ElementUndefinedNodesError(elements).Elements().Length(), 2);
-
-  Check(inp_InvalidParameterException("A=1"),
-        "Invalid parameter: A=1. The parameter may be misspelled, obsolete, or invalid.");
-  Check(inp_InvalidParameterValueException("v", "p"),
-        "Invalid value \"v\" for parameter \"p\". The "
-        "value may be misspelled, obsolete, or invalid.");
+  Check(inp_InvalidParameterException("A=1"));
+  Check(inp_InvalidParameterValueException("v", "p"));
   inp_MissingEndQuoteException const quote("a=\"b");
-  Check(quote, "Missing end quote in parameter data \"a=\"b\".");
-  Check(inp_KeywordParameterException(7, file, "NODE", quote),
-        "Problem when parsing keyword: NODE     Missing end quote in parameter data \"a=\"b\".", 7);
-
-  Check(inp_UnknownKeywordException(7, file, "nod"),
-        "Unknown keyword \"nod\". The keyword may be misspelled, obsolete, or invalid.", 7, "nod");
-  Check(inp_AmbiguousKeywordException(7, file, "el"), "Ambiguous keyword definition \"el\".", 7,
-        "el");
-  Check(inp_NoInputParameterException(7, file), "Missing input parameter", 7);
-  Check(inp_MissingIncludeFileException(7, file, "g"), "Include file \"g\" does not exist.", 7);
+  Check(quote);
+  Check(inp_KeywordParameterException(7, file, "NODE", quote), nullptr, 7);
+  Check(inp_UnknownKeywordException(7, file, "nod"), nullptr, 7, "nod");
+  Check(inp_AmbiguousKeywordException(7, file, "el"), nullptr, 7, "el");
+  Check(inp_NoInputParameterException(7, file), nullptr, 7);
+  Check(inp_MissingIncludeFileException(7, file, "g"), nullptr, 7);
   Check(inp_UnreadableIncludeFileException(7, file, "g"), "Input file \"g\" is unreadable.", 7);
-  Check(inp_CircularIncludeFileException(7, file, "g"),
-        "Include file \"g\" has already been included.", 7);
-  Check(inp_ParameterizedIncludeFileException(7, file, "<g>"),
-        "Include file \"<g>\" name is parameterized and not substituted.", 7);
+  Check(inp_CircularIncludeFileException(7, file, "g"), nullptr, 7);
+  Check(inp_ParameterizedIncludeFileException(7, file, "<g>"), nullptr, 7);
 }
 
 TEST(inp_ParserExceptions, AMessageKeepsThePlaceThatItHas)

@@ -74,44 +74,32 @@ TEST(inp_Types, TellsTextsApart)
 {
   struct
   {
-    char const* text;
-    char const* matching;
+    char const *text, *matching;
   } const cases[] = {
     {"", ""},
-    {" \t", ""},
     {" -12\t", "integer "},
-    {"12", "integer scopedID fileName "},
     {"- 1", ""},
     {".", "double doubleD fileName "},
-    {"1.", "double doubleD fileName "},
     {"-.5", "double doubleD "},
     {"+1.5E-3", "double "},
-    {".e1", "double fileName "},
     {"1e", "fileName "},
     {"1.5d3", "doubleD fileName "},
     {"E1", "double string param setName fileName "},
-    {"POSITION TOLERANCE", "string param setName fileName "},
     {"a-b 1", "string param setName fileName "},
     {"_a", "string setName fileName "},
     {"a=b", ""},
-    {"a,b", ""},
     {"\"a=,b\"", "string setName fileName "},
     {"\"\"", "string "},
     {"\"a\".\"b.c\"", "setName "},
-    {"a.\"b=c\"", "setName "},
-    {"\"a\" .b", ""},
     {"a..b", "string setName fileName "},
     {"\"a\"..b", ""},
     {"part-1.12", "string setName scopedID fileName "},
     {"\"left leg\".12 ", "scopedID "},
-    {"\"\".1", ""},
-    {"a.b.1x", "string setName fileName "},
     {"< <a.inp > >", "fileName "},
     {"<\"a b\">", "fileName "},
     {"$HOME/a", "fileName "},
     {"z12", "string param setName fileName superelementID "},
     {"vvU3", "string param setName fileName userElementID "},
-    {"vu", "string param setName fileName "},
   };
   for (auto const& c : cases)
   {

@@ -44,9 +44,7 @@ TEST(inp_Utils, FlattensScopedNames)
     {"\"a 1\"", "b", "\"a 1_b\""},
     {"a", "\"b.1\"", "\"a_b.1\""},
     {"\"a\"", "\"b\"", "\"a_b\""},
-    {"", "b", "_b"},
     {"\"a", "b", "\"a_b"},
-    {"\"a\"x\"", "b", "\"ax_b\""},
     {"\"", "b", "\"_b\""},
   };
   for (auto const& c : cases)
@@ -65,14 +63,12 @@ TEST(inp_Utils, SplitsAtPeriodsOutsideQuotes)
   } const cases[] = {
     {"", 1, "", false, false, false},
     {"a", 1, "a", false, false, false},
-    {"12", 1, "12", false, false, false},
     {"a.b", 2, "a b", true, true, false},
     {"a.12", 2, "a 12", true, false, true},
     {"a.", 2, "a ", true, false, false},
     {"a.b.c", 3, "a b c", true, true, false},
     {"\"a.b\".c", 2, "\"a.b\" c", true, true, false},
     {"\"a.b\"", 1, "\"a.b\"", false, false, false},
-    {"a\".b", 1, "a\".b", false, false, false},
   };
   for (auto const& c : cases)
   {
@@ -169,11 +165,9 @@ TEST(inp_Utils, MessagesEndWithTheirItems)
   using Utils = inp_Utils;
   EXPECT_EQ(Utils::MessageInKeyword(node, "No", numbers), "in keyword *NODE No:\n5, 6");
   EXPECT_EQ(Utils::MessageInKeyword(node, "No", names), "in keyword *NODE No:\na, b");
-  EXPECT_EQ(Utils::MessageInKeyword(node, "No", cow_List<int>()), "in keyword *NODE No:\n");
   EXPECT_EQ(Utils::MessageWithItems("No", numbers), "No\n    5, 5, 6");
   EXPECT_EQ(Utils::MessageWithItems("No", names), "No\n    a, b");
   EXPECT_EQ(Utils::MessageWithItems("No", cow_List<int>()), "");
-  EXPECT_EQ(Utils::MessageWithItems("No", cow_List<cow_String>()), "");
 }
 
 TEST(inp_Utils, GeneratesNumbersOfARow)
@@ -190,16 +184,13 @@ TEST(inp_Utils, GeneratesNumbersOfARow)
   struct
   {
     std::initializer_list<int> row;
-    char const* set;
-    char const* inOrder;
+    char const *set, *inOrder;
     std::string error;
   } const cases[] = {
     {{1, 4}, "1 2 3 4", "1 2 3 4", ""},
     {{1, 10, 3}, "1 4 7 10", "1 4 7 10", ""},
-    {{1, 3, 0}, "1 2 3", "1 2 3", ""},
     {{10, 1, -3}, "1 4 7 10", "10 7 4 1", ""},
     {{5, 5, -7}, "5", "5", ""},
-    {{1, 10, 2}, "", "", cannotStep("2", "1", "10")},
     {{10, 1}, "", "", cannotStep("1", "10", "1")},
     {{1, 10, -1}, "", "", cannotStep("-1", "1", "10")},
     {{2147483647, -2147483647, -2147483647},
@@ -208,7 +199,6 @@ TEST(inp_Utils, GeneratesNumbersOfARow)
      ""},
     {{-2147483647 - 1, 2147483647, 2}, "", "", cannotStep("2", "-2147483648", "2147483647")},
     {{1}, "", "", items},
-    {{}, "", "", items},
   };
   for (auto const& c : cases)
   {
@@ -240,14 +230,9 @@ TEST(inp_Utils, GeneratesScopedNumbers)
 {
   struct
   {
-    char const* row;
-    char const* sorted;
-    char const* inOrder;
-    char const* errors;
+    char const *row, *sorted, *inOrder, *errors;
   } const cases[] = {
     {"part-1.3, part-1.1, -1", "PART-1.1 PART-1.2 PART-1.3", "PART-1.3 PART-1.2 PART-1.1", ""},
-    {"\"a.b\".1, \"a.b\".2", "\"a.b\".1 \"a.b\".2", "\"a.b\".1 \"a.b\".2", ""},
-    {"1, 5, 2", "1 3 5", "1 3 5", ""},
     {"asm.in.1, asm.in.2", "ASM.1 ASM.2", "ASM.1 ASM.2", ""},
     {"a.1, 2", "A.1 A.2", "A.1 A.2", ""},
     {"1, a.2", "1 2", "1 2", ""},

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "CapturingSink.h"
@@ -97,7 +98,7 @@ TEST(inp_Visitor, EveryKeywordReachesItsOperation)
     EXPECT_EQ(reached.count(operation), 1U) << operation;
 }
 
-TEST(inp_Visitor, PassesOverTheEmptyKeywordAndTheRoot)
+TEST(inp_Visitor, PassesOverTheEmptyKeywordAndTheRootAndRefusesWhatHasNoOperation)
 {
   Recorder recorder;
   for (inp_KeywordEnm const keyword : {inp_kwUndefined, inp_kwModel})
@@ -106,28 +107,18 @@ TEST(inp_Visitor, PassesOverTheEmptyKeywordAndTheRoot)
     passed.suboptions.Append(inp_Keyword(inp_kwNode));
     recorder.Visit(passed);
   }
-  EXPECT_EQ(recorder.operations, "");
-}
-
-TEST(inp_Visitor, AKeywordWithoutOperationBreaksAnInvariant)
-{
   for (int const value : {static_cast<int>(inp_kwEof), 123456})
   {
-    Recorder recorder;
     inp_Keyword keyword(static_cast<inp_KeywordEnm>(value));
     testing::internal::CaptureStderr();
-    try
-    {
-      keyword.Accept(recorder);
-      ADD_FAILURE() << value << " is visited";
-    }
-    catch (VRXBasAssertException const& fault)
-    {
-      EXPECT_STREQ(fault.Condition(), "\"Check inp_keywords.h\" == 0");
-    }
+    EXPECT_THAT(
+      [&] { keyword.Accept(recorder); },
+      testing::Throws<VRXBasAssertException>(testing::Property(
+        &VRXBasAssertException::Condition, testing::StrEq("\"Check inp_keywords.h\" == 0"))));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "Unknown keyword key " + std::to_string(value) + "\n");
   }
+  EXPECT_EQ(recorder.operations, "");
 }
 
 TEST(inp_Visitor, ParentsComeBeforeTheirSuboptions)
@@ -182,8 +173,7 @@ TEST(inp_Visitor, TracksThePlaceOfTheWalk)
   EXPECT_EQ(PlacesOf({Named(inp_kwPart, "P"), Named(inp_kwPart, nullptr), node,
                       inp_Keyword(inp_kwEndPart), inp_Keyword(inp_kwEndPart)}),
             "/P///0 /P///0 /P///0 ////0 ");
-  EXPECT_EQ(PlacesOf({Named(inp_kwInstance, "i", "instance"), Named(inp_kwInstance, nullptr)}),
-            "//i//0 //i//0 ");
+  EXPECT_EQ(PlacesOf({Named(inp_kwInstance, "i", "instance")}), "//i//0 ");
   EXPECT_EQ(PlacesOf({Named(inp_kwStep, "S"), node, inp_Keyword(inp_kwEndStep), node}),
             "///S/0 ///S/0 ///S/0 ////0 ");
 }

@@ -9,8 +9,7 @@ namespace
 struct Type
 {
   std::string_view name;
-  int fewest;
-  int most;
+  int fewest, most;
 };
 
 constexpr Type types[] = {
@@ -57,17 +56,11 @@ TEST(inp_ElementTypes, LayeredAxisymmetricTypesTakeOneLayerMoreThanTheirLastDigi
 
 TEST(inp_ElementTypes, NodeCountsFollowTheNamesOfTheContinuumFamilies)
 {
-  struct
-  {
-    std::string_view family;
-    int exact;
-  } const cases[] = {{"C3D4", 4}, {"C3D8", 8}, {"C3D10", 10}, {"C3D15", 15}, {"C3D20", 20},
-                     {"CPS4", 4}, {"CPE8", 8}, {"CAX6", 6},   {"DC3D8", 8},  {"AC3D20", 20},
-                     {"S4", 4},   {"M3D9", 9}, {"CCL12", 12}, {"CPEG6", 6},  {"SC8", 8}};
-  for (auto const& c : cases)
+  std::pair<std::string_view, int> const families[] = {
+    {"C3D4", 4}, {"C3D8", 8}, {"C3D10", 10}, {"C3D15", 15}, {"C3D20", 20},
+    {"CPS4", 4}, {"CPE8", 8}, {"CAX6", 6},   {"DC3D8", 8},  {"AC3D20", 20},
+    {"S4", 4},   {"M3D9", 9}, {"CCL12", 12}, {"CPEG6", 6},  {"SC8", 8}};
+  for (auto const& [family, count] : families)
     for (Type const& type : types)
-      if (IsOfFamily(type.name, c.family))
-      {
-        EXPECT_EQ(type.fewest, c.exact) << type.name;
-      }
+      EXPECT_TRUE(!IsOfFamily(type.name, family) || type.fewest == count) << type.name;
 }

@@ -66,41 +66,34 @@ TEST(inp_NodeGenerationVisitor, LayersStandWhereTheBottomDoes)
     char const* labels;
     char const* messages;
   } const cases[] = {
-    {"one layer", "*ELEMENT, TYPE=CAXA41, OFFSET=10\n1, 1, 2, 3, 4\n", 4, "1 2 3 4 11 12 13 14",
-     ""},
     {"two", "*ELEMENT, TYPE=CAXA42, OFFSET=10\n1, 1, 2, 3, 4\n", 4,
      "1 2 3 4 11 12 13 14 21 22 23 24", ""},
-    {"layers that the deck lists", "*ELEMENT, TYPE=CAXA41\n1, 1, 2, 3, 4, 5, 6, 7, 8\n", 4,
-     "1 2 3 4 5 6 7 8", ""},
     {"bottom nodes that do not exist", "*ELEMENT, TYPE=CAXA41, OFFSET=10\n1, 1, 2, 3, 4\n", 3,
      "1 2 3 11 12 13", ""},
     {"gaskets", "*ELEMENT, TYPE=GK3D8, OFFSET=10\n1, 1, 2, 3, 4\n2, 1, 2, 3, 4, 31, 32, 33, 34\n",
      4, "1 2 3 4 11 12 13 14", ""},
     {"cohesive elements", "*ELEMENT, TYPE=COH2D4P, OFFSET=10\n1, 1, 2\n", 2, "1 2 11 12 21 22", ""},
     {"pipes", "*ELEMENT, TYPE=FP2D2AT, OFFSET=10\n1, 1, 2\n", 2, "1 2 11 12 21 22 31 32", ""},
-    {"others", "*ELEMENT, TYPE=C3D4, OFFSET=10\n1, 1, 2, 3, 9\n", 4, "1 2 3 4", ""},
     {"generated elements", "*ELEMENT, TYPE=SAXA11, OFFSET=10\n1, 1, 2\n*ELGEN\n1, 3, 1, 1\n", 4,
      "1 2 3 4 11 12 13 14", ""},
     {"copied elements",
-     "*ELEMENT, TYPE=SAXA11, OFFSET=10, ELSET=A\n1, 1, 2\n*ELCOPY, OLD SET=A, "
-     "ELEMENT SHIFT=1, SHIFT NODES=2\n",
+     "*ELEMENT, TYPE=SAXA11, OFFSET=10, ELSET=A\n1, 1, 2\n*ELCOPY, OLD SET=A, ELEMENT SHIFT=1, "
+     "SHIFT NODES=2\n",
      4, "1 2 3 4 11 12 13 14", ""},
     {"a number of nodes between",
-     "*ELEMENT, TYPE=CAXA42, ELSET=A\n1, 1, 2, 3, 4, 5, 6, 7, 8\n*ELCOPY, "
-     "OLD SET=A, ELEMENT SHIFT=1, SHIFT NODES=0\n",
+     "*ELEMENT, TYPE=CAXA42, ELSET=A\n1, 1, 2, 3, 4, 5, 6, 7, 8\n*ELCOPY, OLD SET=A, ELEMENT "
+     "SHIFT=1, SHIFT NODES=0\n",
      4, "1 2 3 4",
      "2 error: Internal error: number of nodes in asymmetric element of type \"CAXA42\", number = "
-     "8 "
-     "is less than expected\n"
+     "8 is less than expected\n"
      "4 error: Internal error: number of nodes in asymmetric element of type \"CAXA42\", number = "
-     "8 "
-     "is less than expected.\n"},
+     "8 is less than expected.\n"},
     {"types",
      "*ELEMENT\n1, 2\n*ELEMENT, TYPE=XY\n1, 2\n*ELEMENT, TYPE=Z1\n1, 2\n*ELEMENT, TYPE=U1\n1, 2\n",
      0, "", "2 error: Element type is required.\n4 error: Element type XY is not supported.\n"},
     {"generators",
-     "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n\n1, 0\n9, 2\n1, 2\n*ELCOPY, OLD "
-     "SET=A\n*ELCOPY, OLD SET=A, ELEMENT SHIFT=1, SHIFT NODES=1\n",
+     "*ELEMENT, TYPE=MASS\n1, 1\n*ELGEN\n\n1, 0\n9, 2\n1, 2\n*ELCOPY, OLD SET=A\n*ELCOPY, OLD "
+     "SET=A, ELEMENT SHIFT=1, SHIFT NODES=1\n",
      1, "1",
      "4 error: There is no data specified in at least one data line.\n"
      "4 error: Number of elements to be generated is zero.\n"
@@ -125,9 +118,8 @@ TEST(inp_NodeGenerationVisitor, LayersStandWhereTheBottomDoes)
 
 TEST(inp_NodeGenerationVisitor, OtherRoadsMakeNothingOrSayLess)
 {
-  std::string const deck =
-    "*ELEMENT, TYPE=CAXA41, OFFSET=10\n1, 1, 2, 3, 4\n*ELGEN\n9, 2\n*ELCOPY, "
-    "OLD SET=A, ELEMENT SHIFT=1, SHIFT NODES=1\n";
+  std::string const deck = "*ELEMENT, TYPE=CAXA41, OFFSET=10\n1, 1, 2, 3, 4\n*ELGEN\n9, "
+                           "2\n*ELCOPY, OLD SET=A, ELEMENT SHIFT=1, SHIFT NODES=1\n";
   Generation const unchecked(deck, Nodes(4), {.checkNodes = false});
   EXPECT_EQ(unchecked.labels + unchecked.messages, "1 2 3 4");
   Generation const instances(deck, Nodes(4), {.inParts = false});
@@ -169,9 +161,8 @@ TEST(inp_NodeGenerationVisitor, QuadraticGasketsGetNodesInTheMiddleOfTheirFaces)
 
   nodes.Insert(999999998, inp_Coord());
   Generation const full("*ELEMENT, TYPE=GK3D18\n" + first + "\n", nodes);
-  EXPECT_EQ(full.messages, "2 error: No node label up to 999999999 is left for a midside node of "
-                           "element 1.\n"
-                           "2 error: No node label up to 999999999 is left for a midside node of "
-                           "element 1.\n");
+  EXPECT_EQ(full.messages,
+            "2 error: No node label up to 999999999 is left for a midside node of element 1.\n"
+            "2 error: No node label up to 999999999 is left for a midside node of element 1.\n");
   EXPECT_EQ(full.elements, "1 GK3D18: " + common + "0 0 <16 given>");
 }

@@ -40,19 +40,11 @@ std::string InAssembly(std::string const& keywords)
 
 std::string Line(int line, std::string const& words) { return std::to_string(line) + words + "\n"; }
 
-struct Case
-{
-  char const* what;
-  char const* keywords;
-  char const* surfaces;
-  std::string messages;
-};
-
 } // namespace
 
 TEST(inp_SurfaceVisitor, ReadsRowsOfAPart)
 {
-  Case const cases[] = {
+  DeckCase const cases[] = {
     {"elements unless said otherwise", "*SURFACE, NAME=S\nENDS, S1\n2, S2\n3, S2\n",
      "S {S1: 1 3, S2: 2 3}", ""},
     {"order and repeats of a set stay, a set that stands twice comes once",
@@ -67,7 +59,6 @@ TEST(inp_SurfaceVisitor, ReadsRowsOfAPart)
      "*SURFACE, NAME=S, TYPE=CUTTINGSURFACE\n0., 0., 0., 1., 0., 0.\nENDS\n", "S {: 1 3}", ""},
     {"the last definition stands", "*SURFACE, NAME=S\n1, S1\n*SURFACE, NAME=S, TYPE=NODE\n7\n",
      "S {7=1.0}", ""},
-    {"without rows", "*SURFACE, NAME=S\n", "S {}", ""},
     {"analytical surfaces are not meshed", "*SURFACE, NAME=S, TYPE=CYLINDER\nSTART, 0., 0.\n", "",
      ""},
     {"materials are no sets", "*SURFACE, NAME=S, TYPE=EULERIANMATERIAL\nWATER\n", "S {}", ""},
@@ -76,10 +67,10 @@ TEST(inp_SurfaceVisitor, ReadsRowsOfAPart)
      Line(c_firstLine, " error: The following sets were not found when generating the surface S:\n"
                        "    NONE, LEFT, 0, 1234567890")},
   };
-  for (Case const& c : cases)
+  for (DeckCase const& c : cases)
   {
-    LevelDeck const deck(InPart(c.keywords));
-    EXPECT_EQ(c.surfaces, deck.PartSurfaces("BAR")) << c.what;
+    LevelDeck const deck(InPart(c.deck));
+    EXPECT_EQ(c.made, deck.PartSurfaces("BAR")) << c.what;
     EXPECT_EQ(c.messages, deck.messages) << c.what;
   }
 }
@@ -89,9 +80,9 @@ TEST(inp_SurfaceVisitor, CombinesSurfacesOfAPart)
   std::string const given =
     "*SURFACE, NAME=A\nALL, S1\n1, S2\n*SURFACE, NAME=B\nENDS, S1\n"
     "*SURFACE, NAME=N, TYPE=NODE\nLEFT\n*SURFACE, NAME=M, TYPE=NODE\nEDGE, 2.\n";
-  Case const cases[] = {
-    {"union is the default", "*SURFACE, NAME=C, COMBINE=UNION\nA, B, A\n",
-     "C {S1: 1 2 3 1 3, S2: 1}", ""},
+  DeckCase const cases[] = {
+    {"union is the default, and names each face once", "*SURFACE, NAME=C, COMBINE=UNION\nA, B, A\n",
+     "C {S1: 1 2 3, S2: 1}", ""},
     {"difference over rows", "*SURFACE, NAME=C, COMBINE=DIFFERENCE\nA\nB, B\n", "C {S1: 2, S2: 1}",
      ""},
     {"intersection", "*SURFACE, NAME=C, COMBINE=INTERSECTION\nA, B\n", "C {S1: 1 3}", ""},
@@ -100,19 +91,17 @@ TEST(inp_SurfaceVisitor, CombinesSurfacesOfAPart)
      "C {1=2.0 2=1.0 3=1.0 4=1.0 11=2.0 21=2.0 31=2.0}", ""},
     {"kinds do not mix", "*SURFACE, NAME=C, COMBINE=UNION\nN, A\n", "C {1=1.0 2=1.0 3=1.0 4=1.0}",
      ""},
-    {"no names", "*SURFACE, NAME=C, COMBINE=UNION\n", "C {}", ""},
     {"missing ones are listed", "*SURFACE, NAME=C, COMBINE=DIFFERENCE\nX, A, Y, B\n",
      "C {S1: 2, S2: 1}",
-     Line(c_firstLine + 9,
-          " error: The following surfaces were not found when generating the combined "
-          "surface C:\n    X, Y")},
+     Line(c_firstLine + 9, " error: The following surfaces were not found when generating the "
+                           "combined surface C:\n    X, Y")},
   };
   std::string const before = "A {S1: 1 2 3, S2: 1} B {S1: 1 3} ";
   std::string const after = " M {1=2.0 11=2.0 21=2.0 31=2.0} N {1=1.0 2=1.0 3=1.0 4=1.0}";
-  for (Case const& c : cases)
+  for (DeckCase const& c : cases)
   {
-    LevelDeck const deck(InPart(given + c.keywords));
-    EXPECT_EQ(before + c.surfaces + after, deck.PartSurfaces("BAR")) << c.what;
+    LevelDeck const deck(InPart(given + c.deck));
+    EXPECT_EQ(before + c.made + after, deck.PartSurfaces("BAR")) << c.what;
     EXPECT_EQ(c.messages, deck.messages) << c.what;
   }
 }
@@ -120,7 +109,7 @@ TEST(inp_SurfaceVisitor, CombinesSurfacesOfAPart)
 TEST(inp_SurfaceVisitor, ReadsRowsOfTheAssembly)
 {
   int const line = 47;
-  Case const cases[] = {
+  DeckCase const cases[] = {
     {"sets and labels of instances",
      "*SURFACE, NAME=S, INTERNAL\nI-1.ENDS, S1\nI-2.ENDS, S1\nI-1.2, S1\n",
      "S: internal I-1 {S1: 1 3 2} I-2 {S1: 1 3}\n", ""},
@@ -137,10 +126,9 @@ TEST(inp_SurfaceVisitor, ReadsRowsOfTheAssembly)
                   "    I-1.NONE, NONE")},
     {"analytical surfaces belong into parts", "*SURFACE, NAME=S, TYPE=SEGMENTS\nSTART, 0., 0.\n",
      "",
-     Line(line,
-          " error: When the *SURFACE option is used to define an analytical surface,  it can only "
-          "appear within a part (or part instance) definition, even if the rigid body is defined "
-          "at the assembly level.")},
+     Line(line, " error: When the *SURFACE option is used to define an analytical surface,  it can "
+                "only appear within a part (or part instance) definition, even if the rigid body "
+                "is defined at the assembly level.")},
     {"of the others, whole and piece by piece",
      "*SURFACE, NAME=A\nBOTH, S1\n*SURFACE, NAME=B, COMBINE=DIFFERENCE\nA, I-1.CAPS\n"
      "*SURFACE, NAME=C, COMBINE=INTERSECTION\nI-1.CAPS, A\n*SURFACE, NAME=D, "
@@ -149,14 +137,13 @@ TEST(inp_SurfaceVisitor, ReadsRowsOfTheAssembly)
      ""},
     {"of others that are missing",
      "*SURFACE, NAME=A, COMBINE=UNION\nI-1.CAPS, I-3.CAPS, X, I-1.X\n", "A: I-1 {S1: 1 3}\n",
-     Line(line,
-          " error: The following surfaces were not found when generating the combined surface "
-          "A:\n    I-3.CAPS, X, I-1.X")},
+     Line(line, " error: The following surfaces were not found when generating the combined "
+                "surface A:\n    I-3.CAPS, X, I-1.X")},
   };
-  for (Case const& c : cases)
+  for (DeckCase const& c : cases)
   {
-    LevelDeck const deck(InAssembly(c.keywords));
-    EXPECT_EQ(c.surfaces, deck.AssemblySurfaces()) << c.what;
+    LevelDeck const deck(InAssembly(c.deck));
+    EXPECT_EQ(c.made, deck.AssemblySurfaces()) << c.what;
     EXPECT_EQ(c.messages, deck.messages) << c.what;
     EXPECT_EQ("CAPS {S1: 1 3}", deck.InstanceSurfaces("I-2")) << c.what;
   }
@@ -187,48 +174,42 @@ TEST(inp_SurfaceVisitor, CropsToABox)
   int const line = c_firstLine + 8;
   char const* const noOrientation = " The orientation of the surface will be ignored.";
   std::string const all = "S1: 1 2 3 99, S2: 1 2 3, S9: 1 2 3";
-  Case const cases[] = {
+  DeckCase const cases[] = {
     {"one node in the box keeps the face, what is not known stays",
      "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n", "S1: 1 2 99, S2: 1, S9: 1 2 3", ""},
     {"nodes, with the faces of the box", "*SURFACE, NAME=C, CROP\nN\n0., 0., 0., 2., 0., 0.\n",
      "1=1.0 11=1.0 21=1.0 999=1.0", ""},
     {"without a third row the first point plays no part",
      "*SURFACE, NAME=C, CROP\nN\n1.5, 0., 0., 2., 0., 0.\n", "1=1.0 11=1.0 21=1.0 999=1.0", ""},
-    {"missing numbers are 0", "*SURFACE, NAME=C, CROP\nN\n0., 0., 0., 1.\n", "1=1.0 11=1.0 999=1.0",
-     ""},
     {"along own axes: the way along x is the way along the box's y",
      "*SURFACE, NAME=C, CROP\nN\n1., 0., 0., 2., 1., 1.\n1., 0., 0., 0., 2., 0.\n",
      "11=1.0 21=1.0 999=1.0", ""},
     {"one row", "*SURFACE, NAME=C, CROP\nA\n", "", ""},
-    {"no rows", "*SURFACE, NAME=C, CROP\n", "", ""},
     {"no such surface", "*SURFACE, NAME=C, CROP\nX\n0., 0., 0., 1., 1., 1.\n", "",
-     Line(line,
-          " error: The following surfaces were not found when generating the combined surface "
-          "C:\n    X")},
+     Line(line, " error: The following surfaces were not found when generating the combined "
+                "surface C:\n    X")},
     {"a point at the origin",
      "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n0., 0., 0., 0., 1.\n", "",
-     Line(line,
-          std::string(" warning: untitled: Neither of the points a and b defined under cropped "
-                      "surface C are allowed to be defined at the origin.") +
-            noOrientation)},
+     Line(line, std::string(" warning: untitled: Neither of the points a and b defined under "
+                            "cropped surface C are allowed to be defined at the origin.") +
+                  noOrientation)},
     {"the same unit vector", "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n2., 0., 0., 1.\n",
      "",
-     Line(line,
-          std::string(" warning: untitled: Points a and b defined under cropped surface C should "
-                      "not have the same coordinates.") +
-            noOrientation)},
+     Line(line, std::string(" warning: untitled: Points a and b defined under cropped surface C "
+                            "should not have the same coordinates.") +
+                  noOrientation)},
     {"a dot product of 1",
      "*SURFACE, NAME=C, CROP\nA\n0., 0., 0., 1., 1., 1.\n3., 0., 0., 1., 5.\n", "",
      Line(line,
-          std::string(" warning: untitled: Points a, b and the origin of cropped surface C should "
-                      "not lie on a straight line. A unique coordinate system for the orientation "
-                      "cannot be found.") +
+          std::string(
+            " warning: untitled: Points a, b and the origin of cropped surface C should not lie on "
+            "a straight line. A unique coordinate system for the orientation cannot be found.") +
             noOrientation)},
   };
-  for (Case const& c : cases)
+  for (DeckCase const& c : cases)
   {
-    LevelDeck const deck(InPart(given + c.keywords));
-    EXPECT_EQ("A {" + all + "} C {" + c.surfaces + "} N {1=1.0 11=1.0 21=1.0 31=1.0 999=1.0}",
+    LevelDeck const deck(InPart(given + c.deck));
+    EXPECT_EQ("A {" + all + "} C {" + c.made + "} N {1=1.0 11=1.0 21=1.0 31=1.0 999=1.0}",
               deck.PartSurfaces("BAR"))
       << c.what;
     EXPECT_EQ(c.messages, deck.messages) << c.what;

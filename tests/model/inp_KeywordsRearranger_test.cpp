@@ -40,9 +40,7 @@ TEST(inp_KeywordsRearranger, DefinesSurfacesAboveTheirRigidBodies)
 {
   struct
   {
-    char const* what;
-    char const* deck;
-    char const* order;
+    char const *what, *deck, *order;
     std::string messages;
   } const cases[] = {
     {"body and surface change places",

@@ -34,29 +34,19 @@ std::string RowsOf(cow_List<inp_Keyword> const& keywords)
   return text;
 }
 
-cow_List<inp_Keyword> Organized()
-{
-  cow_List<inp_Keyword> list = DeckKeywords(c_deck);
-  inp_OrganizerVisitor organizer(true);
-  organizer.VisitList(list);
-  return organizer.Keywords();
-}
-
 } // namespace
 
-TEST(inp_KwdDataReleaseVisitor, EmptiesTheMeshKeywordsOfParts)
+TEST(inp_KwdDataReleaseVisitor, EmptiesTheMeshKeywordsOfPartsUnlessLumenIsToReadThem)
 {
-  cow_List<inp_Keyword> keywords = Organized();
-  inp_KwdDataReleaseVisitor visitor(true, false);
-  visitor.VisitList(keywords);
-  EXPECT_EQ("0n 0e 0r 0r 1r 1r 1r ", RowsOf(keywords));
-}
-
-TEST(inp_KwdDataReleaseVisitor, KeepsAllForLumen)
-{
-  cow_List<inp_Keyword> keywords = Organized();
-  inp_KwdDataReleaseVisitor visitor(true, true);
-  visitor.VisitList(keywords);
-  EXPECT_TRUE(visitor.LumenCompatible());
-  EXPECT_EQ("1r 1r 1r 1r 1r 1r 1r ", RowsOf(keywords));
+  for (bool const lumen : {false, true})
+  {
+    cow_List<inp_Keyword> list = DeckKeywords(c_deck);
+    inp_OrganizerVisitor organizer(true);
+    organizer.VisitList(list);
+    cow_List<inp_Keyword> keywords = organizer.Keywords();
+    inp_KwdDataReleaseVisitor visitor(true, lumen);
+    visitor.VisitList(keywords);
+    EXPECT_EQ(lumen, visitor.LumenCompatible());
+    EXPECT_EQ(lumen ? "1r 1r 1r 1r 1r 1r 1r " : "0n 0e 0r 0r 1r 1r 1r ", RowsOf(keywords));
+  }
 }

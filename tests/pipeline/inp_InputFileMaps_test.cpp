@@ -38,55 +38,48 @@ struct Road
 
 using Place = std::array<double, 3>;
 
-// A block of nx * ny * nz bricks, nodes numbered from 1 with x running first.
-struct Block
+std::string Text(Place const& place)
+{
+  return std::to_string(place[0]) + ", " + std::to_string(place[1]) + ", " +
+         std::to_string(place[2]);
+}
+
+/// Nodes numbered from 1 on, six a layer, and an element of each eight in a row.
+struct Part
 {
   char const* name;
-  int nx, ny, nz;
+  int nodes;
 
-  int Nodes() const { return (nx + 1) * (ny + 1) * (nz + 1); }
-  int Elements() const { return nx * ny * nz; }
-  int Node(int i, int j, int k) const { return 1 + i + (nx + 1) * (j + (ny + 1) * k); }
-  Place At(int node) const
+  int Elements() const { return nodes - 7; }
+  static Place At(int node)
   {
     int const n = node - 1;
-    return {0.5 * (n % (nx + 1)), 0.25 * (n / (nx + 1) % (ny + 1)),
-            2.0 * (n / (nx + 1) / (ny + 1))};
+    return {0.5 * (n % 3), 0.25 * (n / 3 % 2), 2.0 * (n / 6)};
   }
 
-  std::string Part() const
+  std::string Deck() const
   {
     std::string text = std::string("*PART, NAME=") + name + "\n*NODE, NSET=ALL\n";
-    for (int node = 1; node <= Nodes(); ++node)
-    {
-      Place const at = At(node);
-      text += std::to_string(node) + ", " + std::to_string(at[0]) + ", " + std::to_string(at[1]) +
-              ", " + std::to_string(at[2]) + "\n";
-    }
+    for (int node = 1; node <= nodes; ++node)
+      text += std::to_string(node) + ", " + Text(At(node)) + "\n";
     text += "*ELEMENT, TYPE=C3D8, ELSET=SOLID\n";
-    int label = 0;
-    for (int k = 0; k < nz; ++k)
-      for (int j = 0; j < ny; ++j)
-        for (int i = 0; i < nx; ++i)
-        {
-          text += std::to_string(++label);
-          for (int level : {k, k + 1})
-            for (auto [a, b] : {std::pair{0, 0}, {1, 0}, {1, 1}, {0, 1}})
-              text += ", " + std::to_string(Node(i + a, j + b, level));
-          text += "\n";
-        }
-    std::string const layer = std::to_string((nx + 1) * (ny + 1));
-    return text + "*NSET, NSET=BOTTOM, GENERATE\n1, " + layer +
-           "\n*SURFACE, NAME=SKIN\nSOLID, S1\n" + "*END PART\n";
+    for (int label = 1; label <= Elements(); ++label)
+    {
+      text += std::to_string(label);
+      for (int i = 0; i < 8; ++i)
+        text += ", " + std::to_string(label + i);
+      text += "\n";
+    }
+    return text + "*NSET, NSET=BOTTOM, GENERATE\n1, 6\n*SURFACE, NAME=SKIN\nSOLID, S1\n*END PART\n";
   }
 };
 
-constexpr Block c_blocks[] = {{"SMALL", 2, 1, 1}, {"LARGE", 3, 4, 2}};
+constexpr Part c_parts[] = {{"SMALL", 12}, {"LARGE", 14}};
 
 struct Instance
 {
   char const* name;
-  Block const& block;
+  Part const& part;
   Place shift;
   Place a, b; ///< of the axis
   double degrees;
@@ -94,11 +87,11 @@ struct Instance
 
 constexpr Place c_none{0.0, 0.0, 0.0};
 constexpr Instance c_instances[] = {
-  {"PLAIN", c_blocks[0], c_none, c_none, c_none, 0.0},
-  {"MOVED", c_blocks[1], {10.0, -2.0, 0.125}, c_none, c_none, 0.0},
-  {"TURNED", c_blocks[0], c_none, {1.0, 2.0, 3.0}, {1.0, 2.0, 9.0}, 90.0},
-  {"ASKEW", c_blocks[1], c_none, {0.5, -1.0, 2.0}, {4.0, 2.0, -3.0}, 37.5},
-  {"BOTH", c_blocks[0], {5.0, 6.0, 7.0}, {-2.0, 0.0, 1.0}, {-2.0, 3.0, 1.0}, -120.0},
+  {"PLAIN", c_parts[0], c_none, c_none, c_none, 0.0},
+  {"MOVED", c_parts[1], {10.0, -2.0, 0.125}, c_none, c_none, 0.0},
+  {"TURNED", c_parts[0], c_none, {1.0, 2.0, 3.0}, {1.0, 2.0, 9.0}, 90.0},
+  {"ASKEW", c_parts[1], c_none, {0.5, -1.0, 2.0}, {4.0, 2.0, -3.0}, 37.5},
+  {"BOTH", c_parts[0], {5.0, 6.0, 7.0}, {-2.0, 0.0, 1.0}, {-2.0, 3.0, 1.0}, -120.0},
 };
 
 // The turn of a point about the axis a to b: what lies along the axis stays, what lies across it turns.
@@ -134,26 +127,16 @@ Place Turned(Place p, Instance const& instance)
   return turned;
 }
 
-std::string Row(std::initializer_list<double> numbers)
-{
-  std::string text;
-  for (double const number : numbers)
-    text += (text.empty() ? "" : ", ") + std::to_string(number);
-  return text + "\n";
-}
-
 std::string AssemblyDeck(std::string const& inAssembly)
 {
-  std::string deck = c_blocks[0].Part() + c_blocks[1].Part() + "*ASSEMBLY, NAME=WHOLE\n";
+  std::string deck = c_parts[0].Deck() + c_parts[1].Deck() + "*ASSEMBLY, NAME=WHOLE\n";
   for (Instance const& instance : c_instances)
   {
-    Place const& s = instance.shift;
-    Place const& a = instance.a;
-    Place const& b = instance.b;
-    deck += std::string("*INSTANCE, NAME=") + instance.name + ", PART=" + instance.block.name +
-            "\n" + Row({s[0], s[1], s[2]});
+    deck += std::string("*INSTANCE, NAME=") + instance.name + ", PART=" + instance.part.name +
+            "\n" + Text(instance.shift) + "\n";
     if (instance.degrees != 0.0)
-      deck += Row({a[0], a[1], a[2], b[0], b[1], b[2], instance.degrees});
+      deck +=
+        Text(instance.a) + ", " + Text(instance.b) + ", " + std::to_string(instance.degrees) + "\n";
     deck += "*END INSTANCE\n";
   }
   return deck + inAssembly + "*END ASSEMBLY\n";
@@ -170,31 +153,31 @@ TEST(inp_InputFile, InstancesStandWhereTheirPositionsPutThem)
   for (Instance const& instance : c_instances)
   {
     inp_CoordMap const& nodes = input.assemblyCoordMap.ConstGet(instance.name);
-    ASSERT_EQ(instance.block.Nodes(), nodes.Count()) << instance.name;
+    ASSERT_EQ(instance.part.nodes, nodes.Count()) << instance.name;
     inp_MapInt2Coord const all = nodes.ConstGet();
-    for (int node = 1; node <= instance.block.Nodes(); ++node)
+    for (int node = 1; node <= instance.part.nodes; ++node)
     {
-      Place const expected = Turned(instance.block.At(node), instance);
+      Place const expected = Turned(Part::At(node), instance);
       for (inp_Coord const& found : {nodes.ConstGet(node), all.ConstGet(node)})
       {
         EXPECT_NEAR(expected[0], found.x, 1e-12) << instance.name << " " << node;
         EXPECT_NEAR(expected[1], found.y, 1e-12) << instance.name << " " << node;
         EXPECT_NEAR(expected[2], found.z, 1e-12) << instance.name << " " << node;
       }
-      gsl_Point point(instance.block.At(node)[0], instance.block.At(node)[1],
-                      instance.block.At(node)[2]);
+      Place const at = Part::At(node);
+      gsl_Point point(at[0], at[1], at[2]);
       input.transformationMap.ConstGet(instance.name).Transform(point);
       EXPECT_NEAR(expected[0], point.X(), 1e-12);
     }
     inp_MapInt2Element const& elements = input.assemblyElementMap.ConstGet(instance.name);
-    EXPECT_EQ(instance.block.Elements(), elements.Size());
-    EXPECT_EQ(input.partElementMap.ConstGet(instance.block.name).GetEltPtr(1),
+    EXPECT_EQ(instance.part.Elements(), elements.Size());
+    EXPECT_EQ(input.partElementMap.ConstGet(instance.part.name).GetEltPtr(1),
               elements.GetEltPtr(1));
-    EXPECT_EQ(instance.block.Node(1, 1, 1), elements.ConstGet(1).topology()[6]);
+    EXPECT_EQ(7, elements.ConstGet(1).topology()[6]);
     inpM_BaseSet const& bottom = input.assemblyNsetMap.ConstGetNestedSet(instance.name, "BOTTOM");
-    EXPECT_EQ((instance.block.nx + 1) * (instance.block.ny + 1), bottom.ConstGetIds().Length());
+    EXPECT_EQ(6, bottom.ConstGetIds().Length());
     EXPECT_TRUE(input.assemblySurfaceMap.IsMemberPartInstanceSurface(instance.name, "SKIN"));
-    count += instance.block.Nodes();
+    count += instance.part.nodes;
   }
   EXPECT_EQ(count, input.assemblyCoordMap.Count());
   EXPECT_EQ(2, input.partCoordMap.Instances().Length());
@@ -216,7 +199,7 @@ TEST(inp_InputFile, TheAssemblyHasSetsAndSurfacesOfItsOwn)
             SetsText(input.assemblyNsetMap.ConstGetMap()));
   EXPECT_EQ("{\"FIRST\": {\"BOTH\": [1], \"PLAIN\": [1]}}",
             SetsText(input.assemblyElsetMap.ConstGetMap()));
-  EXPECT_EQ("CONTACT: ASKEW {S1: 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 23 24} "
+  EXPECT_EQ("CONTACT: ASKEW {S1: 1 2 3 4 5 6 7} "
             "BOTH {S2: 1} PLAIN {S2: 1}\nREST: ASKEW {}\n",
             SurfacesText(input.assemblySurfaceMap.ConstGetAssemblyInstanceSurfaceMap()));
 }
@@ -260,17 +243,6 @@ TEST(inp_InputFile, ADeckWithoutPartsIsOnlyChecked)
                                          testing::HasSubstr("Period cannot be used within set")));
   EXPECT_EQ(0, road.input.assemblyCoordMap.Count());
   EXPECT_EQ(3, road.input.keywords.Length());
-}
-
-TEST(inp_InputFile, ReorganizingStopsBeforeTheMaps)
-{
-  inp_InputFile input;
-  input.keywords = DeckKeywords("*PART, NAME=P\n*NODE\n1, 0., 0., 0.\n*END PART\n");
-  input.featureEnhanced = true;
-  input.ReorganizeKeywords(true);
-  EXPECT_EQ(2, input.keywords.Length());
-  EXPECT_EQ(1, input.keywords.ConstGet(0).suboptions.Length());
-  EXPECT_EQ(0, input.partCoordMap.Count());
 }
 
 // Were an instance to cost its part's nodes, this would be 2 * 10^8 of them.

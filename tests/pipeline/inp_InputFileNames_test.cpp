@@ -59,7 +59,9 @@ TEST(inp_InputFileNames, PeriodsGoFromDefinitionsAndReferences)
 {
   EXPECT_EQ(WithoutPeriods("*NODE, NSET=N.1\n1, 0., 0., 0.\n"
                            "*ELEMENT, TYPE=MASS, ELSET=a.b\n1, 1\n"
-                           "*ELSET, ELSET=C.D\n1\n"
+                           "*ELSET, ELSET=C.D\n1, a.b\n"
+                           "*NCOPY, OLDSET=N.1, NEWSET=N.2, CHANGENUMBER=10, SHIFT\n"
+                           "*NFILL, NSET=N.3\nN.1, \"N.2\", 3\n"
                            "*SOLID SECTION, ELSET=A.B, MATERIAL=STEEL, ORIENTATION=O.1\n1.5\n"
                            "*ORIENTATION, NAME=O.1\n1., 0., 0., 0., 1., 0.\n"
                            "*SURFACE, NAME=S.T, TYPE=ELEMENT\n A.B , S1\n"
@@ -69,7 +71,9 @@ TEST(inp_InputFileNames, PeriodsGoFromDefinitionsAndReferences)
                            "*ADAPTIVE MESH CONSTRAINT\nN.1, 1, 1, 0.5\n*END STEP\n"),
             "node nset=N_1: 1|0.|0.|0.|0.|0.|0.\n"
             "element elset=A_B, type=MASS: 1|1\n"
-            "elset elset=C_D: 1\n"
+            "elset elset=C_D: 1|A_B\n"
+            "ncopy changenumber=10, newset=N_2, oldset=N_1, shift\n"
+            "nfill nset=N_3: N_1|\"N.2\"|3\n"
             "solidsection elset=A_B, material=STEEL, orientation=O_1: 1.5\n"
             "orientation name=O_1: 1.|0.|0.|0.|1.|0.\n"
             "surface name=S_T, type=ELEMENT: A_B|S1\n"

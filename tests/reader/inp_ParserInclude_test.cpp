@@ -19,8 +19,7 @@ struct Case
 {
   char const* what;
   Files files; ///< the first is read
-  std::string keywords;
-  std::string messages;
+  std::string keywords, messages;
 };
 
 DeckReading Read(DeckFiles const& files, Files const& contents, bool strict = true)
@@ -106,33 +105,22 @@ TEST(inp_ParserInclude, ReadsARangeOfLines)
     "1 error LineRangeIncomplete(include): Both startLine and endLine parameters must be given.\n"
     "1 error StartLineNotPositive(include): Parameter \"startLine\" must be a positive integer; "
     "startLine=0\n";
-  auto const notInteger = [](std::string const& value)
-  {
-    return "1 error ValueNotInteger(include): Value cannot be converted to an integer: " + value +
-           "\n";
-  };
   std::string const whole = "a:1 node: 2 / 3\na:4 nset: 5\n";
   struct
   {
     char const* range;
-    std::string keywords;
-    std::string skipped;
-    std::string messages;
+    std::string keywords, skipped, messages;
   } const cases[] = {
     {"", whole, "", ""},
     {", STARTLINE=2, ENDLINE=2", "", "2", ""},
     {", STARTLINE=3, ENDLINE=4", "a:4 nset\n", "3", ""},
     {", STARTLINE=4, ENDLINE=99", "a:4 nset: 5\n", "", ""},
     {", STARTLINE=3", whole, "", incomplete},
-    {", ENDLINE=3", whole, "", incomplete},
-    {", STARTLINE=0, ENDLINE=3", whole, "",
-     "1 error StartLineNotPositive(include): Parameter \"startLine\" must be a positive integer; "
-     "startLine=0\n"},
     {", STARTLINE=3, ENDLINE=2", whole, "",
      "1 error EndLineBelowStartLine(include): Parameter \"endLine\" must be endLine >=startLine; "
      "endLine=2, startLine=3\n"},
-    {", STARTLINE=1., ENDLINE=2", "", "", notInteger("1.")},
-    {", STARTLINE, ENDLINE=2", "", "", notInteger("TRUE")},
+    {", STARTLINE, ENDLINE=2", "", "",
+     "1 error ValueNotInteger(include): Value cannot be converted to an integer: TRUE\n"},
     {", STARTL=2, ENDL=2", whole, "", ""}, // no abbreviations
   };
   for (auto const& c : cases)
@@ -161,7 +149,6 @@ TEST(inp_ParserInclude, FilesThatCannotBeReadCostTheKeywordAlone)
     char const* missing;
   } const cases[] = {
     {"", "fatal NoInputParameter(include): Missing input parameter\n", ""},
-    {", INPUT=", "fatal NoInputParameter(include): Missing input parameter\n", ""},
     {", INPUT=no/such.inp",
      "fatal MissingIncludeFile(include): Include file \"no/such.inp\" does not exist.\n",
      "such.inp"},
@@ -176,11 +163,6 @@ TEST(inp_ParserInclude, FilesThatCannotBeReadCostTheKeywordAlone)
      ""},
     {", INPUT=pipe",
      "error IncludeFileNotRegular(include): *INCLUDE, INPUT=pipe : file is a pipe, socket or "
-     "device "
-     "and is not read.\n",
-     ""},
-    {", INPUT=/dev/zero",
-     "error IncludeFileNotRegular(include): *INCLUDE, INPUT=/dev/zero : file is a pipe, socket or "
      "device and is not read.\n",
      ""},
     {", INPUT=deck",
@@ -214,30 +196,20 @@ TEST(inp_ParserInclude, AnUnreadableFileIsFatal)
             "1 fatal UnreadableIncludeFile(include): Input file \"a\" is unreadable.\n");
 }
 
-TEST(inp_ParserInclude, LenientReadingOnlyListsMissingFiles)
+TEST(inp_ParserInclude, FilesAreListedAsWrittenAndMissingOnesAreNoFaultOfALenientReading)
 {
   DeckFiles files;
+  files.Write("sub/c", "");
   DeckReading const read =
     Read(files,
-         {{"deck", "*INCLUDE, INPUT=x/b\n*INCLUDE, INPUT=a\n*INCLUDE, INPUT=\"\"\n*NODE\n"},
+         {{"deck", "*INCLUDE, INPUT=x/b\n*INCLUDE, INPUT=sub/../a\n*INCLUDE, INPUT=\"\"\n*NODE\n"
+                   "*INCLUDE, INPUT=\"a\"\n"},
           {"a", "*INCLUDE, INPUT=b\n*INCLUDE, INPUT=c\n"}},
          false);
   EXPECT_EQ(read.keywords, "4 node\n");
   EXPECT_EQ(read.messages, "3 fatal NoInputParameter(include): Missing input parameter\n");
   EXPECT_EQ(read.missing, "b; c");
-  EXPECT_EQ(read.included, "a");
-}
-
-TEST(inp_ParserInclude, NamesAreListedAsWritten)
-{
-  DeckFiles files;
-  DeckReading const read = Read(files, {{"deck", "*INCLUDE, INPUT=sub/../a\n*INCLUDE, INPUT=a\n"
-                                                 "*INCLUDE, INPUT=a\n*INCLUDE, INPUT=\"b\"\n"},
-                                        {"a", "*INCLUDE, INPUT=b\n"},
-                                        {"b", ""},
-                                        {"sub/c", ""}});
-  EXPECT_EQ(read.included, "sub/../a; b; a; a; b");
-  EXPECT_EQ(read.messages, "");
+  EXPECT_EQ(read.included, "sub/../a; a");
 }
 
 TEST(inp_ParserInclude, CirclesAreFoundAtAnyDepth)

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Lists.h"
 #include "VRXBasException.h"
 #include "inp_DataArray.h"
 #include "inp_ParserExceptions.h"
@@ -35,63 +36,37 @@ std::string RowText(inp_DataArrayImpl const& rows, int i)
 /// The row that a line becomes, or what is raised for it.
 std::string Converted(std::string const& line)
 {
-  try
-  {
-    inp_NodeDataArrayImpl rows;
-    rows.SetRaw(Raw({line}));
-    EXPECT_EQ(rows.Rows(), 1);
-    return RowText(rows, 0);
-  }
-  catch (nex_AtrException const& fault)
-  {
-    return fault.UserReport().CStr();
-  }
-}
-
-template <class Fault>
-std::string Raised(std::function<void()> const& action)
-{
-  try
-  {
-    action();
-  }
-  catch (Fault const& fault)
-  {
-    return fault.UserReport().CStr();
-  }
-  return "nothing";
+  std::string row;
+  std::string const fault = Raised(
+    [&]
+    {
+      inp_NodeDataArrayImpl rows;
+      rows.SetRaw(Raw({line}));
+      row = RowText(rows, 0);
+    });
+  return row.empty() ? fault : row;
 }
 
 } // namespace
 
 TEST(inp_NodeDataArrayImpl, ReadsLabels)
 {
-  struct
-  {
-    char const* label;
-    char const* result;
-  } const cases[] = {
-    {"1", "1 0. 0. 0. 0. 0. 0."},
+  std::pair<char const*, char const*> const cases[] = {
     {" \t7 \t", "7 0. 0. 0. 0. 0. 0."},
-    {"7\r", "7 0. 0. 0. 0. 0. 0."},
     {"999999999", "999999999 0. 0. 0. 0. 0. 0."},
     {"000000012", "12 0. 0. 0. 0. 0. 0."},
     {"+12345678", "12345678 0. 0. 0. 0. 0. 0."},
     {"1234567890", "Node label exceeds 9 digits: 1234567890"},
     {"0000000001", "Node label exceeds 9 digits: 0000000001"},
-    {"+123456789", "Node label exceeds 9 digits: +123456789"},
-    {"0", "Node label is not a positive integer: 0"},
     {"-3", "Node label is not a positive integer: -3"},
     {"1.", "Node label is not an integer: 1."},
     {" a b ", "Node label is not an integer: AB"},
-    {"1 2", "Node label is not an integer: 12"},
     {"5\v", "Node label is not an integer: 5\v"},
     {"", "0 0. 0. 0. 0. 0. 0."},
-    {" \t\r", "0 0. 0. 0. 0. 0. 0."},
     {",1.", "Node label is not an integer: "},
   };
-  for (auto const& c : cases)
-    EXPECT_EQ(Converted(c.label), c.result) << c.label;
+  for (auto const& [label, result] : cases)
+    EXPECT_EQ(Converted(label), result) << label;
 }
 
 TEST(inp_NodeDataArrayImpl, ReadsCoordinates)
@@ -102,13 +77,11 @@ TEST(inp_NodeDataArrayImpl, ReadsCoordinates)
     double value;
     bool isGood;
   } const cases[] = {
-    {"", 0., true},       {"  ", 0., true},       {"1", 1., true},       {" -1.5 ", -1.5, true},
-    {"+.5", .5, true},    {"1e3", 1e3, true},     {"1E-3", 1e-3, true},  {"1.5D3", 1500., true},
-    {"1d+2", 100., true}, {"1.D-2\r", .01, true}, {"0x10", 16., true},   {"2\t", 2., true},
-    {"1e-400", 0., true}, {"1.0x", 0., false},    {"x", 0., false},      {"1 2", 0., false},
-    {"1d2D3", 0., false}, {"1.5D", 0., false},    {"--1", 0., false},    {"nan", 0., false},
-    {"INF", 0., false},   {"1e999", 0., false},   {"-1D999", 0., false}, {"<x>", 0., false},
-    {"\"1\"", 0., false}, {"1e308", 1e308, true},
+    {"  ", 0., true},     {" -1.5 ", -1.5, true}, {"+.5", .5, true},    {"1E-3", 1e-3, true},
+    {"1d+2", 100., true}, {"1.D-2\r", .01, true}, {"0x10", 16., true},  {"2\t", 2., true},
+    {"1e-400", 0., true}, {"1e308", 1e308, true}, {"1.0x", 0., false},  {"1 2", 0., false},
+    {"1d2D3", 0., false}, {"1.5D", 0., false},    {"--1", 0., false},   {"nan", 0., false},
+    {"INF", 0., false},   {"-1D999", 0., false},  {"\"1\"", 0., false},
   };
   for (auto const& c : cases)
   {
@@ -128,8 +101,7 @@ TEST(inp_NodeDataArrayImpl, ReadsCoordinates)
 TEST(inp_NodeDataArrayImpl, EveryRowHasSevenColumns)
 {
   inp_NodeDataArrayImpl rows;
-  rows.SetRaw(
-    Raw({"1", "2, 1, 2, 3", "3, 1, 2, 3, 4, 5, 6", "4, 1, 2, 3, 4, 5, 6, 7, x", "5, 1,"}));
+  rows.SetRaw(Raw({"1", "2, 1, 2, 3", "4, 1, 2, 3, 4, 5, 6, 7, x", "5, 1,"}));
   std::string text;
   for (int i = 0; i < rows.Rows(); ++i)
   {
@@ -138,7 +110,6 @@ TEST(inp_NodeDataArrayImpl, EveryRowHasSevenColumns)
   }
   EXPECT_EQ(text, "1 0. 0. 0. 0. 0. 0.\n"
                   "2 1. 2. 3. 0. 0. 0.\n"
-                  "3 1. 2. 3. 4. 5. 6.\n"
                   "4 1. 2. 3. 4. 5. 6.\n"
                   "5 1. 0. 0. 0. 0. 0.\n");
 }
@@ -146,7 +117,7 @@ TEST(inp_NodeDataArrayImpl, EveryRowHasSevenColumns)
 TEST(inp_NodeDataArrayImpl, NamesBadNodesInAscendingOrder)
 {
   auto const report = [](std::vector<std::string> const& lines)
-  { return Raised<nex_AtrException>([&] { inp_NodeDataArrayImpl().SetRaw(Raw(lines)); }); };
+  { return Raised([&] { inp_NodeDataArrayImpl().SetRaw(Raw(lines)); }); };
   std::string const head =
     "Invalid nodal coordinate values were specified for the following nodes:";
   EXPECT_EQ(report({"30, x", "4, 1", "2, 1, 1, y", "30, z"}), head + " 2 30") << "each once";
@@ -196,8 +167,7 @@ TEST(inp_NodeDataArrayImpl, KeepsOneRowFreeWhenRowsAreAppended)
   EXPECT_EQ(RowText(rows, 0), "7 1. 2. 3. 0. 0. 0.");
   EXPECT_EQ(RowText(rows, 1), "8 4. 5. 6. 0. 0. 0.");
   EXPECT_EQ(Raised<VRXBasAssertException>([&] { rows.Append(9, 0., 0., 0.); }),
-            Raised<VRXBasAssertException>(
-              [] { throw VRXBasAssertException("nrows+1 < allocatedSize", __FILE__, __LINE__); }));
+            "nrows+1 < allocatedSize");
   EXPECT_EQ(rows.Rows(), 2);
   EXPECT_THROW(inp_NodeDataArrayImpl().Append(1, 0., 0., 0.), VRXBasAssertException);
 }
@@ -208,12 +178,9 @@ TEST(inp_NodeDataArrayImpl, EachColumnHasItsType)
   rows.SetRaw(Raw({"1, 1.5", ""}));
   EXPECT_EQ(rows.Type(0, 0), inp_Types::inp_INTEGER);
   EXPECT_EQ(rows.Type(1, 6), inp_Types::inp_REAL);
-  EXPECT_FALSE(rows.IsNone(1, 0));
-  EXPECT_FALSE(rows.HasRowContinuation(0));
   rows.Set(1, 0, 12);
   rows.Set(1, 6, 0.25);
   EXPECT_EQ(rows.AsInt(1, 0), 12);
-  EXPECT_EQ(rows.AsDouble(1, 6), 0.25);
   EXPECT_EQ(rows.AsStringVerbatim(1, 6), "0.25");
 
   struct
@@ -230,13 +197,12 @@ TEST(inp_NodeDataArrayImpl, EachColumnHasItsType)
     {[&] { rows.Append("5, 1"); },
      "There has been an attempt to append a generic data line to a *NODE keyword.  This can happen "
      "when the nodal coordinate listing is separated from the *NODE keyword.  Please make sure "
-     "your "
-     "include files contain complete keywords (keyword + parameters + data lines).  Note that you "
-     "can still use multiple files to list the nodes, provided you have *NODE at the top of each "
-     "file."},
+     "your include files contain complete keywords (keyword + parameters + data lines).  Note that "
+     "you can still use multiple files to list the nodes, provided you have *NODE at the top of "
+     "each file."},
   };
   for (auto const& c : cases)
-    EXPECT_EQ(Raised<nex_AtrException>(c.action), c.message);
+    EXPECT_EQ(Raised(c.action), c.message);
   EXPECT_THROW(rows.AppendRaw("5, 1"), nex_AtrException);
   EXPECT_EQ(RowText(rows, 0), "1 1.5 0. 0. 0. 0. 0.") << "nothing came of these";
 
@@ -244,9 +210,7 @@ TEST(inp_NodeDataArrayImpl, EachColumnHasItsType)
   {
     EXPECT_FALSE(rows.HasValue(i, j));
     EXPECT_THROW(rows.AsString(i, j), VRXBasAssertException);
-    EXPECT_THROW(rows.Type(i, j), VRXBasAssertException);
   }
-  EXPECT_TRUE(rows.HasValue(1, 6));
   EXPECT_THROW(rows.Cols(2), VRXBasAssertException);
 }
 
@@ -261,6 +225,5 @@ TEST(inp_NodeDataArrayImpl, ACopySharesNothing)
   EXPECT_EQ(rows.Rows(), 1);
   EXPECT_EQ(RowText(rows, 0), "1 1. 2. 3. 0. 0. 0.");
   EXPECT_EQ(RowText(*copy, 0), "5 9. 2. 3. 0. 0. 0.");
-  std::unique_ptr<inp_NodeDataArrayImpl> const none(inp_NodeDataArrayImpl().Copy());
-  EXPECT_EQ(none->Rows(), 0);
+  EXPECT_EQ(std::unique_ptr<inp_NodeDataArrayImpl>(inp_NodeDataArrayImpl().Copy())->Rows(), 0);
 }

@@ -84,3 +84,31 @@ inline std::string Marked(std::string const& deck, inp_ModelParameters const& mo
   }
   return text;
 }
+
+/// A keyword of which the place counts: the parameters that it wants, and no rows.
+inline inp_Keyword WithParametersFor(inp_KeywordEnm which, inp_ReferencePlace const& place)
+{
+  inp_Keyword keyword(which);
+  for (inp_PlaceCondition const& condition : place.conditions)
+  {
+    bool const wantsWord = condition.test == inp_PlaceCondition::is;
+    if (wantsWord || condition.test == inp_PlaceCondition::has)
+    {
+      keyword.parameters.Insert(condition.parameter,
+                                wantsWord ? inp_Item::Text(condition.words[0]) : inp_Item(true));
+    }
+    else if (condition.test == inp_PlaceCondition::isOther)
+    {
+      keyword.parameters.Insert(condition.parameter, inp_Item::Text("OTHER"));
+    }
+  }
+  if (!place.IsData())
+  {
+    keyword.parameters.Insert(place.parameter, inp_Item::Text("A"));
+  }
+  if (place.step == inp_stepDistribution)
+  {
+    keyword.parameters.Insert("type", inp_Item::Text("LENGTH"));
+  }
+  return keyword;
+}

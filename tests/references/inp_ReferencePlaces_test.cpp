@@ -22,31 +22,10 @@ char const* MarkOf(inp_referenceEnm what)
   return marks[what];
 }
 
-/// A keyword of which the place counts: the parameters that it wants, and rows of texts or numbers.
+/// A keyword for the place, with rows of texts or numbers.
 inp_Keyword KeywordFor(inp_KeywordEnm which, inp_ReferencePlace const& place)
 {
-  inp_Keyword keyword(which);
-  for (inp_PlaceCondition const& condition : place.conditions)
-  {
-    bool const wantsWord = condition.test == inp_PlaceCondition::is;
-    if (wantsWord || condition.test == inp_PlaceCondition::has)
-    {
-      keyword.parameters.Insert(condition.parameter,
-                                wantsWord ? inp_Item::Text(condition.words[0]) : inp_Item(true));
-    }
-    else if (condition.test == inp_PlaceCondition::isOther)
-    {
-      keyword.parameters.Insert(condition.parameter, inp_Item::Text("OTHER"));
-    }
-  }
-  if (!place.IsData())
-  {
-    keyword.parameters.Insert(place.parameter, inp_Item::Text("A"));
-  }
-  if (place.step == inp_stepDistribution)
-  {
-    keyword.parameters.Insert("type", inp_Item::Text("LENGTH"));
-  }
+  inp_Keyword keyword = WithParametersFor(which, place);
   for (int row = 0; row < c_rows; ++row)
   {
     cow_List<cow_String> cells;

@@ -24,21 +24,11 @@ struct DeckExpansion
     visitor.VisitList(list);
     for (inp_Keyword const& keyword : list)
       keywords += KeywordText(keyword) + "\n";
-    AddMessages("warning", visitor.GetWarningList(), deckFile);
-    AddMessages("error", visitor.GetErrorList(), deckFile);
-    AddMessages("fatal", visitor.GetFatalErrorList(), deckFile);
+    messages = MessagesText(visitor, deckFile);
   }
 
   cow_List<inp_Keyword> list;
   inp_KeywordExpansionVisitor visitor;
   std::string keywords; ///< a line each, see KeywordText
   std::string messages; ///< a line each, see MessageText; warnings first, fatal errors last
-
-private:
-  void AddMessages(char const* severity, cow_List<atr_String> const& texts,
-                   cow_String const& deckFile)
-  {
-    for (atr_String const& message : texts)
-      messages += MessageText(severity, message, deckFile) + "\n";
-  }
 };

@@ -4,8 +4,16 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <string>
 #include <string_view>
+
+/// What a file holds; "" when there is none.
+inline std::string TextOfFile(std::string const& path)
+{
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
 
 /// A folder for the files of one test, which goes with the object.
 class DeckFiles

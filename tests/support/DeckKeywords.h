@@ -22,11 +22,7 @@ inline cow_List<inp_Keyword> DeckKeywords(std::string_view deck)
   cow_List<inp_Keyword> const keywords = parser.Parse(true);
   std::remove(name.c_str());
   for (auto const* list : {&parser.GetFatalErrors(), &parser.GetErrors(), &parser.GetWarnings()})
-  {
     for (atr_String const& message : *list)
-    {
       ADD_FAILURE() << message.View() << "\nin\n" << deck;
-    }
-  }
   return keywords;
 }

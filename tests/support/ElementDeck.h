@@ -4,6 +4,7 @@
 #include "MeshDeck.h"
 #include "inp_ElementVisitor.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -55,9 +56,7 @@ public:
     cow_List<inp_Keyword>& list = m_expansion.list;
     cow_String const deckFile = list.Length() > 0 ? list.ConstGet(0).fileName : cow_String();
     m_walk.VisitList(list);
-    messages = m_expansion.messages;
-    AddMessages("warning", m_walk.GetWarningList(), deckFile);
-    AddMessages("error", m_walk.GetErrorList(), deckFile);
+    messages = m_expansion.messages + MessagesText(m_walk, deckFile);
     elements = ElementsText(Map());
     sets = SetsText(m_walk.GetSets().ConstGet(setting.scope.c_str()));
   }
@@ -65,6 +64,12 @@ public:
   std::string elements; ///< of the scope, see ElementsText
   std::string sets;     ///< of the scope, see SetsText
   std::string messages; ///< a line each: "line severity: words"; lines of a part count from 2
+
+  /// The elements, and behind them the sets when there are any.
+  std::string Made() const
+  {
+    return elements + (sets == "{}" ? "" : (elements.empty() ? "" : " ") + sets);
+  }
 
   inp_MapInt2Element const& Map() const { return m_walk.Map(); }
   inp_Element const& Element(int label) const
@@ -102,13 +107,17 @@ private:
     cow_String m_scope;
   };
 
-  void AddMessages(char const* severity, cow_List<atr_String> const& texts,
-                   cow_String const& deckFile)
-  {
-    for (atr_String const& message : texts)
-      messages += MessageText(severity, message, deckFile) + "\n";
-  }
-
   DeckExpansion m_expansion;
   Walk m_walk;
 };
+
+/// Holds each case against ElementDeck::Made and ElementDeck::messages.
+inline void ExpectElements(std::span<DeckCase const> cases, ElementDeckSetting const& setting = {})
+{
+  for (DeckCase const& c : cases)
+  {
+    ElementDeck const deck(c.deck, setting);
+    EXPECT_EQ(deck.Made(), c.made) << c.what;
+    EXPECT_EQ(deck.messages, c.messages) << c.what;
+  }
+}

@@ -13,27 +13,14 @@ public:
 
   int Next()
   {
-    switch (m_random() % 16)
-    {
-    case 0:
-      return Below(2048) * (1 << 20);
-    case 1:
-      return -Below(2048) * (1 << 20);
-    case 2:
-      return 999999999 - Below(70);
-    case 3:
-      return std::numeric_limits<int>::min() + Below(70);
-    case 4:
-      return std::numeric_limits<int>::max() - Below(70);
-    case 5:
-      return Below(1000000000);
-    case 6:
-    case 7:
-    case 8:
-      return -Below(500);
-    default:
-      return m_run + Below(500);
-    }
+    int const kind = Below(16);
+    int const rare[] = {Below(2048) * (1 << 20),
+                        -Below(2048) * (1 << 20),
+                        999999999 - Below(70),
+                        std::numeric_limits<int>::min() + Below(70),
+                        std::numeric_limits<int>::max() - Below(70),
+                        Below(1000000000)};
+    return kind < 6 ? rare[kind] : kind < 9 ? -Below(500) : m_run + Below(500);
   }
 
   /// A number from 0 up to but not including `limit`.

@@ -72,6 +72,12 @@ inline std::string SetsText(inpM_BaseSetMap const& sets)
   return "{" + text + "}";
 }
 
+/// A case of a table: a deck or a piece of one, what is made of it, and what is said about it.
+struct DeckCase
+{
+  std::string what, deck, made, messages;
+};
+
 /// In what surroundings the node keywords of a deck are read.
 struct MeshDeckSetting
 {
@@ -84,6 +90,7 @@ struct MeshDeckSetting
   bool computeGeometry = true;
   bool bulkConversion = true; ///< node rows become numbers, or the expansion stops
   bool reportBlended = false;
+  std::size_t mostBytes = std::size_t{1} << 30; ///< for sets
   inpM_InstanceMap<inp_MapInt2Element> elements;
   inpM_SetMap elementSets;
   inpM_SetMap sets; ///< what is there at the start
@@ -101,10 +108,7 @@ public:
     cow_List<inp_Keyword>& list = m_expansion.list;
     cow_String const deckFile = list.Length() > 0 ? list.ConstGet(0).fileName : cow_String();
     m_walk.VisitList(list);
-    messages = m_expansion.messages;
-    AddMessages("warning", m_walk.GetWarningList(), deckFile);
-    AddMessages("error", m_walk.GetErrorList(), deckFile);
-    AddMessages("fatal", m_walk.GetFatalErrorList(), deckFile);
+    messages = m_expansion.messages + MessagesText(m_walk, deckFile);
     nodes = NodesText(Nodes());
     nsets = SetsText(m_walk.GetSets().ConstGet(setting.scope.c_str()));
   }
@@ -138,6 +142,7 @@ private:
       (setting.isInstance ? m_instanceName : m_partName) = scope;
       instanceTransform = setting.position;
       reportBlended = setting.reportBlended;
+      mostBytes = setting.mostBytes;
       setInstanceNames(Names(setting.instances));
       setImportedInstances(Names(setting.imported));
       if (scope.Length() > 0 && setting.hasScopeMap)
@@ -165,13 +170,6 @@ private:
     }
     bool IsValidInstanceName(cow_String const& name) const override { return IsInstance(name); }
   };
-
-  void AddMessages(char const* severity, cow_List<atr_String> const& texts,
-                   cow_String const& deckFile)
-  {
-    for (atr_String const& message : texts)
-      messages += MessageText(severity, message, deckFile) + "\n";
-  }
 
   DeckExpansion m_expansion;
   Walk m_walk;

@@ -24,3 +24,17 @@ inline std::string MessageText(char const* severity, atr_String const& message,
   std::string const place = origin->file == deckFile ? "" : file.substr(file.rfind('/') + 1) + ":";
   return place + std::to_string(origin->line) + " " + severity + ": " + words;
 }
+
+/// All that a visitor has to say, a line each: warnings first, fatal errors last.
+template <class Visitor>
+std::string MessagesText(Visitor const& visitor, cow_String const& deckFile)
+{
+  std::string text;
+  for (atr_String const& message : visitor.GetWarningList())
+    text += MessageText("warning", message, deckFile) + "\n";
+  for (atr_String const& message : visitor.GetErrorList())
+    text += MessageText("error", message, deckFile) + "\n";
+  for (atr_String const& message : visitor.GetFatalErrorList())
+    text += MessageText("fatal", message, deckFile) + "\n";
+  return text;
+}

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "DeckFiles.h"
+
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 #include <optional>
 #include <string>
 #include <sys/resource.h>
@@ -14,13 +13,6 @@
 #include <thread>
 #include <unistd.h>
 #include <vector>
-
-/// What a file holds; "" when there is none.
-inline std::string TextOfFile(std::string const& path)
-{
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 /// A run of a program: its exit status (below 0: ended by that signal), and what it wrote.
 struct ProgramRun
@@ -55,12 +47,6 @@ public:
     m_outputDescriptor = descriptor;
     return *this;
   }
-  /// Standard error goes to an open descriptor.
-  Program& ErrorTo(int descriptor)
-  {
-    m_errorDescriptor = descriptor;
-    return *this;
-  }
   /// A limit of the system on the program, RLIMIT_FSIZE for one.
   Program& Limit(int resource, rlim_t value)
   {
@@ -78,9 +64,7 @@ public:
   {
     pid_t const child = ::fork();
     if (child == 0)
-    {
       Become(arguments);
-    }
     return child;
   }
 
@@ -92,9 +76,7 @@ public:
     while (::waitpid(child, &status, WNOHANG) == 0)
     {
       if (std::chrono::steady_clock::now() > deadline)
-      {
         ::kill(child, SIGKILL);
-      }
       std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
     int const code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
@@ -115,27 +97,20 @@ private:
   {
     std::vector<char*> words{const_cast<char*>("inpdeck")};
     for (std::string const& argument : arguments)
-    {
       words.push_back(const_cast<char*>(argument.c_str()));
-    }
     words.push_back(nullptr);
     for (auto const& [name, value] : m_environment)
-    {
       ::setenv(name.c_str(), value.c_str(), 1);
-    }
     int const flags = O_WRONLY | O_CREAT | O_TRUNC;
     int const out = m_outputDescriptor.value_or(
       ::open(m_output.empty() ? OutFile().c_str() : m_output.c_str(), flags, 0600));
-    int const err =
-      m_errorDescriptor >= 0 ? m_errorDescriptor : ::open(ErrFile().c_str(), flags, 0600);
+    int const err = ::open(ErrFile().c_str(), flags, 0600);
     ::dup2(err, STDERR_FILENO);
     out < 0 ? ::close(STDOUT_FILENO) : ::dup2(out, STDOUT_FILENO);
     rlimit const limit{m_limit, m_limit};
     bool const isSet = m_resource < 0 || ::setrlimit(m_resource, &limit) == 0;
     if (isSet && ::chdir(m_folder.c_str()) == 0)
-    {
       ::execv(m_path.c_str(), words.data());
-    }
     ::_exit(127);
   }
 
@@ -143,7 +118,6 @@ private:
   std::string m_folder;
   std::string m_output;
   std::optional<int> m_outputDescriptor;
-  int m_errorDescriptor = -1;
   int m_resource = -1;
   rlim_t m_limit = 0;
   std::vector<std::pair<std::string, std::string>> m_environment;

@@ -150,7 +150,7 @@ mem_Slab* TakeSlab(std::uint32_t sizeClass)
 // A slab that is being carved counts so many blocks more, so that it is not given back meanwhile.
 constexpr std::uint32_t beingCarved = std::uint32_t{1} << 30;
 // Longer blocks would leave too much of a slab unused.
-constexpr std::size_t longestInOrder = mem_slabSize / 16;
+constexpr std::size_t longestInOrder = mem_slabSize / 8;
 
 void Discount(mem_Slab* slab, std::uint32_t blocks)
 {

@@ -7,7 +7,7 @@
 #include <utility>
 
 /// An array of built-in values, or of arrays of them, in blocks of a slab's size: a large one stands where
-/// slabs have been given back, in place of new memory of its whole length.
+/// slabs have been given back, in place of new memory of its whole length. Small ones are taken in order.
 ///
 ///     index    0 ........ n-1 | n ........ 2n-1 | 2n .. size-1
 ///     block    0              | 1               | 2, which is no longer than it must be
@@ -69,7 +69,7 @@ mem_SlabArray<T>::mem_SlabArray(std::size_t size)
     for (std::size_t left = size; m_count < count; ++m_count)
     {
       std::size_t const length = std::min(left, c_inBlock);
-      m_blocks[m_count] = static_cast<T*>(mem_OperatorNewThrowBuiltin(length * sizeof(T)));
+      m_blocks[m_count] = static_cast<T*>(mem_OperatorNewInOrderThrow(length * sizeof(T)));
       left -= length;
     }
   }

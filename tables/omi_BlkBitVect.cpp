@@ -82,7 +82,6 @@ void omi_BlkBitVect::Merge(omi_BlkBitVect const& other, unsigned firstWord)
   {
     MakeRoom(lastWord);
   }
-  stale = true;
   for (unsigned block = 0; block <= highest >> 5 >> other.words.blockShift; ++block)
   {
     unsigned const* const source = other.words.blockTable[block];
@@ -95,7 +94,9 @@ void omi_BlkBitVect::Merge(omi_BlkBitVect const& other, unsigned firstWord)
     {
       if (source[cell] != 0)
       {
-        words.MakeCell(start + cell) |= source[cell];
+        unsigned& target = words.MakeCell(start + cell);
+        bitCount += static_cast<unsigned>(std::popcount(source[cell] & ~target)); // unless stale
+        target |= source[cell];
       }
     }
   }

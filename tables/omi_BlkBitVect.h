@@ -65,7 +65,7 @@ public:
   /// Sets all bits that the other has, moved up by `firstWord` words. A word at a time.
   void Merge(omi_BlkBitVect const& other, unsigned firstWord = 0);
 
-  /// Number of set bits. O(1), or one pass over the words after a SetRange or Merge.
+  /// Number of set bits. O(1), or one pass over the words after a SetRange.
   unsigned BitCount() const
   {
     if (stale)

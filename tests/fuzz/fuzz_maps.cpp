@@ -60,7 +60,6 @@ void Walk(inp_InputFile const& input)
   aio_ostream stream(text);
   input.assemblyNsetMap.Print(stream);
   input.assemblyElsetMap.Print(stream);
-  input.assemblySurfaceMap.Print(stream);
 }
 
 bool Begin(inp_InputFile& input, FuzzedFiles const& files)

@@ -102,6 +102,7 @@ private:
   bool CheckLabel(inp_Keyword const& keyword, long long label);
   /// Counts nodes that are to be generated; false, with an error, when the walk has made too many.
   bool CheckCount(inp_Keyword const& keyword, double count);
+  bool CheckListed(inp_Keyword const& keyword, inpM_BaseSet const& set);
   /// Stores a generated node; false, with an error, when its position is not finite.
   bool Store(inp_Keyword const& keyword, inp_CoordMap& map, int label, inp_Coord const& coord);
   template <class Rows>

@@ -94,9 +94,14 @@ private:
   bool FindSurface(cow_String const& name, inpM_AssemblyInstanceSurface& found) const;
   static int FirstSurfaceRow(inp_Keyword const& keyword);
   void SayMissingSets(inp_Keyword const& keyword, Faults const& faults);
+  bool HasRoomFor(inpM_BaseSet const& set, cow_String const& name, Faults& faults);
   template <int Places>
-  void SayMissing(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
-                  Faults const& faults);
+  void SayNames(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+                cow_List<cow_String> const& names);
+
+  static constexpr std::size_t c_mostOfSet = 50000000;
+  static constexpr std::size_t c_mostAdded = 4 * c_mostOfSet;
+  std::size_t m_added = 0; ///< ids of sets, by this walk
 };
 
 /// What the second field of a row says: of a surface of nodes the area, which is 1.0 where there is no

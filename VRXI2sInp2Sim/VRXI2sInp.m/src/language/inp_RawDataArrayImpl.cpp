@@ -60,7 +60,7 @@ template <class T>
 T* Enlarged(T* array, int used, int capacity)
 {
   T* const larger =
-    static_cast<T*>(mem_OperatorNewThrowBuiltin(static_cast<std::size_t>(capacity) * sizeof(T)));
+    static_cast<T*>(mem_OperatorNewInOrderThrow(static_cast<std::size_t>(capacity) * sizeof(T)));
   std::copy(array, array + used, larger);
   mem_Free(array);
   return larger;

@@ -119,6 +119,17 @@ bool inp_NodeVisitor::CheckCount(inp_Keyword const& keyword, double count)
   return true;
 }
 
+/// Of a set that is to be listed, more members than any walk makes are refused alike.
+bool inp_NodeVisitor::CheckListed(inp_Keyword const& keyword, inpM_BaseSet const& set)
+{
+  bool const fits = set.CountIds() <= c_mostGenerated;
+  if (!fits)
+  {
+    Say(inp_msgTooManyNodesGenerated, keyword, cow_String(c_mostGenerated));
+  }
+  return fits;
+}
+
 bool inp_NodeVisitor::Store(inp_Keyword const& keyword, inp_CoordMap& map, int label,
                             inp_Coord const& coord)
 {

@@ -135,6 +135,10 @@ bool inp_NodeVisitor::AddNodesOfScope(inp_Keyword const& keyword, cow_String con
     Say(inp_msgElementSetMissing, keyword, elset);
     return false;
   }
+  if (!CheckListed(keyword, *set))
+  {
+    return false;
+  }
   AddTopology(elements, scope, set->ConstGetIds(), nodes,
               CurrentName().Empty() ? scope : cow_String());
   return true;
@@ -148,6 +152,10 @@ bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String 
   if (set == nullptr)
   {
     Say(inp_msgElementSetMissing, keyword, elset);
+    return false;
+  }
+  if (!CheckListed(keyword, *set))
+  {
     return false;
   }
   cow_List<int> const missing =

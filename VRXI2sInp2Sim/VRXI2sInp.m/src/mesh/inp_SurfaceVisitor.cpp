@@ -140,7 +140,7 @@ void inp_SurfaceVisitor::ReadInstanceLevelRows(inp_Keyword const& keyword,
     {
       faults.Add(name);
     }
-    else if (!repeats.Have(place, row))
+    else if (!repeats.Have(place, row) && HasRoomFor(*set, name, faults))
     {
       addIds();
       add(set->ConstGetIds());
@@ -181,12 +181,27 @@ int inp_SurfaceVisitor::FirstSurfaceRow(inp_Keyword const& keyword)
   return TypeOf(keyword) == "CUTTINGSURFACE" ? 1 : 0;
 }
 
+/// A surface lists its ids, 4 bytes each and more while it is made; a generated set of a few bytes may
+/// hold a thousand million.
+bool inp_SurfaceVisitor::HasRoomFor(inpM_BaseSet const& set, cow_String const& name, Faults& faults)
+{
+  std::size_t const count = set.CountIds();
+  if (count > c_mostOfSet || m_added + count > c_mostAdded)
+  {
+    faults.AddTooLarge(name);
+    return false;
+  }
+  m_added += count;
+  return true;
+}
+
 // Rows of these types may name what is no set: materials of an Eulerian section, enriched features.
 void inp_SurfaceVisitor::SayMissingSets(inp_Keyword const& keyword, Faults const& faults)
 {
+  SayNames(inp_msgSurfaceSetsTooLarge, keyword, faults.TooLarge());
   cow_String const type = TypeOf(keyword);
   if (!(type == "EULERIANMATERIAL") && !(type == "XFEM"))
   {
-    SayMissing(inp_msgSurfaceSetsMissing, keyword, faults);
+    SayNames(inp_msgSurfaceSetsMissing, keyword, faults.Names());
   }
 }

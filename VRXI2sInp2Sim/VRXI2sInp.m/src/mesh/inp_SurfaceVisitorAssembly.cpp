@@ -57,7 +57,7 @@ void inp_SurfaceVisitor::AssemblyRows::ReadPlain(inp_ScopedField const& field, i
   {
     faults.Add(name);
   }
-  else if (!m_repeats.Have(m_place, row))
+  else if (!m_repeats.Have(m_place, row) && m_visitor.HasRoomFor(*set, name, faults))
   {
     AddIds();
     AddSetOfAssembly(*set);
@@ -89,7 +89,7 @@ void inp_SurfaceVisitor::AssemblyRows::ReadScoped(inp_ScopedField const& field,
     faults.Add(text);
     return;
   }
-  if (m_repeats.Have(m_place, row))
+  if (m_repeats.Have(m_place, row) || !m_visitor.HasRoomFor(*set, text, faults))
   {
     return;
   }

@@ -164,7 +164,7 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
                 }
               });
   combination.Finish();
-  SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
+  SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
   return surface;
 }
 
@@ -189,7 +189,7 @@ inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
                 }
               });
   combination.Finish();
-  SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
+  SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
   return surface;
 }
 
@@ -212,7 +212,7 @@ void inp_SurfaceVisitor::CropNamedSurface(inp_Keyword const& keyword,
       faults.Add(name);
     }
   }
-  SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
+  SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
 }
 
 void inp_SurfaceVisitor::CropNamedSurface(inp_Keyword const& keyword,
@@ -232,7 +232,7 @@ void inp_SurfaceVisitor::CropNamedSurface(inp_Keyword const& keyword,
       faults.Add(name);
     }
   }
-  SayMissing(inp_msgCombinedSurfacesMissing, keyword, faults);
+  SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
 }
 
 void inp_SurfaceVisitor::Crop(inpM_AssemblyInstanceSurface& surface, inp_CropDefinition const& box,

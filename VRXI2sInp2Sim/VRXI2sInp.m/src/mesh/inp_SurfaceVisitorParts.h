@@ -56,21 +56,26 @@ struct inp_SurfaceVisitor::Place
   }
 };
 
-/// The names in a keyword that stand for nothing, each once.
+/// The names in a keyword that stand for nothing, each once, and those of sets too large to be added.
 class inp_SurfaceVisitor::Faults
 {
 public:
-  void Add(cow_String const& name)
+  void Add(cow_String const& name) { Add(m_names, name); }
+  void AddTooLarge(cow_String const& name) { Add(m_tooLarge, name); }
+  cow_List<cow_String> const& Names() const { return m_names; }
+  cow_List<cow_String> const& TooLarge() const { return m_tooLarge; }
+
+private:
+  void Add(cow_List<cow_String>& names, cow_String const& name)
   {
     if (m_known.insert(name).second)
     {
-      m_names.Append(name);
+      names.Append(name);
     }
   }
-  cow_List<cow_String> const& Names() const { return m_names; }
 
-private:
   cow_List<cow_String> m_names;
+  cow_List<cow_String> m_tooLarge;
   std::unordered_set<cow_String> m_known;
 };
 
@@ -110,13 +115,13 @@ private:
 };
 
 template <int Places>
-void inp_SurfaceVisitor::SayMissing(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
-                                    Faults const& faults)
+void inp_SurfaceVisitor::SayNames(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+                                  cow_List<cow_String> const& names)
 {
-  if (faults.Names().Length() > 0)
+  if (names.Length() > 0)
   {
-    atr_String const text = inp_Utils::MessageWithItems(
-      atr_Say(row, keyword.GetParameterAsString("name", "")), faults.Names());
+    atr_String const text =
+      inp_Utils::MessageWithItems(atr_Say(row, keyword.GetParameterAsString("name", "")), names);
     ListOf(row.severity).Append(inp_Utils::MessageInKeyword(keyword, text));
   }
 }

@@ -219,7 +219,7 @@ int* inp_ElementDataArrayImpl::TakeCells(std::size_t count)
     try
     {
       m_blocks.push_back(nullptr);
-      m_next = static_cast<int*>(mem_OperatorNewThrowBuiltin(size * sizeof(int)));
+      m_next = static_cast<int*>(mem_OperatorNewInOrderThrow(size * sizeof(int)));
     }
     catch (std::bad_alloc const&)
     {

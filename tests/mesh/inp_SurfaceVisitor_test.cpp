@@ -66,6 +66,10 @@ TEST(inp_SurfaceVisitor, ReadsRowsOfAPart)
      "*SURFACE, NAME=S\nNONE, S1\n1, S1\nLEFT, S1\nNONE, S2\n0, S1\n1234567890, S1\n", "S {S1: 1}",
      Line(c_firstLine, " error: The following sets were not found when generating the surface S:\n"
                        "    NONE, LEFT, 0, 1234567890")},
+    {"sets of a few bytes may hold more than a list",
+     "*ELSET, ELSET=ALL, GENERATE\n1, 60000000\n*SURFACE, NAME=S\nALL, S1\n1, S1\n", "S {S1: 1}",
+     Line(c_firstLine + 2, " error: The following sets hold more ids than can be added to the "
+                           "surface S. They are left out:\n    ALL")},
   };
   for (DeckCase const& c : cases)
   {

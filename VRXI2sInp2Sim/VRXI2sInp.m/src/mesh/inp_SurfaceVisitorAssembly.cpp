@@ -89,14 +89,18 @@ void inp_SurfaceVisitor::AssemblyRows::ReadScoped(inp_ScopedField const& field,
     faults.Add(text);
     return;
   }
-  if (m_repeats.Have(m_place, row) || !m_visitor.HasRoomFor(*set, text, faults))
+  if (m_repeats.Have(m_place, row))
   {
     return;
   }
   AddIds();
-  inpM_PartInstanceSurfaceHandle& piece = m_pieces[{set, m_place}];
+  inpM_PartInstanceSurfaceHandle& piece = m_pieces[{set, m_place}]; // instances of a part share it
   if (piece.IsNull())
   {
+    if (!m_visitor.HasRoomFor(*set, text, faults))
+    {
+      return;
+    }
     piece = MakePiece(m_place, set->ConstGetIds());
   }
   m_surface.Add(instanceName, *piece);

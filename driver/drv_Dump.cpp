@@ -1,9 +1,9 @@
 #include "drv_Dump.h"
 
-#include "drv_DumpMaps.h"
 #include "drv_Job.h"
-#include "drv_JsonWriter.h"
 #include "drv_Output.h"
+#include "srv_JsonWriter.h"
+#include "srv_MapOutput.h"
 
 namespace
 {
@@ -12,7 +12,7 @@ class Dumper
 {
 public:
   explicit Dumper(drv_Output& output)
-    : m_output(output), m_json(output.Buffer(), drv_JsonWriter::spaced)
+    : m_output(output), m_json(output.Buffer(), srv_JsonWriter::spaced)
   {
   }
 
@@ -28,7 +28,7 @@ private:
   void DumpData(inp_DataArray const& data, int indent);
 
   drv_Output& m_output;
-  drv_JsonWriter m_json;
+  srv_JsonWriter m_json;
 };
 
 void Dumper::Dump(drv_Job& job)
@@ -45,7 +45,7 @@ void Dumper::Dump(drv_Job& job)
   }
   if (job.What() != drv_keywords)
   {
-    drv_DumpMaps(job.Model(), job.PartElements(), m_json, m_output);
+    srv_WriteMaps(job.Model(), job.PartElements(), m_json, m_output);
   }
   m_json.EndObject();
   m_output.Write("\n");

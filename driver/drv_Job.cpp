@@ -120,11 +120,11 @@ bool drv_Job::WantsProgress() const
          ::isatty(STDERR_FILENO) == 1;
 }
 
-drv_KeywordCensus const& drv_Job::Census()
+srv_KeywordCensus const& drv_Job::Census()
 {
   if (!m_census.has_value())
   {
-    m_census = drv_CountKeywords(m_model.keywords);
+    m_census = srv_CountKeywords(m_model.keywords);
   }
   return *m_census;
 }

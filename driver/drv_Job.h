@@ -1,9 +1,9 @@
 #pragma once
 
-#include "drv_Census.h"
 #include "drv_Options.h"
 #include "drv_Reporter.h"
 #include "inp_InputFile.h"
+#include "srv_Census.h"
 
 #include <optional>
 #include <string>
@@ -30,7 +30,7 @@ public:
     return m_keepsRows ? m_keywords : m_model.keywords;
   }
   /// The keywords of the flat list, behind its last stage.
-  drv_KeywordCensus const& Census();
+  srv_KeywordCensus const& Census();
   /// The elements of parts, which the model gives up in its last stage.
   inpM_InstanceMap<inp_MapInt2Element> const& PartElements() const { return m_partElements; }
   bool HasMaps() const { return m_hasMaps; }
@@ -84,7 +84,7 @@ private:
   bool m_hasMaps = false;
   bool m_keepsRows = false;
   bool m_lacksFlatRoad = false;
-  std::optional<drv_KeywordCensus> m_census;
+  std::optional<srv_KeywordCensus> m_census;
   cow_List<inp_Keyword> m_keywords;
   inpM_InstanceMap<inp_MapInt2Element> m_partElements;
 };

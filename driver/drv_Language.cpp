@@ -1,15 +1,15 @@
 #include "drv_Language.h"
 
 #include "drv_Exit.h"
-#include "drv_Hints.h"
-#include "drv_JsonWriter.h"
 #include "drv_Options.h"
 #include "drv_Output.h"
-#include "drv_Utf8.h"
-#include "drv_Words.h"
 #include "inp_ExpansionRules.h"
 #include "inp_KeywordTable.h"
 #include "inp_ReferencePlaces.h"
+#include "srv_Hints.h"
+#include "srv_JsonWriter.h"
+#include "srv_Utf8.h"
+#include "srv_Words.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -40,13 +40,13 @@ constexpr ElementType c_elementTypes[] = {
 /// A table of words that one or more parameters take.
 struct Enumeration
 {
-  drv_Words parameters;
-  drv_Words values;
+  srv_Words parameters;
+  srv_Words values;
 };
 
-drv_Words TakeWords(char const* const* from)
+srv_Words TakeWords(char const* const* from)
 {
-  drv_Words words;
+  srv_Words words;
   for (; *from != nullptr; ++from)
   {
     words.emplace_back(*from);
@@ -60,7 +60,7 @@ std::vector<Enumeration> EnumerationsOf(inp_ExpansionRule const& rule)
   std::vector<Enumeration> enumerations;
   for (char const* const* run = rule.values; *run != nullptr; run = inp_NextValues(run))
   {
-    drv_Words const values = TakeWords(run + 1);
+    srv_Words const values = TakeWords(run + 1);
     bool const isShared = !enumerations.empty() && enumerations.back().values == values;
     if (!isShared)
     {
@@ -72,35 +72,35 @@ std::vector<Enumeration> EnumerationsOf(inp_ExpansionRule const& rule)
 }
 
 /// The words of every table that the parameter has.
-drv_Words ValuesOf(inp_ExpansionRule const& rule, std::string const& parameter)
+srv_Words ValuesOf(inp_ExpansionRule const& rule, std::string const& parameter)
 {
-  drv_Words values;
+  srv_Words values;
   for (char const* const* run = rule.values; *run != nullptr; run = inp_NextValues(run))
   {
     if (parameter == *run)
     {
-      drv_Words const more = TakeWords(run + 1);
+      srv_Words const more = TakeWords(run + 1);
       values.insert(values.end(), more.begin(), more.end());
     }
   }
   return values;
 }
 
-drv_Words ParametersOf(inp_KeywordEnm keyword)
+srv_Words ParametersOf(inp_KeywordEnm keyword)
 {
   inp_ExpansionRule const* const rule = inp_ExpansionRuleOf(keyword);
-  return rule != nullptr ? TakeWords(rule->parameters) : drv_Words();
+  return rule != nullptr ? TakeWords(rule->parameters) : srv_Words();
 }
 
 /// "*NODE"; the root of the hierarchy, which no deck names, is "the model".
 std::string ShownName(inp_KeywordEnm keyword)
 {
-  return keyword == inp_kwModel ? "the model" : "*" + drv_Upper(Table().Name(keyword).View());
+  return keyword == inp_kwModel ? "the model" : "*" + srv_Upper(Table().Name(keyword).View());
 }
 
-drv_Words ShownNames(cow_List<int> const& keywords)
+srv_Words ShownNames(cow_List<int> const& keywords)
 {
-  drv_Words names;
+  srv_Words names;
   for (int const keyword : keywords)
   {
     names.push_back(ShownName(static_cast<inp_KeywordEnm>(keyword)));
@@ -110,8 +110,8 @@ drv_Words ShownNames(cow_List<int> const& keywords)
 
 // ---- for people
 
-/// drv_Words behind a label, over as many lines as they need.
-std::string Paragraph(std::string const& label, std::size_t indent, drv_Words const& words)
+/// srv_Words behind a label, over as many lines as they need.
+std::string Paragraph(std::string const& label, std::size_t indent, srv_Words const& words)
 {
   std::string text;
   std::string line = "  " + label;
@@ -132,14 +132,14 @@ std::string Paragraph(std::string const& label, std::size_t indent, drv_Words co
 }
 
 /// "a, b and 3 more".
-std::string FewOf(drv_Words const& words)
+std::string FewOf(srv_Words const& words)
 {
   constexpr std::size_t most = 2;
   if (words.size() <= most)
   {
-    return drv_Joined(words);
+    return srv_Joined(words);
   }
-  return drv_Joined({words.begin(), words.begin() + most}) + " and " +
+  return srv_Joined({words.begin(), words.begin() + most}) + " and " +
          std::to_string(words.size() - most) + " more";
 }
 
@@ -168,7 +168,7 @@ std::string Listing()
 
 std::string ParameterLines(inp_KeywordEnm keyword)
 {
-  drv_Words const parameters = ParametersOf(keyword);
+  srv_Words const parameters = ParametersOf(keyword);
   std::size_t widest = 0;
   for (std::string const& parameter : parameters)
   {
@@ -177,8 +177,8 @@ std::string ParameterLines(inp_KeywordEnm keyword)
   std::string text;
   for (std::string const& parameter : parameters)
   {
-    drv_Words const values = ValuesOf(*inp_ExpansionRuleOf(keyword), parameter);
-    text += Paragraph("  " + drv_Upper(parameter), widest + 6, values);
+    srv_Words const values = ValuesOf(*inp_ExpansionRuleOf(keyword), parameter);
+    text += Paragraph("  " + srv_Upper(parameter), widest + 6, values);
   }
   return text;
 }
@@ -219,8 +219,8 @@ std::string Description(inp_KeywordEnm keyword)
   cow_List<int> const& below = Table().Suboptions(keyword);
   std::string text = ShownName(keyword) + " (value " + std::to_string(keyword) + ")\n\n";
   text +=
-    Paragraph("stands below", indent, parents.Empty() ? drv_Words{"nothing"} : ShownNames(parents));
-  text += Paragraph("holds", indent, below.Empty() ? drv_Words{"nothing"} : ShownNames(below));
+    Paragraph("stands below", indent, parents.Empty() ? srv_Words{"nothing"} : ShownNames(parents));
+  text += Paragraph("holds", indent, below.Empty() ? srv_Words{"nothing"} : ShownNames(below));
   std::string const parameters = ParameterLines(keyword);
   text += parameters.empty() ? "  parameters    none\n" : "  parameters\n" + parameters;
   return text + ReferenceLines(keyword);
@@ -228,7 +228,7 @@ std::string Description(inp_KeywordEnm keyword)
 
 // ---- for programs
 
-void WriteWords(drv_JsonWriter& json, drv_Words const& words)
+void WriteWords(srv_JsonWriter& json, srv_Words const& words)
 {
   json.BeginArray();
   for (std::string const& word : words)
@@ -238,7 +238,7 @@ void WriteWords(drv_JsonWriter& json, drv_Words const& words)
   json.EndArray();
 }
 
-void WriteNames(drv_JsonWriter& json, cow_List<int> const& keywords)
+void WriteNames(srv_JsonWriter& json, cow_List<int> const& keywords)
 {
   json.BeginArray();
   for (int const keyword : keywords)
@@ -248,7 +248,7 @@ void WriteNames(drv_JsonWriter& json, cow_List<int> const& keywords)
   json.EndArray();
 }
 
-void WriteKeyword(drv_JsonWriter& json, inp_KeywordRow const& row)
+void WriteKeyword(srv_JsonWriter& json, inp_KeywordRow const& row)
 {
   json.Break(2).BeginObject().Key("name").String(row.name).Key("value").Number(row.value);
   json.Key("suboptions");
@@ -258,7 +258,7 @@ void WriteKeyword(drv_JsonWriter& json, inp_KeywordRow const& row)
   json.EndObject();
 }
 
-void WriteRule(drv_JsonWriter& json, inp_ExpansionRule const& rule)
+void WriteRule(srv_JsonWriter& json, inp_ExpansionRule const& rule)
 {
   json.Break(2).BeginObject().Key("handler").String(rule.handler).Key("parameters");
   WriteWords(json, TakeWords(rule.parameters));
@@ -274,7 +274,7 @@ void WriteRule(drv_JsonWriter& json, inp_ExpansionRule const& rule)
   json.EndArray().EndObject();
 }
 
-void WriteElementType(drv_JsonWriter& json, ElementType const& type)
+void WriteElementType(srv_JsonWriter& json, ElementType const& type)
 {
   json.Break(2).BeginObject().Key("name").String(type.name);
   json.Key("minNodes").Number(type.fewest).Key("maxNodes").Number(type.most).EndObject();
@@ -284,7 +284,7 @@ void WriteElementType(drv_JsonWriter& json, ElementType const& type)
 std::string Json(inp_KeywordEnm const* only)
 {
   std::string text;
-  drv_JsonWriter json(text, drv_JsonWriter::spaced);
+  srv_JsonWriter json(text, srv_JsonWriter::spaced);
   json.BeginObject().Key("keywords").BeginArray();
   for (inp_KeywordRow const* row = inp_KeywordTable::Rows(); row->name != nullptr; ++row)
   {
@@ -324,8 +324,8 @@ inp_KeywordEnm Find(std::string const& written)
   {
     return Table().Enum(*match.name);
   }
-  std::string const question = drv_DidYouMeanKeyword(std::string(name.View()));
-  throw drv_Failure("'" + drv_Printable(written, 60) +
+  std::string const question = srv_DidYouMeanKeyword(std::string(name.View()));
+  throw drv_Failure("'" + srv_Printable(written, 60) +
                     (match.ambiguous ? "' stands for several keywords" : "' is no keyword") +
                     (question.empty() ? "" : "; " + question));
 }

@@ -2,7 +2,7 @@
 
 #include "drv_Exit.h"
 #include "drv_Output.h"
-#include "drv_Words.h"
+#include "srv_Words.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,8 +15,8 @@
 namespace
 {
 
-drv_Words const c_stages = {"parse", "expand", "final"};
-drv_Words const c_whats = {"keywords", "maps", "all"}; // in the order of drv_whatEnm
+srv_Words const c_stages = {"parse", "expand", "final"};
+srv_Words const c_whats = {"keywords", "maps", "all"}; // in the order of drv_whatEnm
 
 /// Options that the library reads by name.
 struct LibraryOption
@@ -41,12 +41,12 @@ constexpr char c_statuses[] =
   "Exit status: 0 no errors (warnings allowed), 1 errors in the deck, 2 the\n"
   "command could not run, 3 internal failure.";
 
-CLI::Validator OneOf(drv_Words const& words)
+CLI::Validator OneOf(srv_Words const& words)
 {
   auto const check = [words](std::string const& value)
   {
     bool const isKnown = std::find(words.begin(), words.end(), value) != words.end();
-    return isKnown ? "" : "'" + value + "' is not one of " + drv_Joined(words);
+    return isKnown ? "" : "'" + value + "' is not one of " + srv_Joined(words);
   };
   return CLI::Validator(check, "");
 }
@@ -127,14 +127,14 @@ private:
 
   CLI::App m_app;
   drv_Options m_options;
-  drv_Words m_commands;
+  srv_Words m_commands;
   std::string m_color = "auto";
   std::string m_diagnostics = "text";
   std::string m_stage = c_stages.back();
   std::string m_what = "keywords";
   std::string m_include;
   std::array<std::string, std::size(c_libraryOptions)> m_libraryValues;
-  drv_Words m_nameWords;
+  srv_Words m_nameWords;
 };
 
 Reader::Reader()
@@ -186,7 +186,7 @@ CLI::App* Reader::AddDeckCommand(drv_commandEnm command, char const* name, char 
     ->option_text("DIR");
   added
     ->add_option("--stage", m_stage,
-                 "stop behind this stage: " + drv_Joined(c_stages) + "\n(all stages, the default)")
+                 "stop behind this stage: " + srv_Joined(c_stages) + "\n(all stages, the default)")
     ->option_text("STAGE")
     ->check(OneOf(c_stages));
   added->add_flag("--lumen", m_options.lumen, "the results are to stay fit for the pre-processor");
@@ -277,7 +277,7 @@ void Reader::Refuse(CLI::ParseError const& fault, int argc, char** argv) const
   std::string const words = first.empty()     ? "no command is given"
                             : first[0] == '-' ? fault.what()
                                               : "'" + first + "' is no command";
-  throw drv_Failure(words + "; the commands are " + drv_Joined(m_commands) +
+  throw drv_Failure(words + "; the commands are " + srv_Joined(m_commands) +
                     "\nTry 'inpdeck --help'.");
 }
 

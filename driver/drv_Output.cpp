@@ -13,8 +13,6 @@
 namespace
 {
 
-constexpr std::size_t c_bufferSize = 65536;
-
 mode_t FileCreationMode()
 {
   mode_t const mask = ::umask(0);
@@ -81,20 +79,6 @@ void drv_Output::OpenBeside()
   if (::fchmod(m_descriptor, exists ? status.st_mode & 07777 : FileCreationMode()) != 0)
   {
     Fail(errno);
-  }
-}
-
-void drv_Output::Write(std::string_view text)
-{
-  m_buffer += text;
-  Relieve();
-}
-
-void drv_Output::Relieve()
-{
-  if (m_buffer.size() >= c_bufferSize)
-  {
-    WriteOut();
   }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "srv_TextOutput.h"
+
 #include <streambuf>
 #include <string>
 #include <string_view>
@@ -12,30 +14,23 @@
 ///
 /// Every operation raises drv_Failure when something cannot be written, and drv_PipeClosed when the
 /// reader of a pipe has gone.
-class drv_Output
+class drv_Output : public srv_TextOutput
 {
 public:
   /// Standard output for an empty path.
   explicit drv_Output(std::string const& path);
-  ~drv_Output();
-  drv_Output(drv_Output const&) = delete;
-  drv_Output& operator=(drv_Output const&) = delete;
+  ~drv_Output() override;
 
-  void Write(std::string_view text);
-  /// The text not yet written, to append to; Relieve now and then keeps it small.
-  std::string& Buffer() { return m_buffer; }
-  void Relieve();
   void Finish();
 
 private:
   void OpenBeside();
-  void WriteOut();
+  void WriteOut() override;
   [[noreturn]] void Fail(int error) const;
 
   std::string m_path; ///< as given, for messages
   std::string m_target;
   std::string m_temporary; ///< empty unless there is an unfinished file
-  std::string m_buffer;
   int m_descriptor = -1;
 };
 

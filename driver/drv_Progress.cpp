@@ -1,6 +1,6 @@
 #include "drv_Progress.h"
 
-#include "drv_Utf8.h"
+#include "srv_Utf8.h"
 
 #include <system_error>
 #include <unistd.h>
@@ -32,7 +32,7 @@ drv_Progress::Watch::Watch(bool isWanted, std::string const& deck)
     return;
   }
   drv_Progress& progress = The();
-  progress.m_deck = drv_Printable(deck, c_deckColumns);
+  progress.m_deck = srv_Printable(deck, c_deckColumns);
   progress.m_start = Clock::now();
   try
   {

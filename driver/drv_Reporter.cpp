@@ -2,11 +2,11 @@
 
 #include "drv_CrashBarrier.h"
 #include "drv_Exit.h"
-#include "drv_Hints.h"
-#include "drv_JsonWriter.h"
 #include "drv_Progress.h"
-#include "drv_Utf8.h"
 #include "omi_Singleton.h"
+#include "srv_Hints.h"
+#include "srv_JsonWriter.h"
+#include "srv_Utf8.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -50,7 +50,7 @@ struct JsonDiagnostic
 std::string ToJson(JsonDiagnostic const& diagnostic)
 {
   std::string text;
-  drv_JsonWriter json(text, drv_JsonWriter::compact);
+  srv_JsonWriter json(text, srv_JsonWriter::compact);
   json.BeginObject().Key("severity").String(diagnostic.severity).Key("level");
   diagnostic.level < 0 ? json.Null() : json.Number(diagnostic.level);
   json.Key("stage").String(diagnostic.stage).Key("file");
@@ -99,12 +99,12 @@ std::string drv_Reporter::AsText(wip_Message const& message)
   }
   std::string text = Painted(c_bold, place + ":") + " ";
   text += Painted(ColorOf(message), SeverityOf(message) + std::string(":")) + " ";
-  text += m_onTerminal ? drv_PrintableLines(message.text.View()) : message.text.View();
+  text += m_onTerminal ? srv_PrintableLines(message.text.View()) : message.text.View();
   if (!text.ends_with('\n'))
   {
     text += '\n';
   }
-  return text + DeckLine(file, origin.line, drv_HintFor(origin, m_options.includePath));
+  return text + DeckLine(file, origin.line, srv_HintFor(origin, m_options.includePath));
 }
 
 std::string drv_Reporter::DeckLine(std::string const& file, int line, std::string const& hint)
@@ -115,14 +115,14 @@ std::string drv_Reporter::DeckLine(std::string const& file, int line, std::strin
   if (std::optional<std::string> const deckLine = m_deckLines.Line(file, line))
   {
     std::string const shown =
-      drv_Printable(*deckLine, c_shownColumns - static_cast<int>(c_gutter) - 3);
+      srv_Printable(*deckLine, c_shownColumns - static_cast<int>(c_gutter) - 3);
     text = Painted(c_blue, number + " |") + (shown.empty() ? "" : " " + shown) + "\n";
   }
   if (!hint.empty())
   {
     std::string const gutter(number.size(), ' ');
     text +=
-      Painted(c_blue, gutter + " |") + " " + Painted(c_green, drv_PrintableLines(hint)) + "\n";
+      Painted(c_blue, gutter + " |") + " " + Painted(c_green, srv_PrintableLines(hint)) + "\n";
   }
   return text;
 }

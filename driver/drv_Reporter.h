@@ -1,7 +1,7 @@
 #pragma once
 
-#include "drv_DeckLines.h"
 #include "drv_Options.h"
+#include "srv_DeckLines.h"
 #include "wip_WIP.h"
 
 #include <string>
@@ -37,7 +37,7 @@ private:
   drv_stageEnm m_stage = drv_parse;
   bool m_onTerminal;
   std::string m_workingFolder;
-  drv_DeckLines m_deckLines;
+  srv_DeckLines m_deckLines;
 };
 
 /// Writes words of the program itself, as a diagnostic without a place in the deck, in the form that

@@ -1,11 +1,11 @@
 #include "drv_Summary.h"
 
-#include "drv_Census.h"
 #include "drv_Job.h"
-#include "drv_Utf8.h"
-#include "drv_Words.h"
 #include "inp_KeywordTable.h"
 #include "omi_Singleton.h"
+#include "srv_Census.h"
+#include "srv_Utf8.h"
+#include "srv_Words.h"
 
 #include <algorithm>
 #include <array>
@@ -29,7 +29,7 @@ std::string Plural(int count, std::string const& word)
 }
 
 /// "3 *NODE, 1 *NGEN" of those that the deck has.
-std::string CountsOf(drv_KeywordCensus const& census, std::vector<inp_KeywordEnm> const& kinds)
+std::string CountsOf(srv_KeywordCensus const& census, std::vector<inp_KeywordEnm> const& kinds)
 {
   inp_KeywordTable const& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
   std::string text;
@@ -38,7 +38,7 @@ std::string CountsOf(drv_KeywordCensus const& census, std::vector<inp_KeywordEnm
     if (int const count = census.Of(kind))
     {
       text += (text.empty() ? "" : ", ") + std::to_string(count) + " *" +
-              drv_Upper(table.Name(kind).View());
+              srv_Upper(table.Name(kind).View());
     }
   }
   return text;
@@ -59,9 +59,9 @@ std::string CountsOf(std::map<std::string, int> const& counts)
   return text;
 }
 
-drv_Words WordsOf(cow_List<cow_String> const& names)
+srv_Words WordsOf(cow_List<cow_String> const& names)
 {
-  drv_Words words;
+  srv_Words words;
   for (cow_String const& name : names)
   {
     words.emplace_back(name.View());
@@ -92,7 +92,7 @@ std::string Row(std::string const& label, int number, std::string const& detail 
   line += digits;
   if (!detail.empty())
   {
-    line += "   " + drv_Printable(detail, c_columns - static_cast<int>(line.size()) - 3);
+    line += "   " + srv_Printable(detail, c_columns - static_cast<int>(line.size()) - 3);
   }
   return line + "\n";
 }
@@ -102,15 +102,15 @@ std::string RowUnlessNone(std::string const& label, int number, std::string cons
   return number == 0 ? "" : Row(label, number, detail);
 }
 
-std::string RowUnlessNone(std::string const& label, drv_Words const& names)
+std::string RowUnlessNone(std::string const& label, srv_Words const& names)
 {
-  return RowUnlessNone(label, static_cast<int>(names.size()), drv_Joined(names));
+  return RowUnlessNone(label, static_cast<int>(names.size()), srv_Joined(names));
 }
 
 /// Of the reader and of the expansion. A file that both miss is one file.
-drv_Words MissingFiles(inp_InputFile const& model)
+srv_Words MissingFiles(inp_InputFile const& model)
 {
-  drv_Words missing = WordsOf(model.readerFacts.missingIncludeFiles);
+  srv_Words missing = WordsOf(model.readerFacts.missingIncludeFiles);
   for (std::string const& file : WordsOf(model.expansionFacts.missingIncludeFiles))
   {
     if (std::find(missing.begin(), missing.end(), file) == missing.end())
@@ -139,7 +139,7 @@ std::string List(std::size_t count, std::size_t lines, Entry (*entryOf)(drv_Job&
   for (std::size_t i = 0; i < shown; ++i)
   {
     entries.push_back(entryOf(job, i));
-    entries.back().name = drv_Printable(entries.back().name, c_nameWidth);
+    entries.back().name = srv_Printable(entries.back().name, c_nameWidth);
     widest = std::max(widest, entries.back().name.size());
   }
   std::string text;
@@ -147,7 +147,7 @@ std::string List(std::size_t count, std::size_t lines, Entry (*entryOf)(drv_Job&
   {
     std::size_t const room = c_columns - margin.size() - widest - 2;
     text += margin + entry.name + std::string(widest - entry.name.size() + 2, ' ') +
-            drv_Printable(entry.detail, static_cast<int>(room)) + "\n";
+            srv_Printable(entry.detail, static_cast<int>(room)) + "\n";
   }
   return shown < count ? text + margin + "and " + std::to_string(count - shown) + " more\n" : text;
 }
@@ -218,7 +218,7 @@ Entry InstanceEntry(drv_Job& job, std::size_t index)
 
 Entry StepEntry(drv_Job& job, std::size_t index)
 {
-  drv_KeywordCensus::Step const& step = job.Census().steps[index];
+  srv_KeywordCensus::Step const& step = job.Census().steps[index];
   return {step.name, step.procedure.empty() ? "(no procedure)" : step.procedure};
 }
 
@@ -238,7 +238,7 @@ std::string Findings()
 {
   wip_WIP const& sink = omi_Singleton<wip_WIP>::Instance();
   int const fatal = sink.ErrorCount(wip_readerFatal) + sink.ErrorCount(wip_passFatal);
-  drv_Words words;
+  srv_Words words;
   if (fatal > 0)
   {
     words.push_back(Plural(fatal, "fatal error"));
@@ -251,16 +251,16 @@ std::string Findings()
   {
     words.push_back(Plural(warnings, "warning"));
   }
-  return Row("Findings", sink.ErrorCount() + sink.WarningCount(), drv_Joined(words));
+  return Row("Findings", sink.ErrorCount() + sink.WarningCount(), srv_Joined(words));
 }
 
-bool IsAssembly(drv_KeywordCensus const& census)
+bool IsAssembly(srv_KeywordCensus const& census)
 {
   return census.Of(inp_kwPart) + census.Of(inp_kwInstance) + census.Of(inp_kwAssembly) > 0;
 }
 
 /// What the rows say, where there are no maps that know better.
-std::string RowsOfMesh(drv_KeywordCensus const& census)
+std::string RowsOfMesh(srv_KeywordCensus const& census)
 {
   std::string text =
     Row("Node rows", census.nodeRows,
@@ -273,9 +273,9 @@ std::string RowsOfMesh(drv_KeywordCensus const& census)
   return text + RowUnlessNone("Surfaces", census.Of(inp_kwSurface));
 }
 
-std::string Names(std::string const& label, drv_MeshCensus::Names const& names)
+std::string Names(std::string const& label, srv_MeshCensus::Names const& names)
 {
-  drv_Words places;
+  srv_Words places;
   for (auto const& [count, place] : {std::pair{names.inParts, "in parts"},
                                      {names.inInstances, "in instances"},
                                      {names.inAssembly, "in the assembly"}})
@@ -285,10 +285,10 @@ std::string Names(std::string const& label, drv_MeshCensus::Names const& names)
       places.push_back(std::to_string(count) + " " + place);
     }
   }
-  return RowUnlessNone(label, names.All(), drv_Joined(places));
+  return RowUnlessNone(label, names.All(), srv_Joined(places));
 }
 
-std::string Mesh(drv_MeshCensus const& census)
+std::string Mesh(srv_MeshCensus const& census)
 {
   bool const differs = census.partNodes != census.nodes;
   std::string text =
@@ -304,12 +304,12 @@ std::string Mesh(drv_MeshCensus const& census)
 std::string drv_Summary(drv_Job& job)
 {
   inp_InputFile const& model = job.Model();
-  drv_KeywordCensus const& census = job.Census();
+  srv_KeywordCensus const& census = job.Census();
   std::size_t const instances =
     static_cast<std::size_t>(model.instancePartNames.Instances().Length());
   Shares const lines(job.HasMaps() ? instances : 0, census.steps.size());
 
-  std::string text = drv_Printable(model.inputFileName.View(), c_columns - 30) + ": " +
+  std::string text = srv_Printable(model.inputFileName.View(), c_columns - 30) + ": " +
                      (IsAssembly(census) ? "assembly" : "flat model") + ", " +
                      Size(model.readerFacts.bytesRead) + "\n\n";
   text += RowUnlessNone("Include files", WordsOf(model.readerFacts.includedFiles));
@@ -321,7 +321,7 @@ std::string drv_Summary(drv_Job& job)
   {
     text += RowUnlessNone("Instances", static_cast<int>(instances)) +
             List(instances, lines.instances, InstanceEntry, job);
-    text += Mesh(drv_CountMesh(model));
+    text += Mesh(srv_CountMesh(model));
   }
   else
   {

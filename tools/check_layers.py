@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Holds every #include in the tree against the list of folders in ARCHITECTURE.md.
+"""Holds every #include in the tree against the list of layers, and ARCHITECTURE.md against it too.
 
-The list is the block fenced as ```layers: a line a level, lowest first; folders on one line do not
-see each other. A file may include from its own folder and from lower levels. Headers are included
+The list is cmake/layers.txt: a line a level, lowest first; folders on one line do not see each other.
+ARCHITECTURE.md names the layers once more, in the block fenced as ```layers. A file may include from its own folder and from lower levels. Headers are included
 by bare name, so a name may stand for one file only. Tests, benchmarks and tools may include from
 anywhere, but not be included from the library or the driver.
 
@@ -22,20 +22,30 @@ FLOORS = ["VRXI2sInp2Sim/VRXI2sInp.m/interfaces", "VRXI2sInp2Sim/VRXI2sInp.m/src
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 
 
+def read_lines(path):
+    """The names on each line of the list."""
+    with open(path, encoding="utf-8") as file:
+        return [line.split() for line in file if line.strip() and not line.startswith("#")]
+
+
 def read_levels(path):
     """The level of each folder, from 0 up."""
-    with open(path, encoding="utf-8") as file:
-        block = re.search(r"^```layers\n(.*?)^```", file.read(), re.MULTILINE | re.DOTALL)
-    if block is None:
-        sys.exit(f"{path}: no block fenced as ```layers")
-    lines = [line.split() for line in block.group(1).splitlines() if line.strip()]
     levels = {}
-    for level, folders in enumerate(lines):
+    for level, folders in enumerate(read_lines(path)):
         for folder in folders:
             if folder in levels:
                 sys.exit(f"{path}: '{folder}' stands twice in the list of layers")
             levels[folder] = level
     return levels
+
+
+def check_document(path, lines):
+    with open(path, encoding="utf-8") as file:
+        block = re.search(r"^```layers\n(.*?)^```", file.read(), re.MULTILINE | re.DOTALL)
+    if block is None:
+        return [f"{path}: no block fenced as ```layers"]
+    shown = [line.split() for line in block.group(1).splitlines() if line.strip()]
+    return [] if shown == lines else [f"{path}: the layers shown are not those of cmake/layers.txt"]
 
 
 def folder_of(path):
@@ -97,12 +107,14 @@ def check_include(path, name, is_quoted, homes, levels):
 
 
 def check_tree(root):
-    levels = read_levels(os.path.join(root, "ARCHITECTURE.md"))
+    layers = os.path.join(root, "cmake", "layers.txt")
+    levels = read_levels(layers)
     files = find_files(root)
     homes, faults = check_names(files)
+    faults += check_document(os.path.join(root, "ARCHITECTURE.md"), read_lines(layers))
     for folder in sorted({folder_of(path) for path in files}):
         if folder not in levels and folder not in ABOVE_ALL:
-            faults.append(f"{folder}: not in the list of layers in ARCHITECTURE.md")
+            faults.append(f"{folder}: not in cmake/layers.txt")
     for path in files:
         for number, name, is_quoted in includes(os.path.join(root, path)):
             fault = check_include(path, name, is_quoted, homes, levels)

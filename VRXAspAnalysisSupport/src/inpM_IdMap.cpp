@@ -1,6 +1,7 @@
 #include "inpM_IdMap.h"
 
 #include "inpM_InstanceIdMaps.h"
+#include "inpM_LabelRange.h"
 #include "inpM_Messages.h"
 #include "nex_Exception.h"
 
@@ -10,8 +11,6 @@
 
 namespace
 {
-std::int64_t const largestLabel = 999999999;
-
 [[noreturn]] void RaiseUnknown(int id)
 {
   throw nex_PrimException<atr_String>(atr_Say(inpM_msgUnknownId, id));
@@ -46,14 +45,14 @@ void AddAbsent(cow_IntTableInt& table, cow_IntTableInt const& added)
 // Where ids of a copy meet those of the original, the original keeps its numbers.
 void AddShifted(cow_IntTableInt& table, cow_IntTableInt const& original, int offset, int count)
 {
-  for (std::int64_t copy = 1; copy <= count && copy * offset <= largestLabel; ++copy)
+  for (std::int64_t copy = 1; copy <= count && copy * offset <= inpM_largestLabel; ++copy)
   {
     std::int64_t const shift = copy * offset;
     for (cow_IntTableIntIT it(original); !it.IsDone(); it.Next())
     {
       std::int64_t const key = it.CurrentKey() + shift;
       std::int64_t const value = it.CurrentValue() + shift;
-      if (std::max(key, value) <= largestLabel && !table.IsMember(static_cast<int>(key)))
+      if (std::max(key, value) <= inpM_largestLabel && !table.IsMember(static_cast<int>(key)))
       {
         table.Insert(static_cast<int>(key), static_cast<int>(value));
       }
@@ -232,7 +231,7 @@ void inpM_IdMap::RenumberUserIdsWithOffset(int offset)
   for (cow_IntTableIntIT it(original); !it.IsDone(); it.Next())
   {
     std::int64_t const user = std::int64_t{it.CurrentKey()} + offset;
-    if (user >= 1 && user <= largestLabel)
+    if (inpM_IsLabel(user))
     {
       toNew.Insert(static_cast<int>(user), it.CurrentValue());
       toUser.Insert(it.CurrentValue(), static_cast<int>(user));

@@ -1,9 +1,9 @@
 #include "inpM_OmiSet.h"
 
 #include <algorithm>
-#include <functional>
 #include <bit>
 #include <cstdint>
+#include <functional>
 #include <iterator>
 #include <limits>
 #include <optional>

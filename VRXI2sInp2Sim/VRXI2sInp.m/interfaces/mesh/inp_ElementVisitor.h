@@ -70,7 +70,7 @@ protected:
     int offset = 0;  ///< 0 when the parameter is missing or no integer
     bool hasOffset = false;
     bool hasMidsideNodes = false; ///< of a gasket
-    int solidNumbering = 0; ///< 0 when the parameter is missing
+    int solidNumbering = 0;       ///< 0 when the parameter is missing
   };
 
   cow_String KeywordName() const override { return "*ELEMENT"; }

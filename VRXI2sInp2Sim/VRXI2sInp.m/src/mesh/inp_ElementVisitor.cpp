@@ -1,5 +1,6 @@
 #include "inp_ElementVisitor.h"
 
+#include "inpM_LabelRange.h"
 #include "inp_ElementDataArrayImpl.h"
 #include "inp_ElementMessages.h"
 #include "inp_ElementRows.h"
@@ -11,7 +12,6 @@
 namespace
 {
 
-constexpr int c_largestLabel = inp_ElementRows::c_largestLabel;
 constexpr int c_defaultOffset = 100000;
 constexpr int c_listedElements = 999;
 constexpr std::size_t c_nodesOfQuadraticGasket = 18;
@@ -33,7 +33,7 @@ bool FillWithLayers(std::vector<int>& nodes, inp_ElementFamily const& family, in
   for (std::size_t place = bottom; place < nodes.size(); ++place)
   {
     std::int64_t const below = nodes[place - bottom];
-    if (below > 0 && below + offset > c_largestLabel)
+    if (below > 0 && below + offset > inpM_largestLabel)
     {
       return false;
     }

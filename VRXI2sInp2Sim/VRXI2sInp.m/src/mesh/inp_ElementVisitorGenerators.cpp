@@ -1,3 +1,4 @@
+#include "inpM_LabelRange.h"
 #include "inp_ElementGeneration.h"
 #include "inp_ElementMessages.h"
 #include "inp_ElementReflection.h"
@@ -11,11 +12,7 @@
 namespace
 {
 
-constexpr std::int64_t c_largestLabel = inp_ElementGeneration::c_largestLabel;
-
 constexpr int c_nodesOfLargeElement = 32;
-
-bool IsLabel(std::int64_t label) { return label >= 1 && label <= c_largestLabel; }
 
 cow_String LabelText(std::int64_t label)
 {
@@ -30,7 +27,7 @@ inp_Element const* FindElement(inp_MapInt2Element const& map, int label)
 /// The smallest and the largest of the nodes that move; 1 and 0 when none does.
 inp_ElementGeneration::Range RangeOfNodes(inp_Element const& element, int movable)
 {
-  inp_ElementGeneration::Range range{c_largestLabel + 1, 0};
+  inp_ElementGeneration::Range range{inpM_largestLabel + 1, 0};
   for (int i = 0; i < movable; ++i)
   {
     std::int64_t const node = element.topology()[i];
@@ -94,7 +91,7 @@ bool inp_ElementVisitor::GenerateElements(inp_Keyword const& keyword,
                                           inp_ElementGeneration const& generation,
                                           cow_List<int>& labels)
 {
-  if (generation.Labels().highest > c_largestLabel)
+  if (generation.Labels().highest > inpM_largestLabel)
   {
     Say(inp_msgLargestElementNumber, keyword);
     return false;
@@ -122,7 +119,7 @@ bool inp_ElementVisitor::GenerateElements(inp_Keyword const& keyword,
   inp_ElementGeneration::Range const nodes = RangeOfNodes(*master, movable);
   inp_ElementGeneration::Range const shift = generation.NodeShift();
   if (computeConnectivity && nodes.highest > 0 &&
-      (nodes.lowest + shift.lowest < 1 || nodes.highest + shift.highest > c_largestLabel))
+      (nodes.lowest + shift.lowest < 1 || nodes.highest + shift.highest > inpM_largestLabel))
   {
     Say(inp_msgGeneratedNodesOutOfRange, keyword, cow_String(generation.master));
     return true;
@@ -186,7 +183,7 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
       continue;
     }
     std::int64_t const newLabel = label + elementShift;
-    if (!IsLabel(newLabel))
+    if (!inpM_IsLabel(newLabel))
     {
       Say(inp_msgGeneratedElementOutOfRange, keyword, LabelText(newLabel));
       return;

@@ -1,5 +1,6 @@
 #include "inp_NodeGenerationVisitor.h"
 
+#include "inpM_LabelRange.h"
 #include "inp_ElementGeneration.h"
 #include "inp_ElementMessages.h"
 #include "inp_ElementRows.h"
@@ -10,7 +11,6 @@
 namespace
 {
 
-constexpr int c_largestLabel = inp_ElementRows::c_largestLabel;
 constexpr int c_nodesOfFace = 8;
 constexpr int c_firstMidside = 16;
 constexpr int c_secondMidside = 17;
@@ -182,7 +182,7 @@ void inp_NodeGenerationVisitor::VisitElgen(inp_Keyword& keyword)
       continue;
     }
     inp_ElementGeneration::Range const labels = generation.Labels();
-    if (labels.lowest >= 1 && labels.highest <= c_largestLabel &&
+    if (labels.lowest >= 1 && labels.highest <= inpM_largestLabel &&
         m_generated + generation.Elements() <= inp_ElementGeneration::c_mostElements)
     {
       m_generated += generation.Elements();
@@ -214,7 +214,7 @@ void inp_NodeGenerationVisitor::VisitElcopy(inp_Keyword& keyword)
   for (int const label : oldSet->ConstGetIds())
   {
     std::int64_t const copy = label + shift;
-    if (copy >= 1 && copy <= c_largestLabel)
+    if (inpM_IsLabel(copy))
     {
       CompleteElement(keyword, static_cast<int>(copy), inp_msgLayeredNodesMissingInCopy);
     }
@@ -267,7 +267,7 @@ int inp_NodeGenerationVisitor::NewLabel(inp_CoordMap const& coords)
   {
     nextLabel = FindMaxNodeLabel(CurrentName()) + 1;
   }
-  while (nextLabel < c_largestLabel)
+  while (nextLabel < inpM_largestLabel)
   {
     if (!coords.IsMember(++nextLabel))
     {

@@ -1,5 +1,6 @@
 #include "inp_NodeVisitor.h"
 
+#include "inpM_LabelRange.h"
 #include "inp_MeshMessages.h"
 #include "inp_NodeDataArrayImpl.h"
 #include "inp_RecordMessages.h"
@@ -11,7 +12,6 @@
 namespace
 {
 
-constexpr int c_largestLabel = 999999999;
 /// Some 4 GiB of nodes: what the generators of a walk may make. A few short rows can ask for more than
 /// any memory holds.
 constexpr int c_mostGenerated = 50000000;
@@ -100,7 +100,7 @@ void inp_NodeVisitor::AddNodeSet(inp_Keyword const& keyword, char const* paramet
 
 bool inp_NodeVisitor::CheckLabel(inp_Keyword const& keyword, long long label)
 {
-  bool const isLabel = label >= 1 && label <= c_largestLabel;
+  bool const isLabel = inpM_IsLabel(label);
   if (!isLabel)
   {
     Say(inp_msgGeneratedLabelOutOfRange, keyword, std::to_string(label).c_str());
@@ -315,7 +315,7 @@ void inp_NodeVisitor::ReadNodes(inp_Keyword const& keyword, Rows const& rows)
     {
       rows.GetValues(row, values);
     }
-    if (label > c_largestLabel)
+    if (label > inpM_largestLabel)
     {
       Say(inp_msgNodeLabelTooLong, keyword, rows.LabelText(row));
       continue;

@@ -18,7 +18,6 @@ constexpr int c_longestSetName = 80;
 constexpr int c_longestField = 255;
 constexpr int c_debugFlag = 30;
 constexpr int c_debugLevel = 2;
-constexpr int c_longestLabel = 9;
 constexpr std::size_t c_smallBytes = std::size_t{1} << 16;
 
 cow_List<cow_String> Ascending(cow_List<cow_String> names)
@@ -62,37 +61,6 @@ void PrintAdding(cow_String const& scope, cow_String const& name, bool isNew)
 }
 
 } // namespace
-
-inp_ScopedField::inp_ScopedField(cow_String const& text, cow_String assemblyName)
-{
-  cow_List<cow_String> pieces = inp_Utils::SplitScopedSet(text);
-  last = pieces.Pop();
-  if (pieces.Length() == 2)
-  {
-    cow_String first = pieces.ConstGet(0);
-    fits = assemblyName.Length() > 0 && first.ToUpper() == assemblyName.ToUpper();
-    pieces.RemoveIndex(0);
-  }
-  else
-  {
-    fits = pieces.Length() < 2;
-  }
-  if (fits && pieces.Length() == 1)
-  {
-    instanceName = pieces.ConstGet(0);
-    fits = instanceName.Length() > 0;
-  }
-}
-
-bool inp_ScopedField::GetId(int& id) const
-{
-  if (last.Length() > c_longestLabel || !inp_Types::IsInteger(last.View()))
-  {
-    return false;
-  }
-  id = inp_TextToInt(last.CStr());
-  return true;
-}
 
 void inp_SetVisitor::setInstanceNames(cow_List<cow_String> const& names)
 {

@@ -1,4 +1,5 @@
 #include "VRXBasException.h"
+#include "inpM_LabelRange.h"
 #include "inp_GenerationMessages.h"
 #include "inp_MeshMessages.h"
 #include "inp_RowFields.h"
@@ -8,10 +9,6 @@
 
 namespace
 {
-
-constexpr int c_largestLabel = 999999999;
-
-bool IsLabel(int id) { return id >= 1 && id <= c_largestLabel; }
 
 /// Puts the integers of a row in a list; false when a field is of another type.
 bool ReadIntegers(inp_DataArray const& data, int row, int from, cow_List<int>& integers,
@@ -158,7 +155,7 @@ bool inp_SetVisitor::CheckRange(inp_Keyword const& keyword, cow_List<int> const&
   int const start = row.ConstGet(0);
   int const end = row.ConstGet(1);
   int const step = row.Length() > 2 && row.ConstGet(2) != 0 ? row.ConstGet(2) : 1;
-  if (!IsLabel(start) || !IsLabel(end))
+  if (!inpM_IsLabel(start) || !inpM_IsLabel(end))
   {
     Say(inp_msgGenerationLabelOutOfRange, keyword, cow_String(start), cow_String(end),
         SetKeywordName());

@@ -1,4 +1,5 @@
 #include "VRXBasException.h"
+#include "inpM_LabelRange.h"
 #include "inp_MeshMessages.h"
 #include "inp_RawDataArrayImpl.h"
 #include "inp_SetVisitorFaults.h"
@@ -10,9 +11,6 @@
 
 namespace
 {
-
-constexpr int c_largestLabel = 999999999;
-constexpr int c_longestLabel = 9;
 
 /// The instance that a deck without parts is turned into.
 constexpr char const* c_flatInstance = "PART-1-1";
@@ -30,11 +28,11 @@ char const* SkipBlanks(char const* text)
 bool ReadDigits(char const* text, int& id)
 {
   int digits = 0;
-  for (id = 0; *text >= '0' && *text <= '9' && digits <= c_longestLabel; ++text, ++digits)
+  for (id = 0; *text >= '0' && *text <= '9' && digits <= inpM_longestLabel; ++text, ++digits)
   {
-    id = digits < c_longestLabel ? 10 * id + (*text - '0') : id;
+    id = digits < inpM_longestLabel ? 10 * id + (*text - '0') : id;
   }
-  return *SkipBlanks(text) == '\0' && digits > 0 && digits <= c_longestLabel;
+  return *SkipBlanks(text) == '\0' && digits > 0 && digits <= inpM_longestLabel;
 }
 
 bool ReadPlainId(char const* cell, int& id) { return ReadDigits(SkipBlanks(cell), id); }
@@ -142,7 +140,7 @@ inpM_SetHandle inp_SetVisitor::ReadPart(inp_Keyword const& keyword, bool interna
                   return;
                 }
                 inp_Types::typeEnm const type = data.Type(row, column);
-                if (type == inp_Types::inp_INTEGER && data.AsInt(row, column) <= c_largestLabel)
+                if (type == inp_Types::inp_INTEGER && data.AsInt(row, column) <= inpM_largestLabel)
                 {
                   ids.Append(data.AsInt(row, column));
                 }

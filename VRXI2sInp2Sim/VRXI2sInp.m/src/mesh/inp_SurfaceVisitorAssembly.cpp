@@ -2,7 +2,7 @@
 
 #include "inpM_ElementFaceIdSurface.h"
 #include "inp_SurfaceMessages.h"
-#include "inp_SurfaceVisitorParts.h"
+#include "inp_SurfaceVisitorRows.h"
 
 inpM_AssemblyInstanceSurface inp_SurfaceVisitor::CreateAssemblyLevelSurface(inp_Keyword& keyword)
 {

@@ -2,7 +2,7 @@
 
 #include "inp_CropDefinition.h"
 #include "inp_SurfaceMessages.h"
-#include "inp_SurfaceVisitorParts.h"
+#include "inp_SurfaceVisitorRows.h"
 
 namespace
 {

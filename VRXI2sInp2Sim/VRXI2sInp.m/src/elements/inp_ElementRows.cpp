@@ -1,5 +1,6 @@
 #include "inp_ElementRows.h"
 
+#include "inpM_LabelRange.h"
 #include "inp_ElementDataArrayImpl.h"
 #include "inp_Numbers.h"
 #include "inp_RawDataArrayImpl.h"
@@ -46,11 +47,7 @@ int ReadCell(char const* cell, char const*& end)
                                                                           : c_badCell;
 }
 
-bool IsLabel(int cell) { return cell >= 1 && cell <= inp_ElementRows::c_largestLabel; }
-bool IsInteger(int cell)
-{
-  return cell <= inp_ElementRows::c_largestLabel && cell >= -inp_ElementRows::c_largestLabel;
-}
+bool IsInteger(int cell) { return cell <= inpM_largestLabel && cell >= -inpM_largestLabel; }
 
 } // namespace
 
@@ -192,7 +189,7 @@ void inp_ElementRows::AddNodes(Row const& row, int from, int rowNumber)
   for (int column = from; column < row.count; ++column)
   {
     int const cell = row.cells[column];
-    if (IsLabel(cell) && static_cast<int>(m_nodes.size()) < m_family.maxNodes)
+    if (inpM_IsLabel(cell) && static_cast<int>(m_nodes.size()) < m_family.maxNodes)
     {
       m_nodes.push_back(cell);
     }

@@ -9,7 +9,7 @@
 #include <vector>
 
 /// What the keywords of a deck are, counted.
-struct drv_KeywordCensus
+struct srv_KeywordCensus
 {
   struct Step
   {
@@ -33,10 +33,10 @@ struct drv_KeywordCensus
   }
 };
 
-drv_KeywordCensus drv_CountKeywords(cow_List<inp_Keyword> const& keywords);
+srv_KeywordCensus srv_CountKeywords(cow_List<inp_Keyword> const& keywords);
 
 /// What the maps of a model hold, counted.
-struct drv_MeshCensus
+struct srv_MeshCensus
 {
   /// Where names are given: once in a part, and again wherever an instance or the assembly adds some.
   struct Names
@@ -57,4 +57,4 @@ struct drv_MeshCensus
   Names surfaces;
 };
 
-drv_MeshCensus drv_CountMesh(inp_InputFile const& model);
+srv_MeshCensus srv_CountMesh(inp_InputFile const& model);

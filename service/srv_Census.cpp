@@ -1,6 +1,6 @@
-#include "drv_Census.h"
+#include "srv_Census.h"
 
-#include "drv_Words.h"
+#include "srv_Words.h"
 
 #include <algorithm>
 
@@ -68,9 +68,9 @@ bool IsProcedure(inp_KeywordEnm keyword)
   }
 }
 
-void Count(cow_List<inp_Keyword> const& keywords, drv_KeywordCensus& census);
+void Count(cow_List<inp_Keyword> const& keywords, srv_KeywordCensus& census);
 
-void Count(inp_Keyword const& keyword, drv_KeywordCensus& census)
+void Count(inp_Keyword const& keyword, srv_KeywordCensus& census)
 {
   ++census.keywords;
   ++census.kinds[keyword.keyword];
@@ -82,7 +82,7 @@ void Count(inp_Keyword const& keyword, drv_KeywordCensus& census)
   {
     int const rows = ElementRows(keyword.data);
     census.elementRows += rows;
-    census.elementTypes[drv_Upper(TextOf(keyword, "type"))] += rows;
+    census.elementTypes[srv_Upper(TextOf(keyword, "type"))] += rows;
   }
   else if (keyword.Is(inp_kwPart))
   {
@@ -99,12 +99,12 @@ void Count(inp_Keyword const& keyword, drv_KeywordCensus& census)
   else if (!census.steps.empty() && census.steps.back().procedure.empty() &&
            IsProcedure(keyword.keyword))
   {
-    census.steps.back().procedure = "*" + drv_Upper(keyword.Name().View());
+    census.steps.back().procedure = "*" + srv_Upper(keyword.Name().View());
   }
   Count(keyword.suboptions, census);
 }
 
-void Count(cow_List<inp_Keyword> const& keywords, drv_KeywordCensus& census)
+void Count(cow_List<inp_Keyword> const& keywords, srv_KeywordCensus& census)
 {
   for (inp_Keyword const& keyword : keywords)
   {
@@ -112,7 +112,7 @@ void Count(cow_List<inp_Keyword> const& keywords, drv_KeywordCensus& census)
   }
 }
 
-void CountElements(inp_MapInt2Element const& elements, drv_MeshCensus& census)
+void CountElements(inp_MapInt2Element const& elements, srv_MeshCensus& census)
 {
   // Types come in long runs, so the one before is nearly always the one at hand.
   cow_String type;
@@ -147,10 +147,10 @@ int OwnNamesOf(inpM_SurfaceMap const& surfaces)
 }
 
 template <class Map>
-drv_MeshCensus::Names CountNames(Map const& parts, Map const& assembly,
+srv_MeshCensus::Names CountNames(Map const& parts, Map const& assembly,
                                  inpM_InstanceMap<cow_String> const& instanceParts)
 {
-  drv_MeshCensus::Names names;
+  srv_MeshCensus::Names names;
   for (cow_String const& part : parts.Instances())
   {
     names.inParts += NamesOf(parts, part);
@@ -167,16 +167,16 @@ drv_MeshCensus::Names CountNames(Map const& parts, Map const& assembly,
 
 } // namespace
 
-drv_KeywordCensus drv_CountKeywords(cow_List<inp_Keyword> const& keywords)
+srv_KeywordCensus srv_CountKeywords(cow_List<inp_Keyword> const& keywords)
 {
-  drv_KeywordCensus census;
+  srv_KeywordCensus census;
   Count(keywords, census);
   return census;
 }
 
-drv_MeshCensus drv_CountMesh(inp_InputFile const& model)
+srv_MeshCensus srv_CountMesh(inp_InputFile const& model)
 {
-  drv_MeshCensus census;
+  srv_MeshCensus census;
   census.nodes = model.assemblyCoordMap.Count();
   census.partNodes = model.partCoordMap.Count();
   if (model.assemblyElementMap.HasValue())

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "inp_SetVisitor.h"
+#include "cow_String.h"
 
-/// A field of a row of a set in assembly scope, taken apart: [assembly.][instance.]last.
+/// A field of a row in assembly scope, taken apart: [assembly.][instance.]last.
 struct inp_ScopedField
 {
   bool fits = false;       ///< it has no more pieces than it may, and none but the last is empty
@@ -14,12 +14,4 @@ struct inp_ScopedField
 
   /// The last piece as an id; false when it is none.
   bool GetId(int& id) const;
-};
-
-/// What is wrong in the rows of one keyword.
-struct inp_SetVisitor::Faults
-{
-  cow_List<cow_String> invalid;  ///< fields that can stand for nothing
-  cow_List<cow_String> missing;  ///< sets, and ids of instances, that do not exist
-  cow_List<cow_String> tooLarge; ///< sets for whose ids there is no room
 };

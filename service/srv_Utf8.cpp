@@ -1,4 +1,4 @@
-#include "drv_Utf8.h"
+#include "srv_Utf8.h"
 
 namespace
 {
@@ -58,7 +58,7 @@ void AppendHex(std::string& shown, unsigned byte)
 /// Appends the first character of the text in its shown form; returns the bytes taken.
 std::size_t AppendShown(std::string& shown, std::string_view text)
 {
-  std::size_t const length = static_cast<std::size_t>(drv_Utf8Length(text));
+  std::size_t const length = static_cast<std::size_t>(srv_Utf8Length(text));
   if (length == 0 || IsControl(text.substr(0, length)))
   {
     AppendHex(shown, ByteAt(text, 0));
@@ -70,7 +70,7 @@ std::size_t AppendShown(std::string& shown, std::string_view text)
 
 } // namespace
 
-int drv_Utf8Length(std::string_view text)
+int srv_Utf8Length(std::string_view text)
 {
   if (text.empty())
   {
@@ -88,7 +88,7 @@ int drv_Utf8Length(std::string_view text)
   return length > 1 && !FitsLead(lead, ByteAt(text, 1)) ? 0 : length;
 }
 
-std::string drv_Printable(std::string_view text, int columns)
+std::string srv_Printable(std::string_view text, int columns)
 {
   constexpr std::string_view mark = "...";
   std::string shown;
@@ -120,7 +120,7 @@ std::string drv_Printable(std::string_view text, int columns)
   return shown;
 }
 
-std::string drv_PrintableLines(std::string_view text)
+std::string srv_PrintableLines(std::string_view text)
 {
   std::string shown;
   while (!text.empty())

@@ -1,4 +1,4 @@
-#include "drv_DeckLines.h"
+#include "srv_DeckLines.h"
 
 #include <cstdio>
 #include <cstring>
@@ -88,7 +88,7 @@ void DropByteOrderMark(std::string& line)
 
 } // namespace
 
-std::optional<std::string> drv_DeckLines::Line(std::string const& file, int line)
+std::optional<std::string> srv_DeckLines::Line(std::string const& file, int line)
 {
   File const stream = line > 0 ? Open(file) : nullptr;
   if (stream == nullptr)

@@ -10,7 +10,6 @@
 ///     master, count, node shift, element shift [, the same of the second and of the third direction]
 struct inp_ElementGeneration
 {
-  static constexpr std::int64_t c_largestLabel = 999999999;
   /// What the generators of a walk may make: more could hardly be held, and no model comes near.
   static constexpr int c_mostElements = 50000000;
   static constexpr int c_directions = 3;

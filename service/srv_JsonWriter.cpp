@@ -1,6 +1,6 @@
-#include "drv_JsonWriter.h"
+#include "srv_JsonWriter.h"
 
-#include "drv_Utf8.h"
+#include "srv_Utf8.h"
 
 #include <charconv>
 #include <cmath>
@@ -41,13 +41,13 @@ void AppendEscape(std::string& text, char c)
 
 } // namespace
 
-drv_JsonWriter& drv_JsonWriter::Break(int indent)
+srv_JsonWriter& srv_JsonWriter::Break(int indent)
 {
   m_indent = m_form == spaced ? indent : -1;
   return *this;
 }
 
-void drv_JsonWriter::Separate()
+void srv_JsonWriter::Separate()
 {
   if (m_afterItem)
   {
@@ -66,7 +66,7 @@ void drv_JsonWriter::Separate()
   m_afterItem = true;
 }
 
-drv_JsonWriter& drv_JsonWriter::Begin(char bracket)
+srv_JsonWriter& srv_JsonWriter::Begin(char bracket)
 {
   Separate();
   m_text += bracket;
@@ -74,7 +74,7 @@ drv_JsonWriter& drv_JsonWriter::Begin(char bracket)
   return *this;
 }
 
-drv_JsonWriter& drv_JsonWriter::End(char bracket)
+srv_JsonWriter& srv_JsonWriter::End(char bracket)
 {
   m_text += bracket;
   m_indent = -1;
@@ -82,7 +82,7 @@ drv_JsonWriter& drv_JsonWriter::End(char bracket)
   return *this;
 }
 
-drv_JsonWriter& drv_JsonWriter::Key(std::string_view name)
+srv_JsonWriter& srv_JsonWriter::Key(std::string_view name)
 {
   Separate();
   AppendString(name);
@@ -91,23 +91,23 @@ drv_JsonWriter& drv_JsonWriter::Key(std::string_view name)
   return *this;
 }
 
-drv_JsonWriter& drv_JsonWriter::String(std::string_view value)
+srv_JsonWriter& srv_JsonWriter::String(std::string_view value)
 {
   Separate();
   AppendString(value);
   return *this;
 }
 
-drv_JsonWriter& drv_JsonWriter::Word(std::string_view word)
+srv_JsonWriter& srv_JsonWriter::Word(std::string_view word)
 {
   Separate();
   m_text += word;
   return *this;
 }
 
-drv_JsonWriter& drv_JsonWriter::Number(int value) { return Word(std::to_string(value)); }
+srv_JsonWriter& srv_JsonWriter::Number(int value) { return Word(std::to_string(value)); }
 
-drv_JsonWriter& drv_JsonWriter::Number(double value)
+srv_JsonWriter& srv_JsonWriter::Number(double value)
 {
   if (std::isnan(value))
   {
@@ -128,7 +128,7 @@ drv_JsonWriter& drv_JsonWriter::Number(double value)
   return *this;
 }
 
-void drv_JsonWriter::AppendString(std::string_view value)
+void srv_JsonWriter::AppendString(std::string_view value)
 {
   m_text += '"';
   while (!value.empty())
@@ -144,7 +144,7 @@ void drv_JsonWriter::AppendString(std::string_view value)
     {
       break;
     }
-    std::size_t const length = static_cast<std::size_t>(drv_Utf8Length(value));
+    std::size_t const length = static_cast<std::size_t>(srv_Utf8Length(value));
     if (length == 1)
     {
       AppendEscape(m_text, value[0]);

@@ -50,7 +50,6 @@ public:
   };
   /// Stands for a blank optional node.
   static constexpr int c_blankMark = -91440;
-  static constexpr int c_largestLabel = 999999999;
 
   /// The data must live, and stay as they are, as long as this.
   inp_ElementRows(inp_DataArray const& data, inp_ElementFamily const& family, checkEnm check,

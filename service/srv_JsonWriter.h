@@ -10,7 +10,7 @@
 ///
 /// The spaced form puts blanks behind commas and colons, and a line feed where Break asks for one.
 /// The caller sees to it that what begins also ends.
-class drv_JsonWriter
+class srv_JsonWriter
 {
 public:
   enum formEnm
@@ -19,30 +19,30 @@ public:
     spaced
   };
 
-  drv_JsonWriter(std::string& text, formEnm form) : m_text(text), m_form(form) {}
+  srv_JsonWriter(std::string& text, formEnm form) : m_text(text), m_form(form) {}
 
-  drv_JsonWriter& BeginObject() { return Begin('{'); }
-  drv_JsonWriter& EndObject() { return End('}'); }
-  drv_JsonWriter& BeginArray() { return Begin('['); }
-  drv_JsonWriter& EndArray() { return End(']'); }
+  srv_JsonWriter& BeginObject() { return Begin('{'); }
+  srv_JsonWriter& EndObject() { return End('}'); }
+  srv_JsonWriter& BeginArray() { return Begin('['); }
+  srv_JsonWriter& EndArray() { return End(']'); }
 
-  drv_JsonWriter& Key(std::string_view name);
+  srv_JsonWriter& Key(std::string_view name);
   /// Bytes that are no UTF-8 become U+FFFD each.
-  drv_JsonWriter& String(std::string_view value);
-  drv_JsonWriter& Number(int value);
+  srv_JsonWriter& String(std::string_view value);
+  srv_JsonWriter& Number(int value);
   /// The fewest digits that read back as the same value, with a fraction or an exponent. Infinity
   /// is 1e999, what is no number is null.
-  drv_JsonWriter& Number(double value);
-  drv_JsonWriter& Bool(bool value) { return Word(value ? "true" : "false"); }
-  drv_JsonWriter& Null() { return Word("null"); }
+  srv_JsonWriter& Number(double value);
+  srv_JsonWriter& Bool(bool value) { return Word(value ? "true" : "false"); }
+  srv_JsonWriter& Null() { return Word("null"); }
 
   /// The next key or item begins a line, behind so many blanks.
-  drv_JsonWriter& Break(int indent);
+  srv_JsonWriter& Break(int indent);
 
 private:
-  drv_JsonWriter& Begin(char bracket);
-  drv_JsonWriter& End(char bracket);
-  drv_JsonWriter& Word(std::string_view word);
+  srv_JsonWriter& Begin(char bracket);
+  srv_JsonWriter& End(char bracket);
+  srv_JsonWriter& Word(std::string_view word);
   void Separate();
   void AppendString(std::string_view value);
 

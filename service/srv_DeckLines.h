@@ -9,7 +9,7 @@
 ///
 /// Any order of lines is fine: where every 64th line begins is kept, so a line costs a short read,
 /// and a file is passed over once at most. Only regular files are read.
-class drv_DeckLines
+class srv_DeckLines
 {
 public:
   /// The line without its end, its first 1000 bytes at most; nothing when there is no such line.

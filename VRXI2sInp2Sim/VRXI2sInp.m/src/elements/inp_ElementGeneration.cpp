@@ -1,5 +1,6 @@
 #include "inp_ElementGeneration.h"
 
+#include "inpM_LabelRange.h"
 #include "inp_ElementInfo.h"
 
 #include <algorithm>
@@ -115,7 +116,7 @@ bool inp_ShiftNodes(inp_Element& element, int count, std::int64_t shift)
   for (int i = 0; i < count; ++i)
   {
     std::int64_t const node = nodes[i] + shift;
-    if (nodes[i] > 0 && (node < 1 || node > inp_ElementGeneration::c_largestLabel))
+    if (nodes[i] > 0 && !inpM_IsLabel(node))
     {
       return false;
     }

@@ -1,9 +1,9 @@
-#include "drv_DumpMaps.h"
+#include "srv_MapOutput.h"
 
-#include "drv_JsonWriter.h"
-#include "drv_Output.h"
 #include "inpM_SurfaceMap.h"
 #include "inp_CoordMap.h"
+#include "srv_JsonWriter.h"
+#include "srv_TextOutput.h"
 
 #include <array>
 #include <charconv>
@@ -16,7 +16,7 @@ namespace
 class MapDumper
 {
 public:
-  MapDumper(drv_JsonWriter& json, drv_Output& output) : m_json(json), m_output(output) {}
+  MapDumper(srv_JsonWriter& json, srv_TextOutput& output) : m_json(json), m_output(output) {}
 
   /// The maps of one kind of level: nodes by label, and so on; by the names of the levels.
   struct Maps
@@ -49,8 +49,8 @@ private:
   void BeginEntry(cow_String const& name);
   void BeginEntry(int label);
 
-  drv_JsonWriter& m_json;
-  drv_Output& m_output;
+  srv_JsonWriter& m_json;
+  srv_TextOutput& m_output;
 };
 
 constexpr int c_indent = 5;
@@ -335,9 +335,9 @@ void MapDumper::DumpIds(inpM_IdMap const& ids)
 
 } // namespace
 
-void drv_DumpMaps(inp_InputFile const& model,
-                  inpM_InstanceMap<inp_MapInt2Element> const& partElements, drv_JsonWriter& json,
-                  drv_Output& output)
+void srv_WriteMaps(inp_InputFile const& model,
+                   inpM_InstanceMap<inp_MapInt2Element> const& partElements, srv_JsonWriter& json,
+                   srv_TextOutput& output)
 {
   MapDumper dumper(json, output);
   MapDumper::Maps const parts = {model.partCoordMap, partElements, model.partNsetMap,

@@ -1,10 +1,10 @@
-#include "drv_Hints.h"
+#include "srv_Hints.h"
 
 #include "atr_String.h"
-#include "drv_Words.h"
 #include "inp_ExpansionRules.h"
 #include "inp_KeywordTable.h"
 #include "inp_Spelling.h"
+#include "srv_Words.h"
 
 #include <cstring>
 #include <vector>
@@ -15,14 +15,14 @@ namespace
 constexpr int c_mostNames = 3;
 constexpr std::size_t c_mostListed = 12;
 
-std::string DidYouMean(drv_Words const& words)
+std::string DidYouMean(srv_Words const& words)
 {
-  return words.empty() ? "" : "did you mean " + drv_Alternatives(words) + "?";
+  return words.empty() ? "" : "did you mean " + srv_Alternatives(words) + "?";
 }
 
 std::string NearKeywords(atr_Origin const& origin, std::string const&)
 {
-  return drv_DidYouMeanKeyword(std::string(origin.keyword.View()));
+  return srv_DidYouMeanKeyword(std::string(origin.keyword.View()));
 }
 
 inp_KeywordEnm KeywordOf(atr_Origin const& origin)
@@ -34,32 +34,32 @@ inp_KeywordEnm KeywordOf(atr_Origin const& origin)
 std::string NearParameters(atr_Origin const& origin, std::string const&)
 {
   inp_ExpansionRule const* const rule = inp_ExpansionRuleOf(KeywordOf(origin));
-  std::string const keyword = "*" + drv_Upper(origin.keyword.View());
+  std::string const keyword = "*" + srv_Upper(origin.keyword.View());
   if (rule == nullptr || rule->parameters[0] == nullptr)
   {
     return keyword + " takes no parameters";
   }
   std::vector<std::string_view> candidates;
-  drv_Words all;
+  srv_Words all;
   for (char const* const* parameter = rule->parameters; *parameter != nullptr; ++parameter)
   {
     candidates.push_back(*parameter);
-    all.push_back(drv_Upper(*parameter));
+    all.push_back(srv_Upper(*parameter));
   }
-  drv_Words near;
+  srv_Words near;
   for (std::string_view const word :
        inp_NearestWords(origin.subject.View(), candidates, c_mostNames))
   {
-    near.push_back(drv_Upper(word));
+    near.push_back(srv_Upper(word));
   }
-  return near.empty() ? keyword + " takes " + drv_FirstOf(all, c_mostListed) : DidYouMean(near);
+  return near.empty() ? keyword + " takes " + srv_FirstOf(all, c_mostListed) : DidYouMean(near);
 }
 
 /// The words of the parameter at fault.
 std::string AllowedValues(atr_Origin const& origin, std::string const&)
 {
   inp_ExpansionRule const* const rule = inp_ExpansionRuleOf(KeywordOf(origin));
-  drv_Words words;
+  srv_Words words;
   char const* const* run = rule != nullptr ? rule->values : nullptr;
   for (; run != nullptr && *run != nullptr; run = inp_NextValues(run))
   {
@@ -70,7 +70,7 @@ std::string AllowedValues(atr_Origin const& origin, std::string const&)
   }
   return words.empty()
            ? ""
-           : drv_Upper(origin.subject.View()) + " takes " + drv_FirstOf(words, c_mostListed);
+           : srv_Upper(origin.subject.View()) + " takes " + srv_FirstOf(words, c_mostListed);
 }
 
 std::string SearchedFolders(atr_Origin const&, std::string const& includePath)
@@ -97,18 +97,18 @@ constexpr Row c_rows[] = {
 
 } // namespace
 
-std::string drv_DidYouMeanKeyword(std::string const& name)
+std::string srv_DidYouMeanKeyword(std::string const& name)
 {
   inp_KeywordTable const& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
-  drv_Words words;
+  srv_Words words;
   for (cow_String const& near : table.NearestNames(cow_String(std::string_view(name)), c_mostNames))
   {
-    words.push_back("*" + drv_Upper(near.View()));
+    words.push_back("*" + srv_Upper(near.View()));
   }
   return DidYouMean(words);
 }
 
-std::string drv_HintFor(atr_Origin const& origin, std::string const& includePath)
+std::string srv_HintFor(atr_Origin const& origin, std::string const& includePath)
 {
   for (Row const& row : c_rows)
   {

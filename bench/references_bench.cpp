@@ -1,6 +1,7 @@
 // The rewriting of names in a load keyword of a million rows, beside the reading of those rows.
 
 #include "inp_InputFile.h"
+#include "inp_KeywordEnm.h"
 #include "inp_RawDataArrayImpl.h"
 #include "inp_RemovePeriodVisitors.h"
 #include "inp_ScopedNameVisitors.h"

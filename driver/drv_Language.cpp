@@ -4,6 +4,7 @@
 #include "drv_Options.h"
 #include "drv_Output.h"
 #include "inp_ExpansionRules.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "inp_ReferencePlaces.h"
 #include "srv_Hints.h"

@@ -1,6 +1,7 @@
 #include "drv_Summary.h"
 
 #include "drv_Job.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "omi_Singleton.h"
 #include "srv_Census.h"

@@ -1,5 +1,6 @@
 #include "srv_Census.h"
 
+#include "inp_KeywordEnm.h"
 #include "srv_Words.h"
 
 #include <algorithm>

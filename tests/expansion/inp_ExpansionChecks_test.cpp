@@ -1,5 +1,7 @@
 #include "DeckExpansion.h"
 
+#include "inp_KeywordEnm.h"
+
 #include <string>
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 #include "DeckExpansion.h"
 #include "DeckFiles.h"
+#include "inp_KeywordEnm.h"
 #include "inp_ParserExceptions.h"
 #include "omi_Singleton.h"
 #include "utl_CommandLine.h"

@@ -1,4 +1,5 @@
 #include "ExpansionCases.h"
+#include "inp_KeywordEnm.h"
 #include "inp_ParserExceptions.h"
 
 #include <string>

@@ -1,5 +1,6 @@
 #include "DeckFiles.h"
 #include "ExpansionCases.h"
+#include "inp_KeywordEnm.h"
 
 #include <string>
 #include <vector>

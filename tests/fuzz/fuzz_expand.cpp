@@ -8,6 +8,7 @@
 #include "eli_eostream.h"
 #include "inp_DistributionTableDB.h"
 #include "inp_InputFile.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordExpansionVisitor.h"
 
 #include <cstdint>

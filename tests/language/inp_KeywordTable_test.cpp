@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "inp_KeywordEnm.h"
 #include "inp_ParserExceptions.h"
 
 namespace

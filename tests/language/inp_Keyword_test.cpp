@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "aio_ostream.h"
+#include "inp_KeywordEnm.h"
 
 namespace
 {

@@ -6,6 +6,7 @@
 
 #include "VRXBasException.h"
 #include "inp_Keyword.h"
+#include "inp_KeywordEnm.h"
 
 namespace
 {

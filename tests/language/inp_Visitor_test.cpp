@@ -9,6 +9,7 @@
 
 #include "CapturingSink.h"
 #include "VRXBasException.h"
+#include "inp_KeywordEnm.h"
 
 namespace
 {

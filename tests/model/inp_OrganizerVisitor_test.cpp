@@ -4,6 +4,7 @@
 #include "DeckKeywords.h"
 #include "KeywordTree.h"
 #include "MessageText.h"
+#include "inp_KeywordEnm.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

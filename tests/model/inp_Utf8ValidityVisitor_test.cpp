@@ -3,6 +3,7 @@
 #include "CapturingSink.h"
 #include "DeckKeywords.h"
 #include "MessageText.h"
+#include "inp_KeywordEnm.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -3,6 +3,7 @@
 #include "CapturingSink.h"
 #include "DeckKeywords.h"
 #include "inpM_SortedSet.h"
+#include "inp_KeywordEnm.h"
 #include "inp_OrganizerVisitor.h"
 #include "inp_PartMessages.h"
 

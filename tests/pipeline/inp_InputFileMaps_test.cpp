@@ -4,6 +4,7 @@
 #include "DeckFiles.h"
 #include "LevelDeck.h"
 #include "inp_ElementDataArrayImpl.h"
+#include "inp_KeywordEnm.h"
 
 #include <chrono>
 #include <cmath>

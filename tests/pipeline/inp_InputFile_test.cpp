@@ -15,6 +15,7 @@
 #include "KeywordText.h"
 #include "VRXBasException.h"
 #include "eli_eostream.h"
+#include "inp_KeywordEnm.h"
 #include "inp_ParserExceptions.h"
 #include "omi_Singleton.h"
 #include "utl_CommandLine.h"

@@ -7,6 +7,7 @@
 
 #include "DebugOutput.h"
 #include "DeckReading.h"
+#include "inp_KeywordEnm.h"
 #include "inp_ParserExceptions.h"
 
 namespace

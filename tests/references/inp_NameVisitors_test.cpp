@@ -1,6 +1,7 @@
 // The two families that rewrite all names of a deck.
 
 #include "ReferenceMarks.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "inp_NodeDataArrayImpl.h"
 #include "inp_ReferencePlaces.h"

@@ -1,6 +1,7 @@
 // The tables as a whole: every place of every row is reached by a walk, and nothing else.
 
 #include "ReferenceMarks.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "inp_PlaceRules.h"
 #include "inp_ReferencePlaces.h"

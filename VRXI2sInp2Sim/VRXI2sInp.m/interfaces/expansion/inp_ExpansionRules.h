@@ -1,6 +1,6 @@
 #pragma once
 
-#include "inp_KeywordEnm.h"
+#include "inp_KeywordEnmFwd.h"
 
 /// What a keyword may carry. The tables are static, and arrays end with a null pointer.
 struct inp_ExpansionRule

@@ -5,7 +5,7 @@
 #include "cow_String.h"
 #include "inp_DataArray.h"
 #include "inp_Item.h"
-#include "inp_KeywordEnm.h"
+#include "inp_KeywordEnmFwd.h"
 
 class aio_ostream;
 class eli_eostream;
@@ -56,7 +56,7 @@ public:
   void Print(aio_ostream& stream, bool withSuboptions) const;
   void Print(eli_eostream& stream, bool withSuboptions) const;
 
-  inp_KeywordEnm keyword = inp_kwUndefined;
+  inp_KeywordEnm keyword = inp_KeywordEnm(0); ///< inp_kwUndefined
   int reserved = 0; ///< the enumerator of the keyword that this one is nested below, once organized
   cow_Map<cow_String, inp_Item> parameters; ///< by lower-case name
   inp_DataArray data;

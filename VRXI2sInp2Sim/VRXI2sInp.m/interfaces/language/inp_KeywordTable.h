@@ -5,7 +5,7 @@
 #include "cow_List.h"
 #include "cow_Map.h"
 #include "cow_String.h"
-#include "inp_KeywordEnm.h"
+#include "inp_KeywordEnmFwd.h"
 #include "thr_ThreadSingleton.h"
 
 /// A row of the static table. A null name ends the table.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "inp_KeywordEnm.h"
+#include "inp_KeywordEnmFwd.h"
 #include "omi_Set.h"
 #include "thr_ThreadSingleton.h"
 

@@ -2,7 +2,7 @@
 
 #include "cow_Map.h"
 #include "inp_Item.h"
-#include "inp_KeywordEnm.h"
+#include "inp_KeywordEnmFwd.h"
 #include "inp_NameFixupVisitor.h"
 
 class inp_ModelParameters;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "inp_KeywordEnm.h"
+#include "inp_KeywordEnmFwd.h"
 #include "inp_NameFixupVisitor.h"
 
 /// Finds the places where a material is named that inp_MaterialReferences.def lists.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cow_String.h"
-#include "inp_KeywordEnm.h"
+#include "inp_KeywordEnmFwd.h"
 #include "inp_ReferencePlace.h"
 
 #include <vector>

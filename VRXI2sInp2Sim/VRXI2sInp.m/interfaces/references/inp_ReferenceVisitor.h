@@ -1,6 +1,6 @@
 #pragma once
 
-#include "inp_KeywordEnm.h"
+#include "inp_KeywordEnmFwd.h"
 #include "inp_ParserExceptions.h"
 #include "inp_ReferencePlace.h"
 #include "inp_Visitor.h"

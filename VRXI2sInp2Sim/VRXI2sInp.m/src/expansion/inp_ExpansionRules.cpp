@@ -1,5 +1,7 @@
 #include "inp_ExpansionRules.h"
 
+#include "inp_KeywordEnm.h"
+
 #include <cstring>
 
 namespace

@@ -1,6 +1,7 @@
 #include "inp_KeywordExpansionVisitor.h"
 
 #include "inp_ExpansionMessages.h"
+#include "inp_KeywordEnm.h"
 #include "inp_RawDataArrayImpl.h"
 
 #include <algorithm>

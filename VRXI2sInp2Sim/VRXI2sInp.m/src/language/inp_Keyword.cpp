@@ -2,6 +2,7 @@
 
 #include "aio_ostream.h"
 #include "eli_eostream.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "inp_Visitor.h"
 

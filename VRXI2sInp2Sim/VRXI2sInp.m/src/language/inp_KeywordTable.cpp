@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "inp_KeywordEnm.h"
 #include "inp_ParserExceptions.h"
 #include "inp_Spelling.h"
 

@@ -3,6 +3,7 @@
 #include "VRXAspBcuAnalysisIROptions.h"
 #include "VRXBasException.h"
 #include "inp_CurrentPlace.h"
+#include "inp_KeywordEnm.h"
 #include "omi_Singleton.h"
 #include "wip_WIP.h"
 

@@ -1,6 +1,7 @@
 #include "inp_AssemblyElementVisitor.h"
 
 #include "inp_ElementRows.h"
+#include "inp_KeywordEnm.h"
 #include "inp_LevelMessages.h"
 
 inp_AssemblyElementVisitor::inp_AssemblyElementVisitor(

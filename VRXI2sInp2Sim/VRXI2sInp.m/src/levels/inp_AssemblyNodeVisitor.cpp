@@ -1,5 +1,6 @@
 #include "inp_AssemblyNodeVisitor.h"
 
+#include "inp_KeywordEnm.h"
 #include "inp_LevelMessages.h"
 #include "inp_RowFields.h"
 

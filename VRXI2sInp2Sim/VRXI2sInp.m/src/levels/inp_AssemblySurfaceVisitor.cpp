@@ -1,5 +1,6 @@
 #include "inp_AssemblySurfaceVisitor.h"
 
+#include "inp_KeywordEnm.h"
 #include "inp_LevelMessages.h"
 
 inp_AssemblySurfaceVisitor::inp_AssemblySurfaceVisitor(

@@ -1,6 +1,7 @@
 #include "inp_AssyLevelElemVisitor.h"
 
 #include "inp_ElementRows.h"
+#include "inp_KeywordEnm.h"
 #include "inp_LevelMessages.h"
 #include "inp_RawDataArrayImpl.h"
 #include "inp_SetVisitorFaults.h"

@@ -1,5 +1,7 @@
 #include "inp_PartElementVisitor.h"
 
+#include "inp_KeywordEnm.h"
+
 void inp_PartElementVisitor::Visit(inp_Keyword& keyword)
 {
   if (keyword.Is(inp_kwPart) || keyword.Is(inp_kwUserElement) || IsInPart())

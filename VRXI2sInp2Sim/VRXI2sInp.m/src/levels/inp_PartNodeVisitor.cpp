@@ -1,5 +1,7 @@
 #include "inp_PartNodeVisitor.h"
 
+#include "inp_KeywordEnm.h"
+
 inp_PartNodeVisitor::inp_PartNodeVisitor(inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
                                          inpM_SetMap const& itsElementSets, bool itComputesGeometry)
   : inp_NodeVisitor(itsElements, itsElementSets, inpM_SetMap(), itComputesGeometry)

@@ -1,5 +1,7 @@
 #include "inp_PartSurfaceVisitor.h"
 
+#include "inp_KeywordEnm.h"
+
 void inp_PartSurfaceVisitor::Visit(inp_Keyword& keyword)
 {
   if (keyword.Is(inp_kwPart) || m_partName.Length() > 0)

@@ -4,6 +4,7 @@
 #include "inp_ElementGeneration.h"
 #include "inp_ElementMessages.h"
 #include "inp_ElementRows.h"
+#include "inp_KeywordEnm.h"
 #include "inp_MeshMessages.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "inp_KeywordsRearranger.h"
 
+#include "inp_KeywordEnm.h"
 #include "inp_Utils.h"
 
 #include <utility>

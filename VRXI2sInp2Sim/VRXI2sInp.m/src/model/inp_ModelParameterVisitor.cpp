@@ -1,6 +1,7 @@
 #include "inp_ModelParameterVisitor.h"
 
 #include "inp_DistributionTableDB.h"
+#include "inp_KeywordEnm.h"
 
 #include <algorithm>
 #include <limits>

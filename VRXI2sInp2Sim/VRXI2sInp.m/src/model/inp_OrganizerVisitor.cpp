@@ -1,5 +1,6 @@
 #include "inp_OrganizerVisitor.h"
 
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "inp_OrganizerMessages.h"
 #include "inp_SuboptionSets.h"

@@ -1,5 +1,6 @@
 // The rules that need the whole walk: parts as a whole, and who refers to whom.
 
+#include "inp_KeywordEnm.h"
 #include "inp_PartInventoryVisitor.h"
 #include "inp_PartMessages.h"
 

@@ -2,6 +2,7 @@
 // against the rules.
 
 #include "inp_InputFile.h"
+#include "inp_KeywordEnm.h"
 #include "inp_NamePeriods.h"
 #include "inp_OrganizerVisitor.h"
 #include "inp_PartInventoryVisitor.h"

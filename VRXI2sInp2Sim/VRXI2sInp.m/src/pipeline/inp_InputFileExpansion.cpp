@@ -1,6 +1,7 @@
 // The stages that complete the flat list and sum it up.
 
 #include "inp_InputFile.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordExpansionVisitor.h"
 #include "inp_ModelParameterVisitor.h"
 #include "inp_PipelineMessages.h"

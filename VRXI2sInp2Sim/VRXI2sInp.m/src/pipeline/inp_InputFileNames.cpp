@@ -1,6 +1,7 @@
 // The stages that rewrite names throughout the deck.
 
 #include "inp_InputFile.h"
+#include "inp_KeywordEnm.h"
 #include "inp_RemovePeriodVisitors.h"
 #include "inp_ScopedNameVisitors.h"
 

@@ -1,5 +1,6 @@
 #include "inp_NamePeriods.h"
 
+#include "inp_KeywordEnm.h"
 #include "inp_Utils.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 
 #include "VRXBasException.h"
 #include "inp_CurrentPlace.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "inp_ParserExceptions.h"
 #include "inp_RawDataArrayImpl.h"

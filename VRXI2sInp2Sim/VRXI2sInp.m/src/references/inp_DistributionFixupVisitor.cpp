@@ -1,5 +1,6 @@
 #include "inp_DistributionFixupVisitor.h"
 
+#include "inp_KeywordEnm.h"
 #include "inp_PlaceRules.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "inp_OrientationFixupVisitor.h"
 
+#include "inp_KeywordEnm.h"
 #define INP_PLACES_VISITOR inp_OrientationFixupVisitor
 #define INP_PLACES_TABLE "inp_OrientationReferences.def"
 #include "inp_PlaceHandlers.def"

@@ -1,6 +1,7 @@
 #include "inp_ReferencePlaces.h"
 
 #include "inp_DistributionFixupVisitor.h"
+#include "inp_KeywordEnm.h"
 #include "inp_MaterialFixupVisitor.h"
 #include "inp_OrientationFixupVisitor.h"
 #include "inp_SetFixupVisitor.h"

@@ -1,6 +1,7 @@
 // The handlers of the keywords: a row of the table each, and what is more than a row.
 
 #include "inp_CellRewriter.h"
+#include "inp_KeywordEnm.h"
 #include "inp_SetFixupVisitor.h"
 
 #define INP_PLACES_VISITOR inp_SetFixupVisitor

@@ -1,6 +1,7 @@
 #include "inp_SurfaceFixupVisitor.h"
 
 #include "inp_CellRewriter.h"
+#include "inp_KeywordEnm.h"
 
 #define INP_PLACES_VISITOR inp_SurfaceFixupVisitor
 #define INP_PLACES_TABLE "inp_SurfaceReferences.def"

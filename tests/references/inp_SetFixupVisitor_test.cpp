@@ -133,7 +133,10 @@ TEST(inp_NameFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
     DeckKeywords("*SPRING, ORIENTATION=BAD\n*CONTACT PAIR\nS, T, bad, O\n");
   visitor.VisitList(keywords);
   EXPECT_EQ(ErrorsOf(visitor),
-            "1 error: untitled: There are errors in the *spring data lines: No such name.\n"
-            "2 error: untitled: There are errors in the *contactpair data lines: No such name.\n");
+            "1 error: untitled: There are errors in the *spring data lines: No such name. "
+            "(\"BAD\" in ORIENTATION)\n"
+            "2 error: untitled: There are errors in the *contactpair data lines: No such name. "
+            "(\"BAD\" in field 3 of data line 1)\n");
+  EXPECT_EQ(visitor.GetErrorList().ConstGet(1).Origin()->subject, "BAD");
   EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "contactpair: S|T|bad|O#O");
 }

@@ -33,14 +33,8 @@ bool GoesOn(inp_CellRewriter const& cells, int row)
 // *CLOAD row: node or node set, degree of freedom or type, magnitude, ...
 void inp_SetFixupVisitor::VisitCload(inp_Keyword& keyword)
 {
-  inp_CellRewriter cells(keyword);
-  for (int row = 0; row < cells.Rows(); ++row)
-  {
-    cells.Row(
-      row, placesOfCload->columns, [this](char* cell) { return !RewriteInPlace(cell); },
-      [&](cow_String const& text) { return ReplaceNodeOrNset(keyword, text); });
-    row += GoesOn(cells, row) ? 1 : 0;
-  }
+  RewriteFields(keyword, {.columns = placesOfCload->columns, .goesOn = GoesOn},
+                [&](cow_String const& text) { return ReplaceNodeOrNset(keyword, text); });
 }
 
 void inp_SetFixupVisitor::VisitSlideLine(inp_Keyword& keyword)

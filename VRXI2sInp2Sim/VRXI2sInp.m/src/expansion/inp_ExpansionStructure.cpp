@@ -185,5 +185,6 @@ void inp_KeywordExpansionVisitor::VisitParameter(inp_Keyword&) { parameterized =
 
 void inp_KeywordExpansionVisitor::VisitConflicts(inp_Keyword& keyword)
 {
+  Expand(keyword);
   Say(inp_msgConflictsKeyword, keyword);
 }

@@ -1,0 +1,145 @@
+// What a keyword must have, and what an assembly of parts does not take.
+
+#include "inp_ExpansionMessages.h"
+#include "inp_KeywordExpansionVisitor.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+namespace
+{
+
+/// A parameter whose absence has words of its own.
+struct Demanded
+{
+  std::string_view parameter;
+  atr_MessageRow<0> const& row;
+};
+
+constexpr Demanded c_demanded[] = {
+  {"elset", inp_msgElsetRequired},       {"evolution", inp_msgEvolutionRequired},
+  {"input", inp_msgInputRequired},       {"interactionname", inp_msgInteractionNameRequired},
+  {"name", inp_msgNameRequired},         {"nset", inp_msgNsetRequired},
+  {"property", inp_msgPropertyRequired}, {"referencenodeset", inp_msgReferenceNodeSetRequired},
+  {"type", inp_msgTypeRequired},
+};
+
+bool HasOneOf(inp_Keyword const& keyword, inp_Requirement const& requirement)
+{
+  auto const isGiven = [&keyword](char const* name)
+  { return name != nullptr && keyword.HasParameter(name); };
+  return std::any_of(std::begin(requirement.words), std::end(requirement.words), isGiven);
+}
+
+} // namespace
+
+bool inp_KeywordExpansionVisitor::MeetsRequirements(inp_Keyword& keyword)
+{
+  bool meets = true;
+  for (inp_Requirement const* requirement = inp_ExpansionRuleOf(keyword.keyword)->requirements;
+       requirement->kind != inp_Requirement::none; ++requirement)
+  {
+    meets = Meets(keyword, *requirement) && meets;
+  }
+  return meets;
+}
+
+bool inp_KeywordExpansionVisitor::Meets(inp_Keyword& keyword, inp_Requirement const& requirement)
+{
+  switch (requirement.kind)
+  {
+  case inp_Requirement::none:
+  case inp_Requirement::demandedByHand:
+    return true;
+  case inp_Requirement::refused:
+    RefuseOption(keyword, requirement, inp_msgRefusedOption);
+    return true;
+  case inp_Requirement::refusedThis:
+    RefuseOption(keyword, requirement, inp_msgRefusedThisOption);
+    return true;
+  case inp_Requirement::demandedOne:
+    return DemandOne(keyword, requirement);
+  case inp_Requirement::demanded:
+  case inp_Requirement::required:
+  case inp_Requirement::valued:
+    break;
+  }
+  bool meets = true;
+  for (char const* name : requirement.words)
+  {
+    meets = (name == nullptr || MeetsFor(keyword, requirement.kind, name)) && meets;
+  }
+  return meets;
+}
+
+/// One parameter of a requirement.
+bool inp_KeywordExpansionVisitor::MeetsFor(inp_Keyword& keyword, inp_Requirement::kindEnm kind,
+                                           char const* name)
+{
+  if (kind == inp_Requirement::valued)
+  {
+    checkRequiredParameterValue(keyword, name);
+    return true;
+  }
+  if (kind == inp_Requirement::required)
+  {
+    checkRequiredParameter(keyword, name);
+  }
+  else if (!keyword.HasParameter(name))
+  {
+    auto const demanded =
+      std::find_if(std::begin(c_demanded), std::end(c_demanded),
+                   [name](Demanded const& row) { return row.parameter == name; });
+    Say(demanded->row, keyword);
+  }
+  return keyword.HasParameter(name);
+}
+
+bool inp_KeywordExpansionVisitor::DemandOne(inp_Keyword const& keyword,
+                                            inp_Requirement const& requirement)
+{
+  bool const has = HasOneOf(keyword, requirement);
+  if (!has)
+  {
+    Say(inp_msgRigidBodyEmpty, keyword); // the one keyword that demands one of several
+  }
+  return has;
+}
+
+void inp_KeywordExpansionVisitor::RefuseOption(inp_Keyword const& keyword,
+                                               inp_Requirement const& requirement,
+                                               atr_MessageRow<1> const& row)
+{
+  char const* const parameter = requirement.words[1];
+  if (parameter == nullptr || keyword.HasParameter(parameter))
+  {
+    Refuse(row, keyword, requirement.words[0]);
+  }
+}
+
+void inp_KeywordExpansionVisitor::checkRequiredParameter(inp_Keyword& keyword, cow_String parameter)
+{
+  if (!keyword.HasParameter(parameter))
+  {
+    Say(inp_msgRequiredParameter, keyword, parameter.ToUpper());
+  }
+}
+
+void inp_KeywordExpansionVisitor::checkRequiredParameterValue(inp_Keyword& keyword,
+                                                              cow_String parameter)
+{
+  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
+  if (item != nullptr && item->HasNoValue())
+  {
+    Say(inp_msgRequiredParameterValue, keyword, parameter.ToUpper());
+  }
+}
+
+void inp_KeywordExpansionVisitor::checkRequiredDataline(inp_Keyword& keyword)
+{
+  if (keyword.data.Rows() == 0)
+  {
+    Say(inp_msgDatalineRequired, keyword);
+  }
+}

@@ -3,6 +3,7 @@
 #include "VRXBasUtlFilePath.h"
 #include "aio_ifstream.h"
 #include "inp_ExpansionMessages.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordExpansionVisitor.h"
 #include "inp_Parser.h"
 #include "inp_ParserExceptions.h"
@@ -37,29 +38,37 @@ bool HasTooLongItem(inp_RawDataArrayImpl const& rows, int row)
   return false;
 }
 
-/// Rewrites a row's cells in place: upper case and no blanks outside of quotes. A cell keeps its
-/// length, with blanks behind.
-void CleanCells(char* from, int cells)
+/// Makes of a cell, in place, what AsString gives: upper case and no blanks outside of quotes. It
+/// keeps its length, with blanks behind. Gives the NUL that ends it.
+char* CleanCell(char* from)
 {
-  for (; cells > 0; --cells, ++from)
+  // Most cells are clean, but for blanks in front, which do no harm.
+  while (*from == ' ')
   {
-    bool inQuotes = false;
-    char* to = from;
-    for (; *from != '\0'; ++from)
-    {
-      char const c = *from;
-      inQuotes ^= c == '"';
-      if (inQuotes)
-      {
-        *to++ = c;
-      }
-      else if (c != ' ' && c != '\t' && c != '\r')
-      {
-        *to++ = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-      }
-    }
-    std::fill(to, from, ' ');
+    ++from;
   }
+  auto const isClean = [](unsigned char c) { return c > ' ' && c != '"' && (c < 'a' || c > 'z'); };
+  while (isClean(static_cast<unsigned char>(*from)))
+  {
+    ++from;
+  }
+  bool inQuotes = false;
+  char* to = from;
+  for (; *from != '\0'; ++from)
+  {
+    char const c = *from;
+    inQuotes ^= c == '"';
+    if (inQuotes)
+    {
+      *to++ = c;
+    }
+    else if (c != ' ' && c != '\t' && c != '\r')
+    {
+      *to++ = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    }
+  }
+  std::fill(to, from, ' ');
+  return from;
 }
 
 } // namespace
@@ -195,7 +204,8 @@ bool inp_KeywordExpansionVisitor::ReadDataLines(cow_String const& path, cow_Stri
   return true;
 }
 
-/// Takes away the blank rows that end the data, and makes of the others' cells what AsString gives.
+/// Takes away the blank rows that end the data, and cleans the others' cells. Nodes and elements are
+/// numbers, which are clean as read.
 void inp_KeywordExpansionVisitor::CleanRows(inp_Keyword& keyword)
 {
   inp_RawDataArrayImpl* const rows = dynamic_cast<inp_RawDataArrayImpl*>(&keyword.data.Impl());
@@ -207,9 +217,14 @@ void inp_KeywordExpansionVisitor::CleanRows(inp_Keyword& keyword)
   {
     rows->RemoveLastRow();
   }
-  for (int row = 0; row < rows->Rows(); ++row)
+  bool const areNumbers = keyword.Is(inp_kwNode) || keyword.Is(inp_kwElement);
+  for (int row = 0; row < rows->Rows() && !areNumbers; ++row)
   {
-    CleanCells(rows->RowText(row), rows->Cols(row));
+    char* cell = rows->RowText(row);
+    for (int cells = rows->Cols(row); cells > 0; --cells)
+    {
+      cell = CleanCell(cell) + 1;
+    }
   }
 }
 

@@ -133,6 +133,9 @@ private:
   void Reorganize();
   /// Reports the first name with a period outside quotes; see inp_FindPeriodInNames.
   void ProhibitPeriodInNames(cow_List<inp_Keyword> const& list);
+  /// Leaves out, with an error, instances that only an import could fill where there is none, and those
+  /// whose name another one has. Warns of an instance that has the assembly's name. Wants the hierarchy.
+  void CheckInstances();
   /// What Classify and ReorganizeKeywords have in common behind the check of imports.
   void OrganizeAssembly();
   void ExtractPartMaps(bool lumen);

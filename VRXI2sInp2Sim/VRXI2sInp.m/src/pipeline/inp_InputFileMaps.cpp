@@ -31,6 +31,7 @@ void inp_InputFile::OrganizeAssembly()
   if (!FlatRoadMissing())
   {
     Reorganize();
+    CheckInstances();
     ModifyScopedNames();
   }
 }

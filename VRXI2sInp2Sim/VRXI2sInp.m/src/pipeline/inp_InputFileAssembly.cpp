@@ -167,6 +167,15 @@ void inp_InputFile::CheckInstances()
 
 void inp_InputFile::CheckOutOfPlace()
 {
+  CheckParts();
+  if (featureEnhanced)
+  {
+    ReleasePartElements();
+  }
+}
+
+void inp_InputFile::CheckParts()
+{
   inp_StageTimer const timer("Checking out of place keywords");
   inp_PartInventoryVisitor visitor(partElementMap, assemblyElementMap, partElsetMap,
                                    assemblyElsetMap);
@@ -177,8 +186,4 @@ void inp_InputFile::CheckOutOfPlace()
   }
   visitor.CheckOutOfPlace(keywords);
   visitor.Report();
-  if (featureEnhanced)
-  {
-    partElementMap = inpM_InstanceMap<inp_MapInt2Element>();
-  }
 }

@@ -45,7 +45,7 @@ void Dumper::Dump(drv_Job& job)
   }
   if (job.What() != drv_keywords)
   {
-    srv_WriteMaps(job.Model(), job.PartElements(), m_json, m_output);
+    srv_WriteMaps(job.Model(), m_json, m_output);
   }
   m_json.EndObject();
   m_output.Write("\n");
@@ -59,7 +59,7 @@ void Dumper::DumpRecords(drv_Job& job)
   m_json.Key("missingIncludeFiles");
   DumpNames(model.readerFacts.missingIncludeFiles);
   m_json.Break(1).Key("keywords");
-  DumpKeywords(job.Keywords(), 3);
+  DumpKeywords(model.keywords, 3);
 }
 
 void Dumper::DumpNames(cow_List<cow_String> const& names)

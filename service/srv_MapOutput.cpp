@@ -335,12 +335,10 @@ void MapDumper::DumpIds(inpM_IdMap const& ids)
 
 } // namespace
 
-void srv_WriteMaps(inp_InputFile const& model,
-                   inpM_InstanceMap<inp_MapInt2Element> const& partElements, srv_JsonWriter& json,
-                   srv_TextOutput& output)
+void srv_WriteMaps(inp_InputFile const& model, srv_JsonWriter& json, srv_TextOutput& output)
 {
   MapDumper dumper(json, output);
-  MapDumper::Maps const parts = {model.partCoordMap, partElements, model.partNsetMap,
+  MapDumper::Maps const parts = {model.partCoordMap, model.partElementMap, model.partNsetMap,
                                  model.partElsetMap, model.partSurfaceMap};
   MapDumper::Maps const assembly = {model.assemblyCoordMap, model.assemblyElementMap,
                                     model.assemblyNsetMap, model.assemblyElsetMap,

@@ -22,6 +22,11 @@ namespace
 struct Road
 {
   explicit Road(std::string const& deck, bool lumen = false)
+    : Road(deck, [lumen](inp_InputFile& made) { made.Classify(lumen); })
+  {
+  }
+  template <class Stage>
+  Road(std::string const& deck, Stage const& lastStage)
   {
     DeckFiles const files;
     files.Write("deck.inp", deck);
@@ -29,13 +34,21 @@ struct Road
     input.Parse(files.Path("deck.inp").c_str());
     input.ExpandKeywords();
     input.setModelParameters();
-    input.Classify(lumen);
+    lastStage(input);
     messages = sink.Lines();
   }
 
   inp_InputFile input;
   std::vector<std::string> messages;
 };
+
+std::string Printed(cow_List<inp_Keyword> const& keywords)
+{
+  std::string text;
+  for (inp_Keyword const& keyword : keywords)
+    text += keyword.Print(true).View();
+  return text;
+}
 
 using Place = std::array<double, 3>;
 
@@ -234,6 +247,20 @@ TEST(inp_InputFile, RowsOfPartsAreGivenUpUnlessTheyAreToStay)
       EXPECT_EQ(isKept, keyword.data.Rows() > 0) << keyword.Name().View();
     }
   }
+}
+
+TEST(inp_InputFile, WhoTakesTheMapsFromOrganizedKeywordsKeepsThoseAsTheyAre)
+{
+  std::string const deck = AssemblyDeck("*NSET, NSET=ENDS, INSTANCE=PLAIN\n1, 6\n");
+  Road const road(deck);
+  Road whole(deck, [](inp_InputFile& input) { input.ReorganizeKeywords(false); });
+  std::string const before = Printed(whole.input.keywords);
+  whole.input.ExtractMaps(false);
+  EXPECT_EQ(before, Printed(whole.input.keywords));
+  EXPECT_NE(before, Printed(road.input.keywords));
+  EXPECT_EQ(SetsText(road.input.assemblyNsetMap.ConstGetMap()),
+            SetsText(whole.input.assemblyNsetMap.ConstGetMap()));
+  EXPECT_EQ(road.input.assemblyCoordMap.Count(), whole.input.assemblyCoordMap.Count());
 }
 
 TEST(inp_InputFile, ADeckWithoutPartsIsOnlyChecked)

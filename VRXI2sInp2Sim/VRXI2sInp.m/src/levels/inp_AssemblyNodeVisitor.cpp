@@ -74,26 +74,36 @@ void inp_AssemblyNodeVisitor::VisitInstance(inp_Keyword& keyword)
   instancePositions.Insert(m_instanceName, instanceTransform);
 }
 
-// *INSTANCE rows: x, y, z; xa, ya, za, xb, yb, zb, angle
+// *INSTANCE rows: x, y, z; xa, ya, za, xb, yb, zb, angle. What is no number does not move the instance,
+// and no part of a rotation turns it.
 void inp_AssemblyNodeVisitor::ReadPosition(inp_Keyword const& keyword)
 {
+  inp_NumberFields fields(keyword);
   if (HasRow(keyword.data, 0))
   {
-    instanceTransform.SetTranslation(gsl_Vector(ReadPointFromKeywordData(keyword, 0, 0)));
+    instanceTransform.SetTranslation(gsl_Vector(fields.Point(0, 0)));
   }
-  if (!HasRow(keyword.data, 1))
+  int const faultsOfTranslation = fields.Errors().Length();
+  gsl_Point const a = fields.Point(1, 0);
+  gsl_Vector axis(a, fields.Point(1, c_secondPoint));
+  double const angle = fields.Real(1, c_angle) * c_radians;
+  m_errorList.Concatenate(fields.Errors());
+  if (!HasRow(keyword.data, 1) || fields.Errors().Length() > faultsOfTranslation)
   {
     return;
   }
-  gsl_Point const a = ReadPointFromKeywordData(keyword, 1, 0);
-  gsl_Vector axis(a, ReadPointFromKeywordData(keyword, 1, c_secondPoint));
   if (!axis.Normalize())
   {
     Say(inp_msgInstanceAxisUndefined, keyword);
-    return;
   }
-  double const angle = inp_RealField(keyword.data, 1, c_angle) * c_radians;
-  instanceTransform.Concatenate(gsl_Matrix::AxisRotation(a, axis, angle));
+  else if (!keyword.data.HasValue(1, c_angle))
+  {
+    Say(inp_msgInstanceAngleMissing, keyword);
+  }
+  else
+  {
+    instanceTransform.Concatenate(gsl_Matrix::AxisRotation(a, axis, angle));
+  }
 }
 
 void inp_AssemblyNodeVisitor::VisitEndInstance(inp_Keyword& keyword)

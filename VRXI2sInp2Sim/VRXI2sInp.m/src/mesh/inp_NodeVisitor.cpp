@@ -147,8 +147,7 @@ bool inp_NodeVisitor::Store(inp_Keyword const& keyword, inp_CoordMap& map, int l
 
 gsl_Point inp_NodeVisitor::ReadPointFromKeywordData(inp_Keyword const& keyword, int row, int column)
 {
-  return {inp_RealField(keyword.data, row, column), inp_RealField(keyword.data, row, column + 1),
-          inp_RealField(keyword.data, row, column + 2)};
+  return inp_NumberFields(keyword).Point(row, column);
 }
 
 gsl_Point inp_NodeVisitor::ReadNodeFromKeywordData(inp_Keyword const& keyword,
@@ -213,8 +212,11 @@ void inp_NodeVisitor::VisitSystem(inp_Keyword& keyword)
   {
     return;
   }
-  gsl_Point const a = ReadPointFromKeywordData(keyword, 0, 0);
-  gsl_Point const b = ReadPointFromKeywordData(keyword, 0, 3);
+  inp_NumberFields fields(keyword);
+  gsl_Point const a = fields.Point(0, 0);
+  gsl_Point const b = fields.Point(0, 3);
+  gsl_Point const c = fields.Point(1, 0);
+  m_errorList.Concatenate(fields.Errors());
   systemTransform.SetTranslation(gsl_Vector(a));
   bool const hasPlane = keyword.data.Rows() > 1;
   if (!hasPlane && gsl_Vector(b) == gsl_Vector())
@@ -230,7 +232,7 @@ void inp_NodeVisitor::VisitSystem(inp_Keyword& keyword)
   }
   if (hasPlane)
   {
-    y = gsl_Vector(a, ReadPointFromKeywordData(keyword, 1, 0));
+    y = gsl_Vector(a, c);
     if (!y.Normalize())
     {
       Say(inp_msgYAxisUndefined, keyword);

@@ -168,27 +168,31 @@ void inp_PartInventoryVisitor::VisitRigidBody(inp_Keyword& keyword)
   }
 }
 
-// A part's rigid body takes the whole part.
+// A part's rigid body takes the whole part. A set that is not defined takes nothing of it.
 void inp_PartInventoryVisitor::CheckRigidBodyOfPart(inp_Keyword const& keyword)
 {
   partContents.Get(m_partName).hasRigidBody = true;
-  inp_Item const* const elset = keyword.parameters.ConstFind("elset");
-  inp_MapInt2Element const* const ofPart = ElementsOf(elements, m_partName);
-  if (elset == nullptr || ofPart == nullptr)
+  cow_String const elset = ParameterText(keyword, "elset");
+  if (elset.Empty())
   {
     return;
   }
-  inpM_BaseSet const* const set = partSets.ConstFindNestedSet(m_partName, elset->AsString());
-  if (set != nullptr && HasElementOutside(*ofPart, *set))
+  inpM_BaseSet const* const set = partSets.ConstFindNestedSet(m_partName, elset);
+  if (set == nullptr)
+  {
+    SayAt(keyword, inp_msgRigidBodyElsetNotInPart, elset, m_partName);
+  }
+  inp_MapInt2Element const* const ofPart = ElementsOf(elements, m_partName);
+  if (ofPart != nullptr &&
+      HasElementOutside(*ofPart, set != nullptr ? set->ConstGetOwnIds() : inpM_OmiSet()))
   {
     SayAt(keyword, inp_msgPartRigidBodyIncomplete, m_partName);
   }
 }
 
 bool inp_PartInventoryVisitor::HasElementOutside(inp_MapInt2Element const& partElements,
-                                                 inpM_BaseSet const& set) const
+                                                 inpM_OmiSet const& ids) const
 {
-  inpM_OmiSet const ids = set.ConstGetOwnIds();
   if (ids.Size() >= partElements.Size())
   {
     return false;

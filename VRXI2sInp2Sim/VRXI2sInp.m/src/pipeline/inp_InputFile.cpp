@@ -2,6 +2,7 @@
 
 #include "VRXBasException.h"
 #include "eli_eostream.h"
+#include "inp_DistributionTableDB.h"
 #include "inp_Parser.h"
 #include "inp_Utils.h"
 #include "omi_Singleton.h"
@@ -12,6 +13,7 @@
 void inp_InputFile::Parse(cow_String fileName)
 {
   inputFileName = fileName;
+  thr_ThreadSingleton<inp_DistributionTableDB>::Instance().forgetDistTables();
   inp_Parser parser(fileName, includePath, cow_List<cow_String>(), cow_String(), true, true, false,
                     0, 0);
   keywords = parser.Parse(true);

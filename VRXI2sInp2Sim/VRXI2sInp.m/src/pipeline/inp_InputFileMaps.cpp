@@ -15,7 +15,11 @@ void inp_InputFile::Classify(bool lumen)
 {
   CheckImportValidity(lumen);
   OrganizeAssembly();
-  ExtractMaps(lumen);
+  if (!FlatRoadMissing())
+  {
+    ExtractPartMaps(lumen);
+    ExtractAssemblyMaps(lumen);
+  }
 }
 
 // Whoever wants the keywords alone is told of an import all the same, hence the false.
@@ -31,20 +35,30 @@ void inp_InputFile::OrganizeAssembly()
   if (!FlatRoadMissing())
   {
     Reorganize();
+    CheckInstances();
     ModifyScopedNames();
   }
 }
 
+// The walks put the instance in front of the names in sets, and labels in place of layers of elements.
 void inp_InputFile::ExtractMaps(bool lumen)
 {
   if (!FlatRoadMissing())
   {
-    ExtractPartMaps(lumen);
+    cow_List<inp_Keyword> const organized = keywords;
+    MakePartMaps(lumen);
     ExtractAssemblyMaps(lumen);
+    keywords = organized;
   }
 }
 
 void inp_InputFile::ExtractPartMaps(bool lumen)
+{
+  MakePartMaps(lumen);
+  ReleasePartRows(lumen);
+}
+
+void inp_InputFile::MakePartMaps(bool lumen)
 {
   inp_StageTimer const timer("ExtractPartMaps");
   inp_PartElementVisitor elements(true);
@@ -69,7 +83,10 @@ void inp_InputFile::ExtractPartMaps(bool lumen)
   partNsetMap = nodes.GetSets();
   partElsetMap = elements.GetSets();
   partSurfaceMap = surfaces.GetSurfaces();
+}
 
+void inp_InputFile::ReleasePartRows(bool lumen)
+{
   inp_KwdDataReleaseVisitor release(true, lumen);
   release.VisitList(keywords);
 }

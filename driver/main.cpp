@@ -35,9 +35,8 @@ void WriteListing(drv_Job& job, drv_Output& output)
   listing.Flush();
 }
 
-void WriteResult(drv_Options const& options, drv_Job& job)
+void WriteResult(drv_Options const& options, drv_Job& job, drv_Output& output)
 {
-  drv_Output output(options.outputFile);
   switch (options.command)
   {
   case drv_check:
@@ -59,13 +58,26 @@ void WriteResult(drv_Options const& options, drv_Job& job)
   output.Finish();
 }
 
+void SpareInputs(drv_Output const& output, drv_Job const& job)
+{
+  for (aio_FileRead const& file : job.FilesRead())
+  {
+    output.SpareInput(file);
+  }
+}
+
+/// The output is there before the work begins: what stands in its way comes up at once.
 drv_statusEnm WorkOnDeck(drv_Options const& options)
 {
   drv_Job job(options);
+  job.CheckReadable();
+  drv_Output output(options.outputFile);
+  SpareInputs(output, job);
   bool const isComplete = job.Run();
   if (isComplete || options.command == drv_check)
   {
-    WriteResult(options, job);
+    SpareInputs(output, job);
+    WriteResult(options, job, output);
   }
   if (options.timings)
   {
@@ -120,9 +132,11 @@ drv_statusEnm Run(int argc, char** argv)
 
 } // namespace
 
+/// Before statics are made: memory may end there already.
+[[gnu::constructor(101)]] static void BeSafe() { drv_RaiseCrashBarrier(); }
+
 int main(int argc, char** argv)
 {
-  drv_RaiseCrashBarrier();
   try
   {
     return Run(argc, argv);

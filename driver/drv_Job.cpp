@@ -4,6 +4,7 @@
 #include "atr_Message.h"
 #include "drv_CrashBarrier.h"
 #include "drv_Exit.h"
+#include "drv_Output.h"
 #include "drv_Progress.h"
 #include "inp_CurrentPlace.h"
 #include "inp_ParserExceptions.h"
@@ -159,6 +160,19 @@ cow_List<aio_FileRead> drv_Job::FilesRead() const
   return files;
 }
 
+std::string drv_Job::ShownPath(aio_FileRead const& file) const
+{
+  return m_reporter.ShownPath(std::string(file.path.View()));
+}
+
+void drv_Job::SpareInputs(drv_Output const& output) const
+{
+  for (aio_FileRead const& file : FilesRead())
+  {
+    output.SpareInput(file.id, ShownPath(file));
+  }
+}
+
 /// A part of the input is no model: nothing is to be made of it.
 void drv_Job::RefusePartOfInput() const
 {
@@ -168,14 +182,14 @@ void drv_Job::RefusePartOfInput() const
   }
   for (aio_FileRead const& file : FilesRead())
   {
-    std::string const name(file.path.View());
     if (file.error != 0)
     {
-      throw drv_Failure("cannot read '" + name + "' to its end: " + std::strerror(file.error));
+      throw drv_Failure("cannot read '" + ShownPath(file) +
+                        "' to its end: " + std::strerror(file.error));
     }
     if (file.changed)
     {
-      throw drv_Failure("'" + name + "' was changed while it was read; run again");
+      throw drv_Failure("'" + ShownPath(file) + "' was changed while it was read; run again");
     }
   }
 }

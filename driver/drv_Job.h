@@ -40,8 +40,8 @@ public:
   /// The job came to where the maps of a flat model would be made.
   bool LacksFlatRoad() const { return m_lacksFlatRoad; }
   bool FoundErrors() const;
-  /// The deck, and every file that the stages have read for it.
-  cow_List<aio_FileRead> FilesRead() const;
+  /// Raises drv_Failure when the output is the deck or a file that the stages have read for it.
+  void SpareInputs(class drv_Output const& output) const;
 
   /// A line a stage: seconds, and megabytes (10^6 bytes) of the deck a second; then a total, and
   /// the peak of memory.
@@ -55,6 +55,8 @@ private:
   };
 
   void SetUp();
+  cow_List<aio_FileRead> FilesRead() const;
+  std::string ShownPath(aio_FileRead const& file) const;
   void RefusePartOfInput() const;
   bool RunStep(char const* step, drv_stageEnm stage, void (*run)(drv_Job& job));
   bool EndedBy(class atr_String const& words, drv_stageEnm stage) const;

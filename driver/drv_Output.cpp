@@ -63,11 +63,11 @@ aio_FileId drv_Output::Target() const
   return isOpen ? aio_FileId{status.st_dev, status.st_ino} : aio_FileId();
 }
 
-void drv_Output::SpareInput(aio_FileRead const& input) const
+void drv_Output::SpareInput(aio_FileId const& input, std::string const& shownPath) const
 {
-  if (input.id.inode != 0 && input.id == Target())
+  if (input.inode != 0 && input == Target())
   {
-    Fail("it is the input file '" + std::string(input.path.View()) + "'");
+    Fail("it is the input file '" + shownPath + "'");
   }
 }
 

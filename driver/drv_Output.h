@@ -23,8 +23,8 @@ public:
   explicit drv_Output(std::string const& path);
   ~drv_Output() override;
 
-  /// To be called with each file that is read: raises drv_Failure when the output is that file.
-  void SpareInput(aio_FileRead const& input) const;
+  /// To be called for each file that is read: raises drv_Failure when the output is that file.
+  void SpareInput(aio_FileId const& input, std::string const& shownPath) const;
   void Finish();
 
 private:

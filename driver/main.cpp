@@ -58,25 +58,17 @@ void WriteResult(drv_Options const& options, drv_Job& job, drv_Output& output)
   output.Finish();
 }
 
-void SpareInputs(drv_Output const& output, drv_Job const& job)
-{
-  for (aio_FileRead const& file : job.FilesRead())
-  {
-    output.SpareInput(file);
-  }
-}
-
 /// The output is there before the work begins: what stands in its way comes up at once.
 drv_statusEnm WorkOnDeck(drv_Options const& options)
 {
   drv_Job job(options);
   job.CheckReadable();
   drv_Output output(options.outputFile);
-  SpareInputs(output, job);
+  job.SpareInputs(output);
   bool const isComplete = job.Run();
   if (isComplete || options.command == drv_check)
   {
-    SpareInputs(output, job);
+    job.SpareInputs(output);
     WriteResult(options, job, output);
   }
   if (options.timings)

@@ -87,6 +87,8 @@ private:
   void ParseParameters(inp_Keyword& keyword, cow_String const& text, bool strict);
   void ParseParameter(inp_Keyword const& keyword, cow_String const& piece,
                       cow_Map<cow_String, inp_Item>& parameters, bool strict);
+  inp_Item ParseValue(inp_Keyword const& keyword, cow_String const& name, cow_String const& value,
+                      bool strict);
   static cow_List<cow_String> Split(cow_String const& text);
   void ReadData(inp_Keyword& keyword);
   bool RefusesLine(inp_Keyword const& keyword, char const* line, bool isText);

@@ -533,11 +533,13 @@ void inp_Parser::ParseParameter(inp_Keyword const& keyword, cow_String const& pi
                                  : atr_Say(inp_msgRepeatedParameterValue, name, value);
     m_warnings.Append(inp_Utils::MessageInKeyword(keyword, message));
   }
-  if (value.Length() == 0)
-  {
-    parameters.Insert(name, inp_Item(true));
-    return;
-  }
+  parameters.Insert(name, value.Length() == 0 ? inp_Item(true)
+                                              : ParseValue(keyword, name, value, strict));
+}
+
+inp_Item inp_Parser::ParseValue(inp_Keyword const& keyword, cow_String const& name,
+                                cow_String const& value, bool strict)
+{
   inp_Item const item(value);
   if (strict && item.Type() == inp_Types::inp_NONE)
   {
@@ -549,7 +551,12 @@ void inp_Parser::ParseParameter(inp_Keyword const& keyword, cow_String const& pi
   {
     throw inp_ParameterException(atr_Say(inp_msgParameterValueTooLong, name, length));
   }
-  parameters.Insert(name, item);
+  if (item.Type() == inp_Types::inp_STRING && inp_Types::IsInteger(item.AsString().View()))
+  {
+    m_warnings.Append(
+      inp_Utils::MessageInKeyword(keyword, atr_Say(inp_msgIntegerOutOfRange, value, name)));
+  }
+  return item;
 }
 
 /// The loop over data lines: what it does to a line that begins no option is the reader's hot path.

@@ -5,11 +5,13 @@
 //                              it; with EINTR that one alone
 //     FAIL_READ=NAME:N:shrink  the file is emptied in front of its N-th read
 //     FAIL_READ=NAME:N:grow    a line is added to it then
+//     FAIL_READ=NAME:N:wait    the program stops there, until it is told to go on
 //     FAIL_MEMORY=N            the N-th request for memory fails, and all behind it
 //     FAIL_LARGE=SIZE          requests for so many bytes or more fail
 //     NO_UNNAMED_FILES=1       the file system has no files without a name
 
 #include <cerrno>
+#include <csignal>
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
@@ -72,11 +74,26 @@ bool IsFile(int descriptor, char const* name, std::size_t length, char (&path)[4
   return std::memcmp(path + got - length, name, length) == 0;
 }
 
-void Append(char const* path)
+void AddLine(char const* path)
 {
   int const file = ::open(path, O_WRONLY | O_APPEND);
   [[maybe_unused]] ssize_t const written = ::write(file, "** more\n", 8);
   ::close(file);
+}
+
+void Act(char action, char const* path)
+{
+  switch (action)
+  {
+  case 's':
+    static_cast<void>(!::truncate(path, 0));
+    break;
+  case 'g':
+    AddLine(path);
+    break;
+  default:
+    std::raise(SIGSTOP);
+  }
 }
 
 /// Nonzero: the error with which this read fails.
@@ -95,7 +112,7 @@ int ErrorOfRead(int descriptor)
   if (error != 0)
     return isDue || (reads > due && error != EINTR) ? error : 0;
   if (isDue)
-    *action == 's' ? static_cast<void>(::truncate(path, 0)) : Append(path);
+    Act(*action, path);
   return 0;
 }
 

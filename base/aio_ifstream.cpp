@@ -11,8 +11,8 @@
 namespace
 {
 
-/// Reads until `size` bytes are there, the file ends or a read fails (then `failed` is set).
-std::size_t ReadFully(int descriptor, char* to, std::size_t size, bool& failed)
+/// Reads until `size` bytes are there, the file ends or a read fails (then `error` is set).
+std::size_t ReadFully(int descriptor, char* to, std::size_t size, int& error)
 {
   std::size_t got = 0;
   while (got < size)
@@ -28,11 +28,27 @@ std::size_t ReadFully(int descriptor, char* to, std::size_t size, bool& failed)
     }
     else if (errno != EINTR)
     {
-      failed = true;
+      error = errno;
       break;
     }
   }
   return got;
+}
+
+int OpenToRead(char const* path)
+{
+  int descriptor;
+  do
+  {
+    descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  } while (descriptor < 0 && errno == EINTR);
+  return descriptor;
+}
+
+bool IsSameState(struct stat const& one, struct stat const& other)
+{
+  return one.st_size == other.st_size && one.st_mtim.tv_sec == other.st_mtim.tv_sec &&
+         one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
 }
 
 } // namespace
@@ -45,41 +61,57 @@ void aio_ifstream::FreeAligned::operator()(char* buffer) const
 aio_ifstream::openEnm aio_ifstream::Open(char const* path)
 {
   Close();
-  struct stat status;
-  if (::stat(path, &status) != 0)
+  m_status = {};
+  m_changed = false;
+  openEnm outcome = OpenDescriptor(path);
+  m_error = outcome == aio_missing || outcome == aio_unreadable ? errno : 0;
+  if (outcome == aio_opened)
+  {
+    ReadFirst();
+    outcome = Failed() ? aio_unreadable : PassMark();
+  }
+  if (outcome != aio_opened)
+  {
+    Close();
+  }
+  return outcome;
+}
+
+aio_ifstream::openEnm aio_ifstream::OpenDescriptor(char const* path)
+{
+  if (::stat(path, &m_status) != 0)
   {
     return errno == EACCES ? aio_unreadable : aio_missing;
   }
   // Before open(): opening a pipe waits for its writer.
-  if (!S_ISREG(status.st_mode))
+  if (!S_ISREG(m_status.st_mode))
   {
     return aio_notRegular;
   }
-  m_descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  if (m_descriptor < 0)
-  {
-    return aio_unreadable;
-  }
-  m_fileSize = static_cast<long long>(status.st_size);
+  m_descriptor = OpenToRead(path);
+  return m_descriptor < 0 || ::fstat(m_descriptor, &m_status) != 0 ? aio_unreadable : aio_opened;
+}
+
+void aio_ifstream::ReadFirst()
+{
   if (!m_buffer)
   {
     m_buffer.reset(static_cast<char*>(
       ::operator new(c_carrySize + c_chunkSize + c_alignment, std::align_val_t(c_alignment))));
   }
   m_next = m_end = m_line = m_buffer.get() + c_carrySize;
-  m_atEnd = m_failed = m_hasNulBytes = m_chunkHoldsAsterisk = false;
+  m_atEnd = m_hasNulBytes = m_chunkHoldsAsterisk = false;
   m_bytesRead = 0;
   Fill(0);
-  if (m_failed)
-  {
-    Close();
-    return aio_unreadable;
-  }
+}
+
+/// A byte order mark is no text: that of UTF-8 is passed over, one of UTF-16 refused.
+aio_ifstream::openEnm aio_ifstream::PassMark()
+{
   std::size_t const available = static_cast<std::size_t>(m_end - m_next);
   if (available >= 2 &&
       (std::memcmp(m_next, "\xFF\xFE", 2) == 0 || std::memcmp(m_next, "\xFE\xFF", 2) == 0))
   {
-    Close();
     return aio_utf16;
   }
   if (available >= 3 && std::memcmp(m_next, "\xEF\xBB\xBF", 3) == 0)
@@ -87,6 +119,11 @@ aio_ifstream::openEnm aio_ifstream::Open(char const* path)
     m_next += 3;
   }
   return aio_opened;
+}
+
+aio_FileRead aio_ifstream::Outcome(cow_String const& path) const
+{
+  return {path, {m_status.st_dev, m_status.st_ino}, m_error, m_changed};
 }
 
 void aio_ifstream::Close()
@@ -100,13 +137,23 @@ void aio_ifstream::Close()
   m_next = m_end;
 }
 
+void aio_ifstream::NoteEnd()
+{
+  m_atEnd = true;
+  struct stat status = {};
+  m_changed = !Failed() && ::fstat(m_descriptor, &status) == 0 && !IsSameState(m_status, status);
+}
+
 /// Reads the next chunk behind `carried` bytes that end at the chunk's head. False when the file
 /// holds no more.
 bool aio_ifstream::Fill(std::size_t carried)
 {
   char* const chunk = m_buffer.get() + c_carrySize;
-  std::size_t const got = m_atEnd ? 0 : ReadFully(m_descriptor, chunk, c_chunkSize, m_failed);
-  m_atEnd = got < c_chunkSize;
+  std::size_t const got = m_atEnd ? 0 : ReadFully(m_descriptor, chunk, c_chunkSize, m_error);
+  if (got < c_chunkSize && !m_atEnd)
+  {
+    NoteEnd();
+  }
   m_bytesRead += static_cast<long long>(got);
   if (std::memchr(chunk, 0, got) != nullptr)
   {
@@ -195,6 +242,11 @@ bool aio_ifstream::ReadLongLine(int limit)
   if (!m_endedByLineFeed)
   {
     m_next = m_end;
+    if (Failed()) // what was read of the line is not the line
+    {
+      m_lineLength = 0;
+      return false;
+    }
   }
   m_line = place;
   m_lineLength = static_cast<int>(kept);

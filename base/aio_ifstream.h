@@ -1,7 +1,10 @@
 #pragma once
 
+#include "aio_FileRead.h"
+
 #include <cstddef>
 #include <memory>
+#include <sys/stat.h>
 
 /// Reads a text file line by line, in place, through one large buffer.
 ///
@@ -14,8 +17,8 @@
 /// feed; a carriage return before it is part of the line. A last line without line feed is a line.
 ///
 /// Only regular files are read: opening a directory, pipe or device fails and never waits. A file
-/// that shrinks while it is read ends early; one that cannot be read further ends too, and Failed
-/// tells.
+/// that cannot be read further ends behind its last whole line, and Failed tells; one that somebody
+/// writes to or cuts off meanwhile ends where it ends, and HasChanged tells.
 class aio_ifstream
 {
 public:
@@ -54,10 +57,14 @@ public:
   /// cut: found out for a chunk at a time, it spares looking through every line.
   bool MayHoldAsterisk() const { return m_mayHoldAsterisk; }
   /// A read failed half way through the file.
-  bool Failed() const { return m_failed; }
+  bool Failed() const { return m_error != 0; }
+  /// Somebody wrote to the file before its end was read.
+  bool HasChanged() const { return m_changed; }
   /// Size at opening, in bytes.
-  long long FileSize() const { return m_fileSize; }
+  long long FileSize() const { return static_cast<long long>(m_status.st_size); }
   long long BytesRead() const { return m_bytesRead; }
+  /// How the reading of the file went, up to now. Of one that could not be opened, why not.
+  aio_FileRead Outcome(cow_String const& path) const;
 
 private:
   // The area below the chunk takes the head of a line that crosses from one chunk to the next, so
@@ -67,6 +74,10 @@ private:
   static constexpr std::size_t c_carrySize = 1024;
   static constexpr std::size_t c_alignment = 64;
 
+  openEnm OpenDescriptor(char const* path);
+  void ReadFirst();
+  openEnm PassMark();
+  void NoteEnd();
   bool Fill(std::size_t carried);
   bool ReadLongLine(int limit);
 
@@ -85,9 +96,10 @@ private:
   bool m_hasNulBytes = false;
   bool m_mayHoldAsterisk = false;
   bool m_chunkHoldsAsterisk = false;
-  bool m_failed = false;
+  int m_error = 0;
+  bool m_changed = false;
   bool m_atEnd = false;
   int m_descriptor = -1;
-  long long m_fileSize = 0;
+  struct stat m_status = {}; ///< at opening
   long long m_bytesRead = 0;
 };

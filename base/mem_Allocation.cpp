@@ -92,14 +92,15 @@ void* AllocateChunk(std::size_t size)
   return std::aligned_alloc(mem_slabSize, size);
 }
 
+// Where memory is short, a smaller one: the C library may take twice the room of a single slab.
 bool TakeChunk()
 {
   std::size_t size = store.chunkSize;
   void* chunk = AllocateChunk(size);
-  if (chunk == nullptr && size > mem_slabSize)
+  while (chunk == nullptr && size > mem_slabSize)
   {
-    size = mem_slabSize;
-    chunk = std::aligned_alloc(mem_slabSize, size);
+    size /= 2;
+    chunk = AllocateChunk(size);
   }
   if (chunk == nullptr)
     return false;

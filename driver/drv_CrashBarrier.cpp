@@ -2,90 +2,38 @@
 
 #include "cow_List.h"
 #include "drv_Exit.h"
+#include "drv_FixedText.h"
 #include "inp_CurrentPlace.h"
 #include "mem_Allocation.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
 #include <fcntl.h>
+#include <new>
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace
 {
 
-constexpr std::size_t c_longestPath = 4096;
-char unfinishedFile[c_longestPath];
-
-/// Text put together without the heap, as a signal handler must.
-class FixedText
+struct UnfinishedFile
 {
-public:
-  FixedText& Add(char const* text)
-  {
-    for (; *text != '\0'; ++text)
-    {
-      Put(*text);
-    }
-    return *this;
-  }
-
-  FixedText& AddNumber(int number)
-  {
-    char digits[16];
-    char* digit = digits + sizeof digits;
-    *--digit = '\0';
-    do
-    {
-      *--digit = static_cast<char>('0' + number % 10);
-      number /= 10;
-    } while (number > 0);
-    return Add(digit);
-  }
-
-  /// Within a JSON string. Bytes beyond ASCII may be cut or malformed and are not worth the trouble.
-  FixedText& AddEscaped(char const* text)
-  {
-    for (; *text != '\0'; ++text)
-    {
-      bool const isPlain = *text >= ' ' && *text != '\x7f';
-      if (*text == '"' || *text == '\\')
-      {
-        Put('\\');
-      }
-      Put(isPlain ? *text : '?');
-    }
-    return *this;
-  }
-
-  void Send() const
-  {
-    char const* from = m_text;
-    while (from < m_end)
-    {
-      ssize_t const written = ::write(STDERR_FILENO, from, static_cast<std::size_t>(m_end - from));
-      if (written <= 0)
-      {
-        return;
-      }
-      from += written;
-    }
-  }
-
-private:
-  void Put(char c)
-  {
-    if (m_end < m_text + sizeof m_text)
-    {
-      *m_end++ = c;
-    }
-  }
-
-  char m_text[8192];
-  char* m_end = m_text;
+  int folder;
+  char name[256]; ///< there; empty for none
 };
+UnfinishedFile unfinished;
+
+void RemoveUnfinishedFile()
+{
+  if (unfinished.name[0] != '\0')
+  {
+    ::unlinkat(unfinished.folder, unfinished.name, 0);
+  }
+}
 
 struct Place
 {
@@ -101,10 +49,26 @@ Place PlaceOfFailure()
           isKnown ? inp_CurrentPlace::Line() : 0};
 }
 
+/// Takes away what is drawn on the terminal, where the words are to stand.
+void BeginLine(drv_FixedText& text)
+{
+  text.Add(drv_TheCrashContext().hasLineDrawn ? "\r\033[K" : "");
+}
+
+void BeginJson(drv_FixedText& text, char const* level, Place const& place)
+{
+  text.Add(R"({"severity":"fatal","level":)").Add(level).Add(R"(,"stage":")");
+  text.Add(drv_TheCrashContext().stage).Add(R"(","file":")").AddEscaped(place.file);
+  text.Add(R"(","line":)");
+  place.line > 0 ? text.AddNumber(place.line) : text.Add("null");
+  text.Add(R"(,"message":")");
+}
+
 void SendAsText(char const* what, char const* detail, char const* request)
 {
   Place const place = PlaceOfFailure();
-  FixedText text;
+  drv_FixedText text;
+  BeginLine(text);
   text.Add(place.file[0] != '\0' ? place.file : "inpdeck");
   if (place.line > 0)
   {
@@ -120,19 +84,9 @@ void SendAsText(char const* what, char const* detail, char const* request)
 
 void SendAsJson(char const* what, char const* detail, char const* request)
 {
-  Place const place = PlaceOfFailure();
-  FixedText text;
-  text.Add(R"({"severity":"fatal","level":2,"stage":")").Add(drv_TheCrashContext().stage);
-  text.Add(R"(","file":")").AddEscaped(place.file).Add(R"(","line":)");
-  if (place.line > 0)
-  {
-    text.AddNumber(place.line);
-  }
-  else
-  {
-    text.Add("null");
-  }
-  text.Add(R"(,"message":"Internal failure: )").AddEscaped(what).AddEscaped(detail);
+  drv_FixedText text;
+  BeginJson(text, "2", PlaceOfFailure());
+  text.Add("Internal failure: ").AddEscaped(what).AddEscaped(detail);
   text.Add(". ").AddEscaped(request).Add("\"}\n").Send();
 }
 
@@ -149,7 +103,50 @@ void OnBadIndex(int index, int length)
   drv_FailInternally("there is no item ", detail);
 }
 
-void OnTerminate() { drv_FailInternally("an exception was not caught"); }
+/// There is no room for what the smallest request to the heap would take. Asks the system itself, as
+/// the heap may be the place that is broken.
+bool IsMemoryExhausted()
+{
+  constexpr std::size_t size = std::size_t{1} << 20;
+  void* const room =
+    ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (room == MAP_FAILED)
+  {
+    return true;
+  }
+  ::munmap(room, size);
+  return false;
+}
+
+/// The C++ library and the C library give up without an exception when they have no memory for what
+/// they need themselves.
+[[noreturn]] void GiveUp(char const* what)
+{
+  if (IsMemoryExhausted())
+  {
+    drv_FailForMemory();
+  }
+  drv_FailInternally(what);
+}
+
+void OnTerminate()
+{
+  try
+  {
+    if (std::current_exception() != nullptr)
+    {
+      throw;
+    }
+  }
+  catch (std::bad_alloc const&)
+  {
+    drv_FailForMemory();
+  }
+  catch (...)
+  {
+  }
+  GiveUp("an exception was not caught");
+}
 
 void OnCrash(int signal)
 {
@@ -162,21 +159,50 @@ void OnCrash(int signal)
   case SIGFPE:
     drv_FailInternally("an arithmetic operation has no result");
   case SIGABRT:
-    drv_FailInternally("the program aborted itself");
+    GiveUp("the program aborted itself");
   default:
     drv_FailInternally("an instruction could not be carried out");
   }
 }
 
-/// The user ends the program: as without a handler, but for the unfinished output file.
-void OnInterrupt(int signal)
+/// The signals by which a user, a limit or another program ends this one.
+struct
 {
-  if (unfinishedFile[0] != '\0')
+  int signal;
+  char const* name;
+} constexpr c_endings[] = {
+  {SIGHUP, "SIGHUP"},       {SIGINT, "SIGINT"},       {SIGQUIT, "SIGQUIT"}, {SIGTERM, "SIGTERM"},
+  {SIGALRM, "SIGALRM"},     {SIGVTALRM, "SIGVTALRM"}, {SIGPROF, "SIGPROF"}, {SIGXCPU, "SIGXCPU"},
+  {SIGUSR1, "SIGUSR1"},     {SIGUSR2, "SIGUSR2"},     {SIGIO, "SIGIO"},     {SIGPWR, "SIGPWR"},
+  {SIGSTKFLT, "SIGSTKFLT"},
+};
+
+char const* NameOfEnding(int signal)
+{
+  for (auto const& ending : c_endings)
   {
-    ::unlink(unfinishedFile);
+    if (ending.signal == signal)
+    {
+      return ending.name;
+    }
   }
-  std::signal(signal, SIG_DFL);
-  std::raise(signal);
+  return "a real-time signal";
+}
+
+void OnEnding(int signal)
+{
+  drv_FixedText text;
+  if (drv_TheCrashContext().asJson)
+  {
+    BeginJson(text, "0", {drv_TheCrashContext().deck, 0});
+    text.Add("ended by ").Add(NameOfEnding(signal)).Add("\"}\n").Send();
+  }
+  else
+  {
+    BeginLine(text);
+    text.Add("inpdeck: error: ended by ").Add(NameOfEnding(signal)).Add("\n").Send();
+  }
+  drv_ExitNow(drv_cannotRun);
 }
 
 void Handle(int signal, void (*handler)(int))
@@ -188,14 +214,26 @@ void Handle(int signal, void (*handler)(int))
   sigaction(signal, &action, nullptr);
 }
 
-/// An ignored interrupt stays so: that is how programs run in the background.
-void HandleInterrupt(int signal)
+/// An ignored signal stays so: that is how programs run in the background.
+void HandleEnding(int signal)
 {
   struct sigaction before = {};
   sigaction(signal, nullptr, &before);
   if (before.sa_handler != SIG_IGN)
   {
-    Handle(signal, OnInterrupt);
+    Handle(signal, OnEnding);
+  }
+}
+
+void HandleEndings()
+{
+  for (auto const& ending : c_endings)
+  {
+    HandleEnding(ending.signal);
+  }
+  for (int signal = SIGRTMIN; signal <= SIGRTMAX; ++signal)
+  {
+    HandleEnding(signal);
   }
 }
 
@@ -233,14 +271,11 @@ void drv_RaiseCrashBarrier()
   std::set_terminate(OnTerminate);
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-  for (int const signal : {SIGINT, SIGTERM, SIGHUP})
-  {
-    HandleInterrupt(signal);
-  }
+  HandleEndings();
   if (!MEM_PLAIN_ALLOCATION) // a sanitizer has better words for crashes
   {
     GiveHandlersAStack();
-    for (int const signal : {SIGSEGV, SIGBUS, SIGFPE, SIGABRT, SIGILL})
+    for (int const signal : {SIGSEGV, SIGBUS, SIGFPE, SIGABRT, SIGILL, SIGTRAP, SIGSYS})
     {
       Handle(signal, OnCrash);
     }
@@ -261,18 +296,18 @@ void drv_FailForMemory()
 
 void drv_ExitNow(drv_statusEnm status)
 {
-  if (unfinishedFile[0] != '\0')
-  {
-    ::unlink(unfinishedFile);
-  }
+  RemoveUnfinishedFile();
   _exit(status);
 }
 
-void drv_NoteUnfinishedFile(char const* path)
+void drv_NoteUnfinishedFile(int folder, char const* name)
 {
-  unfinishedFile[0] = '\0';
-  if (std::strlen(path) < sizeof unfinishedFile)
+  unfinished.name[0] = '\0';
+  unfinished.folder = folder;
+  // The first byte last: a signal may come at any time.
+  std::size_t const length = std::min(std::strlen(name), sizeof unfinished.name - 1);
+  for (std::size_t at = length + 1; at > 0; --at)
   {
-    std::strcpy(unfinishedFile, path);
+    const_cast<char volatile*>(unfinished.name)[at - 1] = at > length ? '\0' : name[at - 1];
   }
 }

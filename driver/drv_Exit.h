@@ -26,6 +26,6 @@ struct drv_PipeClosed
 /// Ends the program at once. Destructors do not run, but an unfinished output file goes.
 [[noreturn]] void drv_ExitNow(drv_statusEnm status);
 
-/// Names the file that is to go when the program ends before its time; "" for none. A file whose
-/// name is too long to be noted stays.
-void drv_NoteUnfinishedFile(char const* path);
+/// Names the file that is to go when the program ends before its time, by its name in an open folder;
+/// "" for none.
+void drv_NoteUnfinishedFile(int folder, char const* name);

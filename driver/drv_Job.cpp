@@ -1,8 +1,10 @@
 #include "drv_Job.h"
 
+#include "aio_ifstream.h"
 #include "atr_Message.h"
 #include "drv_CrashBarrier.h"
 #include "drv_Exit.h"
+#include "drv_Output.h"
 #include "drv_Progress.h"
 #include "inp_CurrentPlace.h"
 #include "inp_ParserExceptions.h"
@@ -16,7 +18,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <new>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -94,13 +95,13 @@ drv_Job::drv_Job(drv_Options const& options)
 
 bool drv_Job::Run()
 {
-  drv_TheCrashContext().stage = drv_StageName(drv_parse);
-  CheckReadable();
   SetUp();
   drv_Progress::Watch const watch(WantsProgress(), m_options.deck);
   for (Step const& step : c_steps)
   {
-    if (Wants(step) && !RunStep(step.name, step.stage, step.run))
+    bool const isDone = !Wants(step) || RunStep(step.name, step.stage, step.run);
+    RefusePartOfInput();
+    if (!isDone)
     {
       return false;
     }
@@ -133,21 +134,66 @@ srv_KeywordCensus const& drv_Job::Census()
 
 bool drv_Job::FoundErrors() const { return Sink().ErrorCount() > 0; }
 
-void drv_Job::CheckReadable() const
+void drv_Job::CheckReadable()
 {
+  drv_TheCrashContext().stage = drv_StageName(drv_parse);
   std::string const& deck = m_options.deck;
   if (deck == "-")
   {
     throw drv_Failure("a deck cannot be read from standard input; name its file");
   }
   RefuseUnlessRegular(deck);
-  int const descriptor = ::open(deck.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  char first;
-  if (descriptor < 0 || ::read(descriptor, &first, 1) < 0)
+  cow_String const path(deck.c_str());
+  aio_ifstream stream;
+  stream.Open(path.CStr());
+  m_deck = stream.Outcome(path);
+  if (m_deck.error != 0)
   {
-    throw drv_Failure("cannot read the deck '" + deck + "': " + std::strerror(errno));
+    throw drv_Failure("cannot read the deck '" + deck + "': " + std::strerror(m_deck.error));
   }
-  ::close(descriptor);
+}
+
+cow_List<aio_FileRead> drv_Job::FilesRead() const
+{
+  cow_List<aio_FileRead> files;
+  files.Append(m_deck);
+  files.Concatenate(m_model.readerFacts.filesRead);
+  files.Concatenate(m_model.expansionFacts.filesRead);
+  return files;
+}
+
+std::string drv_Job::ShownPath(aio_FileRead const& file) const
+{
+  return m_reporter.ShownPath(std::string(file.path.View()));
+}
+
+void drv_Job::SpareInputs(drv_Output const& output) const
+{
+  for (aio_FileRead const& file : FilesRead())
+  {
+    output.SpareInput(file.id, ShownPath(file));
+  }
+}
+
+/// A part of the input is no model: nothing is to be made of it.
+void drv_Job::RefusePartOfInput() const
+{
+  if (m_model.readerFacts.keywordsLost > 0 || m_model.expansionFacts.keywordsLost > 0)
+  {
+    throw std::bad_alloc();
+  }
+  for (aio_FileRead const& file : FilesRead())
+  {
+    if (file.error != 0)
+    {
+      throw drv_Failure("cannot read '" + ShownPath(file) +
+                        "' to its end: " + std::strerror(file.error));
+    }
+    if (file.changed)
+    {
+      throw drv_Failure("'" + ShownPath(file) + "' was changed while it was read; run again");
+    }
+  }
 }
 
 void drv_Job::SetUp()

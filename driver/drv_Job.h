@@ -15,9 +15,12 @@ class drv_Job
 public:
   explicit drv_Job(drv_Options const& options);
 
+  /// Raises drv_Failure for a deck that cannot be read. To be called ahead of Run.
+  void CheckReadable();
+
   /// Runs the stages; their messages are shown as they come. False when a fault of the deck ended
-  /// the run before its end, so that there is nothing to write. Raises drv_Failure for a deck that
-  /// cannot be read.
+  /// the run before its end, so that there is nothing to write. Raises drv_Failure when a file could
+  /// not be read to its end, and std::bad_alloc when keywords were lost for want of memory.
   bool Run();
 
   /// Never destroyed: giving back a large model piece by piece takes longer than ending the process.
@@ -30,6 +33,8 @@ public:
   /// The job came to where the maps of a flat model would be made.
   bool LacksFlatRoad() const { return m_lacksFlatRoad; }
   bool FoundErrors() const;
+  /// Raises drv_Failure when the output is the deck or a file that the stages have read for it.
+  void SpareInputs(class drv_Output const& output) const;
 
   /// A line a stage: seconds, and megabytes (10^6 bytes) of the deck a second; then a total, and
   /// the peak of memory.
@@ -43,7 +48,9 @@ private:
   };
 
   void SetUp();
-  void CheckReadable() const;
+  cow_List<aio_FileRead> FilesRead() const;
+  std::string ShownPath(aio_FileRead const& file) const;
+  void RefusePartOfInput() const;
   bool RunStep(char const* step, drv_stageEnm stage, void (*run)(drv_Job& job));
   bool EndedBy(class atr_String const& words, drv_stageEnm stage) const;
   void WarnOfSkippedLines() const;
@@ -74,6 +81,7 @@ private:
   drv_Options const& m_options;
   drv_Reporter m_reporter;
   inp_InputFile& m_model;
+  aio_FileRead m_deck;
   std::vector<Time> m_times;
   bool m_hasMaps = false;
   bool m_lacksFlatRoad = false;

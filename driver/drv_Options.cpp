@@ -229,7 +229,8 @@ void Reader::AddOutput(CLI::App* command)
     ->add_option(
       "-o,--output", m_options.outputFile,
       "write to this file, which appears whole or not at\nall; '-' and no -o mean standard output")
-    ->option_text("FILE");
+    ->option_text("FILE")
+    ->check([](std::string const& name) { return name.empty() ? "the name is empty" : ""; }, "");
 }
 
 void Reader::AddLanguage()

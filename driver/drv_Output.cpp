@@ -3,35 +3,43 @@
 #include "drv_Exit.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <filesystem>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
-
-namespace
-{
-
-mode_t FileCreationMode()
-{
-  mode_t const mask = ::umask(0);
-  ::umask(mask);
-  return 0666 & ~mask;
-}
-
-} // namespace
+#include <utility>
 
 drv_Output::drv_Output(std::string const& path) : m_path(path)
 {
+  try
+  {
+    Open();
+  }
+  catch (std::system_error const& fault)
+  {
+    Fail(fault.code().value());
+  }
+}
+
+drv_Output::~drv_Output()
+{
+  if (!m_file.has_value() && m_descriptor > STDERR_FILENO)
+  {
+    ::close(m_descriptor);
+  }
+}
+
+void drv_Output::Open()
+{
   struct stat status = {};
-  if (path.empty())
+  if (m_path.empty())
   {
     m_descriptor = STDOUT_FILENO;
   }
-  else if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+  else if (::stat(m_path.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
   {
-    m_descriptor = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    m_descriptor = ::open(m_path.c_str(), O_WRONLY | O_CLOEXEC);
     if (m_descriptor < 0)
     {
       Fail(errno);
@@ -39,46 +47,27 @@ drv_Output::drv_Output(std::string const& path) : m_path(path)
   }
   else
   {
-    OpenBeside();
+    m_file.emplace(m_path);
+    m_descriptor = m_file->Descriptor();
   }
 }
 
-drv_Output::~drv_Output()
+aio_FileId drv_Output::Target() const
 {
-  if (m_descriptor > STDERR_FILENO)
+  if (m_file.has_value())
   {
-    ::close(m_descriptor);
+    return m_file->Replaced();
   }
-  if (!m_temporary.empty())
-  {
-    ::unlink(m_temporary.c_str());
-    drv_NoteUnfinishedFile("");
-  }
-}
-
-/// A link stays a link: what it leads to is replaced. So do the permissions of an earlier file.
-void drv_Output::OpenBeside()
-{
-  std::error_code ignored;
-  std::filesystem::path const real = std::filesystem::canonical(m_path, ignored);
-  m_target = real.empty() ? m_path : real.string();
   struct stat status = {};
-  bool const exists = ::stat(m_target.c_str(), &status) == 0;
-  if (exists && ::access(m_target.c_str(), W_OK) != 0)
+  bool const isOpen = ::fstat(m_descriptor, &status) == 0;
+  return isOpen ? aio_FileId{status.st_dev, status.st_ino} : aio_FileId();
+}
+
+void drv_Output::SpareInput(aio_FileId const& input, std::string const& shownPath) const
+{
+  if (input.inode != 0 && input == Target())
   {
-    Fail(errno);
-  }
-  std::string name = m_target + ".XXXXXX";
-  m_descriptor = ::mkostemp(name.data(), O_CLOEXEC);
-  if (m_descriptor < 0)
-  {
-    Fail(errno);
-  }
-  m_temporary = name;
-  drv_NoteUnfinishedFile(m_temporary.c_str());
-  if (::fchmod(m_descriptor, exists ? status.st_mode & 07777 : FileCreationMode()) != 0)
-  {
-    Fail(errno);
+    Fail("it is the input file '" + shownPath + "'");
   }
 }
 
@@ -103,39 +92,38 @@ void drv_Output::WriteOut()
 void drv_Output::Finish()
 {
   WriteOut();
-  if (m_descriptor == STDOUT_FILENO)
+  if (!m_file.has_value())
   {
-    return;
-  }
-  int const descriptor = m_descriptor;
-  m_descriptor = -1;
-  if (::close(descriptor) != 0)
-  {
-    Fail(errno);
-  }
-  if (!m_temporary.empty())
-  {
-    if (::rename(m_temporary.c_str(), m_target.c_str()) != 0)
+    bool const isOurs = m_descriptor != STDOUT_FILENO;
+    if (isOurs && ::close(std::exchange(m_descriptor, -1)) != 0)
     {
       Fail(errno);
     }
-    m_temporary.clear();
-    drv_NoteUnfinishedFile("");
+    return;
+  }
+  try
+  {
+    m_file->Appear();
+  }
+  catch (std::system_error const& fault)
+  {
+    Fail(fault.code().value());
   }
 }
 
 void drv_Output::Fail(int error) const
 {
-  if (!m_temporary.empty())
-  {
-    ::unlink(m_temporary.c_str()); // the constructor may be at work, whose object is not destroyed
-  }
   if (error == EPIPE)
   {
     throw drv_PipeClosed();
   }
+  Fail(std::strerror(error));
+}
+
+void drv_Output::Fail(std::string const& words) const
+{
   std::string const target = m_path.empty() ? "standard output" : "'" + m_path + "'";
-  throw drv_Failure("cannot write to " + target + ": " + std::strerror(error));
+  throw drv_Failure("cannot write to " + target + ": " + words);
 }
 
 std::streamsize drv_OutputStreambuf::xsputn(char const* text, std::streamsize count)

@@ -1,16 +1,18 @@
 #pragma once
 
+#include "drv_NewFile.h"
 #include "srv_TextOutput.h"
 
+#include <optional>
 #include <streambuf>
 #include <string>
 #include <string_view>
 
 /// Where results go: standard output, or a file that appears whole or not at all.
 ///
-/// A file is written under a name of its own beside the one wanted, and gets that name at Finish; an
-/// output that is destroyed without Finish leaves nothing behind. A name that exists and is no
-/// regular file, such as a device, is written to directly.
+/// What stands in the way of the file is found when the output is made, not when it is written. A name
+/// that exists and is no regular file, such as a device, is written to directly. An output that is
+/// destroyed without Finish leaves nothing behind.
 ///
 /// Every operation raises drv_Failure when something cannot be written, and drv_PipeClosed when the
 /// reader of a pipe has gone.
@@ -21,16 +23,19 @@ public:
   explicit drv_Output(std::string const& path);
   ~drv_Output() override;
 
+  /// To be called for each file that is read: raises drv_Failure when the output is that file.
+  void SpareInput(aio_FileId const& input, std::string const& shownPath) const;
   void Finish();
 
 private:
-  void OpenBeside();
+  void Open();
+  aio_FileId Target() const;
   void WriteOut() override;
   [[noreturn]] void Fail(int error) const;
+  [[noreturn]] void Fail(std::string const& words) const;
 
   std::string m_path; ///< as given, for messages
-  std::string m_target;
-  std::string m_temporary; ///< empty unless there is an unfinished file
+  std::optional<drv_NewFile> m_file;
   int m_descriptor = -1;
 };
 

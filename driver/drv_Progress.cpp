@@ -1,5 +1,6 @@
 #include "drv_Progress.h"
 
+#include "drv_CrashBarrier.h"
 #include "srv_Utf8.h"
 
 #include <system_error>
@@ -83,6 +84,7 @@ void drv_Progress::Show()
   WriteToTerminal(c_clearLine + m_deck + ": " + m_step + ", " + std::to_string(seconds.count()) +
                   " s");
   m_isShown = true;
+  drv_TheCrashContext().hasLineDrawn = true;
 }
 
 void drv_Progress::Hide()
@@ -91,5 +93,6 @@ void drv_Progress::Hide()
   {
     WriteToTerminal(c_clearLine);
     m_isShown = false;
+    drv_TheCrashContext().hasLineDrawn = false;
   }
 }

@@ -26,12 +26,14 @@ public:
 
   void Message(wip_Message const& message) override;
 
+  /// The name by which a file is shown.
+  std::string ShownPath(std::string const& file) const;
+
 private:
   std::string AsText(wip_Message const& message);
   std::string AsJson(wip_Message const& message) const;
   std::string DeckLine(std::string const& file, int line, std::string const& hint);
   std::string Painted(char const* color, std::string const& text) const;
-  std::string ShownPath(std::string const& file) const;
 
   drv_Options const& m_options;
   drv_stageEnm m_stage = drv_parse;

@@ -35,9 +35,8 @@ void WriteListing(drv_Job& job, drv_Output& output)
   listing.Flush();
 }
 
-void WriteResult(drv_Options const& options, drv_Job& job)
+void WriteResult(drv_Options const& options, drv_Job& job, drv_Output& output)
 {
-  drv_Output output(options.outputFile);
   switch (options.command)
   {
   case drv_check:
@@ -59,13 +58,18 @@ void WriteResult(drv_Options const& options, drv_Job& job)
   output.Finish();
 }
 
+/// The output is there before the work begins: what stands in its way comes up at once.
 drv_statusEnm WorkOnDeck(drv_Options const& options)
 {
   drv_Job job(options);
+  job.CheckReadable();
+  drv_Output output(options.outputFile);
+  job.SpareInputs(output);
   bool const isComplete = job.Run();
   if (isComplete || options.command == drv_check)
   {
-    WriteResult(options, job);
+    job.SpareInputs(output);
+    WriteResult(options, job, output);
   }
   if (options.timings)
   {
@@ -120,9 +124,11 @@ drv_statusEnm Run(int argc, char** argv)
 
 } // namespace
 
+/// Before statics are made: memory may end there already.
+[[gnu::constructor(101)]] static void BeSafe() { drv_RaiseCrashBarrier(); }
+
 int main(int argc, char** argv)
 {
-  drv_RaiseCrashBarrier();
   try
   {
     return Run(argc, argv);

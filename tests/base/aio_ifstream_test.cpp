@@ -1,6 +1,8 @@
 #include "aio_ifstream.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <functional>
 #include <random>
 #include <string>
 #include <vector>
@@ -104,6 +106,45 @@ TEST(aio_ifstream, ReadsBytesAsTheyStandButForTheseExceptions)
     EXPECT_EQ(file.HasNulBytes(), c.hasNul);
     EXPECT_EQ(file.BytesRead(), static_cast<long long>(c.text.size()));
   }
+}
+
+TEST(aio_ifstream, TellsWhenSomebodyWritesToTheFileMeanwhile)
+{
+  DeckFiles files;
+  std::string const line(99, 'x');
+  std::string text;
+  for (int i = 0; i < 2000; ++i)
+    text += line + "\n";
+  std::pair<char const*, std::function<void(std::string const&)>> const cases[] = {
+    {"", [](std::string const&) {}},
+    {"it shrinks", [](std::string const& path) { std::filesystem::resize_file(path, 70000); }},
+    {"it grows", [](std::string const& path) { std::ofstream(path, std::ios::app) << "y\n"; }},
+    {"it is written anew", [&](std::string const& path) { std::ofstream(path) << text; }},
+  };
+  aio_ifstream file;
+  for (auto const& [what, act] : cases)
+  {
+    std::string const path = files.Path("f");
+    files.Write("f", text);
+    // As old as files are that were not written to just now: its time is sure to change.
+    std::filesystem::last_write_time(path, std::filesystem::file_time_type());
+    ASSERT_EQ(file.Open(path.c_str()), aio_ifstream::aio_opened);
+    ASSERT_TRUE(file.ReadLine(256));
+    act(path);
+    EXPECT_FALSE(file.HasChanged());
+    while (file.ReadLine(256))
+      EXPECT_GT(file.LineLength(), 0) << what;
+    EXPECT_EQ(file.HasChanged(), what[0] != '\0') << what;
+    EXPECT_FALSE(file.Failed()) << what;
+    aio_FileRead const outcome = file.Outcome("f");
+    EXPECT_EQ(outcome.IsWhole(), what[0] == '\0') << what;
+    struct stat status = {};
+    ::stat(path.c_str(), &status);
+    EXPECT_EQ(outcome.id, (aio_FileId{status.st_dev, status.st_ino}));
+  }
+  EXPECT_EQ(file.Open(files.Path("absent").c_str()), aio_ifstream::aio_missing);
+  EXPECT_EQ(file.Outcome("absent").error, ENOENT);
+  EXPECT_EQ(file.Outcome("absent").id, aio_FileId());
 }
 
 TEST(aio_ifstream, OpensRegularFilesOnly)

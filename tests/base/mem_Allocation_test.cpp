@@ -3,11 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
 #include <limits>
 #include <new>
 #include <random>
 #include <set>
+#include <sys/resource.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace
@@ -235,26 +240,112 @@ namespace
 struct LateUser
 {
   void* block = nullptr;
+  void** again = nullptr;
   ~LateUser()
   {
     mem_Free(block);
-    mem_Free(mem_Malloc(80));
+    *again = mem_Malloc(80);
+    std::memset(*again, 1, 80);
+    mem_Free(*again);
   }
 };
 } // namespace
 
+// What comes back so late goes to the others at once, and is the first that they take.
 TEST(mem_Allocation, ServesDestructorsThatRunAfterTheHandOver)
 {
+  void* block = nullptr;
+  void* again = nullptr;
   std::thread(
-    []
+    [&]
     {
       static thread_local LateUser user; // made before the allocator's own, so destroyed after it
-      user.block = mem_Malloc(80);
+      user.again = &again;
+      user.block = block = mem_Malloc(80);
     })
     .join();
-  void* const block = mem_Malloc(80);
-  std::memset(block, 1, 80);
-  mem_Free(block);
+  EXPECT_EQ(again, block);
+  void* next = nullptr;
+  std::thread([&] { mem_Free(next = mem_Malloc(80)); }).join();
+  EXPECT_EQ(next, block);
+}
+
+namespace
+{
+std::size_t AddressSpace()
+{
+  std::size_t pages = 0;
+  std::ifstream("/proc/self/statm") >> pages;
+  return pages * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+}
+
+void LimitAddressSpace(std::size_t size)
+{
+  rlimit limit{};
+  ::getrlimit(RLIMIT_AS, &limit);
+  limit.rlim_cur = size;
+  ::setrlimit(RLIMIT_AS, &limit);
+}
+
+// Blocks until there are no more.
+std::vector<void*>& Drain(std::vector<void*>& blocks, std::size_t size, Taking taking)
+{
+  while (void* const block = taking(size))
+    blocks.push_back(block);
+  return blocks;
+}
+
+// Without memory of its own.
+bool Holds(bool condition, char const* words)
+{
+  if (!condition)
+    std::fputs(words, stderr);
+  return condition;
+}
+
+// To be called in a process of its own, which is left with no memory.
+bool StandsExhaustion()
+{
+  constexpr std::size_t room = std::size_t{3} << 20;
+  std::vector<void*> blocks;
+  blocks.reserve(1000000);
+  std::vector<void*> inOrder;
+  inOrder.reserve(100000);
+  std::vector<void*> many; // as many as make the next chunk as large as chunks become
+  many.reserve(100000);
+  for (int i = 0; i < 100000; ++i)
+    many.push_back(mem_Malloc(1000));
+  std::size_t const size = AddressSpace();
+  LimitAddressSpace(size);
+  Drain(blocks, 1000, mem_Malloc);
+  LimitAddressSpace(size + room);
+  std::size_t const before = blocks.size();
+  bool holds = Holds(Drain(blocks, 1000, mem_Malloc).size() - before > room * 2 / 3 / 1024,
+                     "what is too small for a chunk is used\n");
+  Block const block{static_cast<unsigned char*>(blocks.back()), 1000, 5};
+  std::memset(block.bytes, 5, 1000);
+  holds &= Holds(Drain(inOrder, 1000, mem_MallocInOrder).size() < 100, "none in order is left\n");
+  for (std::size_t const wide : {30000, 60000, 5000000})
+    holds &= Holds(mem_Malloc(wide) == nullptr, "no wide block is left\n");
+  holds &= Holds(mem_Realloc(block.bytes, 5000) == nullptr && HoldsItsMark(block),
+                 "a block that cannot grow is left alone\n");
+  try
+  {
+    mem_OperatorNewThrow(1000);
+    holds = Holds(false, "something is raised\n");
+  }
+  catch (std::bad_alloc const&)
+  {
+  }
+  mem_Free(block.bytes);
+  return holds & Holds(mem_Malloc(1000) == block.bytes, "a block that came back serves again\n");
+}
+} // namespace
+
+TEST(mem_Allocation, AnExhaustedPoolGivesNullUntilSomethingComesBack)
+{
+  testing::FLAGS_gtest_death_test_style = "threadsafe";
+  EXPECT_EXIT(std::_Exit(StandsExhaustion() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 #endif
 

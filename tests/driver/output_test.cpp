@@ -85,21 +85,33 @@ TEST_F(Output, PrintGivesDeckTextThatPrintsTheSame)
   EXPECT_EQ(Run({"print", "--stage", "parse", "again.inp"}).out, run.out);
 }
 
-TEST_F(Output, AFileAppearsWholeAndKeepsItsPermissions)
+TEST_F(Output, ALinkStaysALinkAndADeviceADevice)
 {
   files.Write("deck.inp", "*HEADING\nNEW\n");
   files.Write("out", "old");
-  ::chmod(files.Path("out").c_str(), 0640);
   std::filesystem::create_symlink("out", files.Path("link"));
   EXPECT_EQ(Run({"print", "deck.inp", "--output", "link"}), (ProgramRun{0, "", ""}));
   EXPECT_EQ(Read("out"), "*heading\nNEW\n");
   EXPECT_TRUE(std::filesystem::is_symlink(files.Path("link")));
-  struct stat status = {};
-  ::stat(files.Path("out").c_str(), &status);
-  EXPECT_EQ(status.st_mode & 0777, 0640u);
   EXPECT_EQ(Run({"print", "deck.inp", "-o", "/dev/null"}).status, 0);
   EXPECT_EQ(Run({"print", "deck.inp", "-o", "-"}), (ProgramRun{0, "*heading\nNEW\n", ""}));
   EXPECT_FALSE(std::filesystem::exists(files.Path("-")));
+}
+
+// The deck has a fault, of which a run would tell.
+TEST_F(Output, APlaceThatMayNotBeWrittenToIsFoundBeforeTheRun)
+{
+  files.Write("deck.inp", "*NODEE\n");
+  files.Write("out", "old");
+  files.Write("folder/out", "old");
+  std::filesystem::create_symlink("folder/new", files.Path("link"));
+  ::chmod(files.Path("out").c_str(), 0400);
+  ::chmod(files.Path("folder").c_str(), 0500);
+  for (std::string const name : {"out", "folder/out", "folder/new", "link"})
+    EXPECT_EQ(
+      InFolder().BoundByPermissions().Run({"print", "deck.inp", "-o", name}),
+      (ProgramRun{2, "", "inpdeck: error: cannot write to '" + name + "': Permission denied\n"}));
+  ::chmod(files.Path("folder").c_str(), 0700);
 }
 
 TEST_F(Output, AFileThatCannotBeFinishedLeavesTheOldOne)

@@ -313,7 +313,7 @@ TEST(inp_ExpansionHandlers, StepsGoOnFromWhereTheDriverOrARestartSays)
      ""},
     {"none but integers", "*RESTART, READ, STEP=two, INC=1.5, END STEP=x\n*STEP\n", "Step-5",
      "1 error: step parameter must be an integer\n1 error: inc parameter must be an integer\n"},
-    {"the largest number", "*RESTART, READ, STEP=99999999999\n*STEP\n*STEP, NAME=Step-2147483648\n",
+    {"the largest number", "*RESTART, READ, STEP=2147483647\n*STEP\n*STEP, NAME=Step-2147483648\n",
      "2147483648-Duplicate-Step-2147483648",
      "3 fatal: Step with the name \"Step-2147483648\" has already been defined.\n"},
   };

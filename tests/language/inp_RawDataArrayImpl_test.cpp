@@ -118,6 +118,25 @@ TEST(inp_RawDataArrayImpl, DividesAnyLineAsAPlainSplitDoes)
   EXPECT_EQ(Listing(*copy), Listing(rows));
 }
 
+TEST(inp_RawDataArrayImpl, TakesRowsAgainWhenItHasBeenCleared)
+{
+  char const line[32] = "2, b";
+  inp_RawDataArrayImpl rows;
+  for (int times = 0; times < 3; ++times)
+  {
+    std::string listing;
+    for (int i = 0; i < 25; ++i) // more than there is room for at first
+    {
+      rows.Append("1,a");
+      rows.AppendLine(line, 4);
+      listing += "1|a\n2|b\n";
+    }
+    EXPECT_EQ(Listing(rows), listing);
+    rows.Clear();
+    EXPECT_EQ(rows.Rows(), 0);
+  }
+}
+
 TEST(inp_RawDataArrayImpl, TellsTheTypeOfACellByItsCharacters)
 {
   struct

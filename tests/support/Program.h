@@ -6,8 +6,10 @@
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
+#include <linux/capability.h>
 #include <optional>
 #include <string>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
@@ -52,6 +54,12 @@ public:
   {
     m_resource = resource;
     m_limit = value;
+    return *this;
+  }
+  /// A program of the superuser obeys the permissions of files as others must.
+  Program& BoundByPermissions()
+  {
+    m_isBound = true;
     return *this;
   }
   Program& Environment(std::string const& name, std::string const& value)
@@ -107,6 +115,9 @@ private:
     int const err = ::open(ErrFile().c_str(), flags, 0600);
     ::dup2(err, STDERR_FILENO);
     out < 0 ? ::close(STDOUT_FILENO) : ::dup2(out, STDOUT_FILENO);
+    if (m_isBound && ::geteuid() == 0)
+      for (int const privilege : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH})
+        ::prctl(PR_CAPBSET_DROP, privilege);
     rlimit const limit{m_limit, m_limit};
     bool const isSet = m_resource < 0 || ::setrlimit(m_resource, &limit) == 0;
     if (isSet && ::chdir(m_folder.c_str()) == 0)
@@ -120,5 +131,6 @@ private:
   std::optional<int> m_outputDescriptor;
   int m_resource = -1;
   rlim_t m_limit = 0;
+  bool m_isBound = false;
   std::vector<std::pair<std::string, std::string>> m_environment;
 };

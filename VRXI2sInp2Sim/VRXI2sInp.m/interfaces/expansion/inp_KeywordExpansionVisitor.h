@@ -1,5 +1,6 @@
 #pragma once
 
+#include "aio_FileRead.h"
 #include "cow_List.h"
 #include "cow_Map.h"
 #include "cow_String.h"
@@ -8,6 +9,8 @@
 #include "inp_Visitor.h"
 
 #include <unordered_set>
+
+class aio_ifstream;
 
 /// Checks and completes every keyword of a flat list, in deck order.
 ///
@@ -55,6 +58,10 @@ public:
   cow_List<cow_String> const& GetIncludedFiles() const { return includedFiles; }
   /// File names without directory, each once.
   cow_List<cow_String> const& GetMissingIncludedFiles() const { return missingIncludedFiles; }
+  /// Data files and decks, one for each time that it was read.
+  cow_List<aio_FileRead> const& GetFilesRead() const { return filesRead; }
+  /// Keywords of manifests for which there was not enough memory.
+  int NumberKeywordsLost() const { return keywordsLost; }
   inpM_InstanceMap<cow_String> const& ConstGetInstancePartNames() const
   {
     return instancePartNames;
@@ -135,6 +142,7 @@ private:
   void NoteMissing(cow_List<cow_String> const& names);
   bool ReadDataLines(cow_String const& path, cow_String const& file, inp_Keyword& keyword);
   static void CleanRows(inp_Keyword& keyword);
+  bool AppendDataLines(aio_ifstream& stream, cow_String const& file, inp_Keyword& keyword);
   bool ParseManifest(cow_String const& path, inp_Keyword const& keyword,
                      cow_List<inp_Keyword>& keywords);
   void TakeOver(inp_KeywordExpansionVisitor const& nested);
@@ -192,6 +200,8 @@ private:
   inpM_InstanceMap<cow_String> instancePartNames;
   cow_List<cow_String> missingIncludedFiles;
   NameSet missingNames; ///< those of missingIncludedFiles
+  cow_List<aio_FileRead> filesRead;
+  int keywordsLost = 0;
   cow_List<inp_Keyword> manifestKeywords;
 };
 

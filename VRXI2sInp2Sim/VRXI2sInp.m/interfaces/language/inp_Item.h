@@ -27,8 +27,7 @@ public:
     return m_type == inp_Types::inp_BOOLEAN || m_type == inp_Types::inp_NONE;
   }
 
-  /// Raises inp_KeywordException unless the item is an integer. Integers beyond an int's range are
-  /// the nearest int.
+  /// Raises inp_KeywordException unless the item is an integer.
   int AsInt() const;
   /// Raises inp_KeywordException unless the item is a number.
   double AsDouble() const;

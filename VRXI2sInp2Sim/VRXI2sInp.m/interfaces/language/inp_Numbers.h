@@ -9,6 +9,9 @@
 /// Numbers beyond the range of an int become INT_MAX or INT_MIN.
 int inp_TextToInt(char const* text);
 
+/// The number with which the text begins is within the range of an int; so is none.
+bool inp_FitsInt(char const* text);
+
 /// Numbers beyond the range of a double become infinite or 0. `*end`, when asked for, is the first
 /// character that was not read; it is `text` itself when nothing was.
 double inp_TextToDouble(char const* text, char const** end = nullptr);

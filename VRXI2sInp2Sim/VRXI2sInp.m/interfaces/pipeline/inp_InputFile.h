@@ -1,5 +1,6 @@
 #pragma once
 
+#include "aio_FileRead.h"
 #include "cow_List.h"
 #include "cow_String.h"
 #include "gsl_Matrix.h"
@@ -12,6 +13,7 @@
 #include "inp_ModelParameters.h"
 
 class eli_eostream;
+class inp_KeywordExpansionVisitor;
 
 /// One model deck on its way from text to a model. The object owns the keyword list and everything
 /// that the stages derive from it; a driver calls the stages, in this order:
@@ -125,18 +127,23 @@ public:
     int skippedDataLines = 0; ///< data lines above the first keyword
     int firstSkippedLine = 0;
     long long bytesRead = 0;
+    cow_List<aio_FileRead> filesRead; ///< the deck and its include files, once for each reading
+    int keywordsLost = 0;             ///< there was not enough memory for them
   };
   ReaderFacts readerFacts;
 
-  /// Data files and manifests that ExpandKeywords met, likewise.
+  /// Data files and manifests that ExpandKeywords met, likewise, also when it raises.
   struct ExpansionFacts
   {
     cow_List<cow_String> includedFiles;
     cow_List<cow_String> missingIncludeFiles;
+    cow_List<aio_FileRead> filesRead;
+    int keywordsLost = 0;
   };
   ExpansionFacts expansionFacts;
 
 private:
+  void VisitAndReport(inp_KeywordExpansionVisitor& visitor);
   void DiscardEmptyKeywords();
   /// The flat list becomes a hierarchy; see inp_OrganizerVisitor.
   void Reorganize();

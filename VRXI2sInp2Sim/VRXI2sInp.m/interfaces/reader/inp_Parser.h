@@ -58,6 +58,10 @@ public:
   int FirstSkippedLine() const { return m_firstSkippedLine; }
   /// Bytes read from this file and those below.
   long long TotalBytes() const { return m_totalBytes; }
+  /// This file and those below, one for each time that it was read.
+  cow_List<aio_FileRead> const& FilesRead() const { return m_filesRead; }
+  /// Keywords of this file and those below for which there was not enough memory.
+  int KeywordsLost() const { return m_keywordsLost; }
 
 private:
   char* Readline();
@@ -72,6 +76,7 @@ private:
   bool IsOutsideLimits() const;
 
   void OpenFile();
+  void ReportFile();
   void ParseKeywords(bool strict);
   void ParseOneKeyword(bool strict);
   cow_String AppendContinuationLines(char const* line, bool strict);
@@ -82,14 +87,19 @@ private:
   void ParseParameters(inp_Keyword& keyword, cow_String const& text, bool strict);
   void ParseParameter(inp_Keyword const& keyword, cow_String const& piece,
                       cow_Map<cow_String, inp_Item>& parameters, bool strict);
+  inp_Item ParseValue(inp_Keyword const& keyword, cow_String const& name, cow_String const& value,
+                      bool strict);
   static cow_List<cow_String> Split(cow_String const& text);
   void ReadData(inp_Keyword& keyword);
   bool RefusesLine(inp_Keyword const& keyword, char const* line, bool isText);
   void SkipToNextKeyword(bool collect);
+  void NoteLostKeyword();
+  void ReportLostKeywords();
   cow_List<cow_String> SkippedDataLines() const;
 
   cow_List<inp_Keyword> IncludeFile(inp_Keyword const& includeKeyword, bool strict);
   cow_String FindIncludeFile(cow_String const& name);
+  cow_List<inp_Keyword> ParseChild(inp_Parser& child, bool strict);
   void ReadLineRange(inp_Keyword const& includeKeyword, int& startLine, int& endLine);
   void MergeFrom(inp_Parser const& child);
   void TakeUpSkippedLines(inp_Parser& child);
@@ -102,6 +112,7 @@ private:
   void saveError(atr_String const& message);
   void saveFatalError(atr_String const& message);
   void SaveWarning(atr_String const& message, int line);
+  atr_String AtLine(atr_String message, int line) const;
   /// The message with the place of the keyword at hand, unless it has one.
   atr_String Placed(atr_String message) const;
 
@@ -134,6 +145,11 @@ private:
   int m_keywordLine = 0;    ///< first line of the keyword at hand
   cow_String m_keywordName; ///< its full name, once known
   int m_firstSkippedLine = 0;
-  int m_memoryFailures = 0;
+  int m_memoryFailures = 0; ///< keywords of this file that were lost to them
+  int m_firstLostLine = 0;
+  cow_String m_firstLostName;
+  int m_keywordsLost = 0;
+  int m_includeLevel = 0; ///< 0: the top file
+  cow_List<aio_FileRead> m_filesRead;
   long long m_totalBytes = 0;
 };

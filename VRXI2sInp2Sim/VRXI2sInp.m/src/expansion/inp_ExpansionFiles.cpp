@@ -153,11 +153,19 @@ bool inp_KeywordExpansionVisitor::ReadDataLines(cow_String const& path, cow_Stri
                                                 inp_Keyword& keyword)
 {
   aio_ifstream stream;
-  if (stream.Open(path.CStr()) != aio_ifstream::aio_opened)
+  bool const isOpened = stream.Open(path.CStr()) == aio_ifstream::aio_opened;
+  if (!isOpened)
   {
     Say(inp_msgInputFileNotReadable, keyword, file);
-    return false;
   }
+  bool const isRead = isOpened && AppendDataLines(stream, file, keyword);
+  filesRead.Append(stream.Outcome(path));
+  return isRead;
+}
+
+bool inp_KeywordExpansionVisitor::AppendDataLines(aio_ifstream& stream, cow_String const& file,
+                                                  inp_Keyword& keyword)
+{
   inp_RawDataArrayImpl* const rows = dynamic_cast<inp_RawDataArrayImpl*>(&keyword.data.Impl());
   int lineNumber = 0;
   bool lastIsEmpty = false;
@@ -195,6 +203,10 @@ bool inp_KeywordExpansionVisitor::ReadDataLines(cow_String const& path, cow_Stri
   if (stream.Failed())
   {
     Say(inp_msgDataFileReadFailed, keyword, file, lineNumber);
+  }
+  if (stream.HasChanged())
+  {
+    Say(inp_msgDataFileChanged, keyword, file);
   }
   // An empty line that ends the file is its end and no row.
   if (lastIsEmpty && rows != nullptr)
@@ -303,6 +315,7 @@ bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyw
   catch (nex_AtrException const& fault)
   {
     m_fatalErrorList.Append(inp_Utils::MessageInKeyword(keyword, fault.UserReport()));
+    filesRead.Concatenate(parser.FilesRead());
     return false;
   }
   includedFiles.Concatenate(parser.GetIncludedFiles());
@@ -310,6 +323,8 @@ bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyw
   m_warningList.Concatenate(parser.GetWarnings());
   m_errorList.Concatenate(parser.GetErrors());
   m_fatalErrorList.Concatenate(parser.GetFatalErrors());
+  filesRead.Concatenate(parser.FilesRead());
+  keywordsLost += parser.KeywordsLost();
   return true;
 }
 
@@ -317,6 +332,7 @@ bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyw
 void inp_KeywordExpansionVisitor::TakeOver(inp_KeywordExpansionVisitor const& nested)
 {
   includedFiles.Concatenate(nested.includedFiles);
+  filesRead.Concatenate(nested.filesRead);
   NoteMissing(nested.missingIncludedFiles);
   m_warningList.Concatenate(nested.m_warningList);
   m_errorList.Concatenate(nested.m_errorList);

@@ -42,12 +42,13 @@ inp_Item::inp_Item(cow_String const& text)
     return;
   }
   std::string_view const view(trimmed.CStr(), static_cast<std::size_t>(trimmed.Length()));
-  if (inp_Types::IsInteger(view))
+  bool const isWhole = inp_Types::IsInteger(view);
+  if (isWhole && inp_FitsInt(trimmed.CStr()))
   {
     m_type = inp_Types::inp_INTEGER;
     m_integer = inp_TextToInt(trimmed.CStr());
   }
-  else if (inp_Types::IsSetName(view) || inp_Types::IsScopedID(view))
+  else if (isWhole || inp_Types::IsSetName(view) || inp_Types::IsScopedID(view))
   {
     m_type = inp_Types::inp_STRING;
     m_text = trimmed;

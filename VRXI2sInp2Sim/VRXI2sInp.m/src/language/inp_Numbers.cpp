@@ -1,5 +1,6 @@
 #include "inp_Numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <climits>
 #include <cstdlib>
@@ -72,11 +73,8 @@ char const* ReadPlainDecimal(char const* at, double& value)
   return at;
 }
 
-bool IsHexadecimal(char const* digits) { return digits[0] == '0' && (digits[1] | 0x20) == 'x'; }
-
-} // namespace
-
-int inp_TextToInt(char const* text)
+/// Of a number with more digits than an int may have, the first ones.
+long long ReadWhole(char const* text)
 {
   text = SkipWhiteSpace(text);
   bool const negative = *text == '-';
@@ -85,18 +83,29 @@ int inp_TextToInt(char const* text)
     ++text;
   }
   long long value = 0;
-  for (; *text >= '0' && *text <= '9'; ++text)
+  for (unsigned digit; (digit = DigitOf(*text)) <= 9; ++text)
   {
     if (value <= INT_MAX)
     {
-      value = 10 * value + (*text - '0');
+      value = 10 * value + digit;
     }
   }
-  if (negative)
-  {
-    return value > INT_MAX ? INT_MIN : static_cast<int>(-value);
-  }
-  return value > INT_MAX ? INT_MAX : static_cast<int>(value);
+  return negative ? -value : value;
+}
+
+bool IsHexadecimal(char const* digits) { return digits[0] == '0' && (digits[1] | 0x20) == 'x'; }
+
+} // namespace
+
+int inp_TextToInt(char const* text)
+{
+  return static_cast<int>(std::clamp<long long>(ReadWhole(text), INT_MIN, INT_MAX));
+}
+
+bool inp_FitsInt(char const* text)
+{
+  long long const value = ReadWhole(text);
+  return value >= INT_MIN && value <= INT_MAX;
 }
 
 double inp_TextToDouble(char const* text, char const** end)

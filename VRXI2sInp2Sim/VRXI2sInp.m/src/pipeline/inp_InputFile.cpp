@@ -1,6 +1,7 @@
 #include "inp_InputFile.h"
 
 #include "VRXBasException.h"
+#include "VRXBasUtlFilePath.h"
 #include "eli_eostream.h"
 #include "inp_DistributionTableDB.h"
 #include "inp_Parser.h"
@@ -14,11 +15,17 @@ void inp_InputFile::Parse(cow_String fileName)
 {
   inputFileName = fileName;
   thr_ThreadSingleton<inp_DistributionTableDB>::Instance().forgetDistTables();
-  inp_Parser parser(fileName, includePath, cow_List<cow_String>(), cow_String(), true, true, false,
-                    0, 0);
+  // Include files are known by their absolute paths, and so is the deck where they might lead back to it.
+  cow_List<cow_String> const chain(VRXBasUtlFilePath(cow_String(), fileName).AbsolutePathName());
+  inp_Parser parser(fileName, includePath, chain, cow_String(), true, true, false, 0, 0);
   keywords = parser.Parse(true);
-  readerFacts = {parser.GetIncludedFiles(), parser.GetMissingIncludeFiles(),
-                 parser.NumberSkippedDataLines(), parser.FirstSkippedLine(), parser.TotalBytes()};
+  readerFacts = {parser.GetIncludedFiles(),
+                 parser.GetMissingIncludeFiles(),
+                 parser.NumberSkippedDataLines(),
+                 parser.FirstSkippedLine(),
+                 parser.TotalBytes(),
+                 parser.FilesRead(),
+                 parser.KeywordsLost()};
 
   wip_WIP& sink = omi_Singleton<wip_WIP>::Instance();
   if (parser.GetFatalErrors().Length() > 0)

@@ -11,25 +11,26 @@
 #include "utl_CommandLine.h"
 #include "wip_WIP.h"
 
-namespace
-{
-
 /// Runs the walk, and sees to it that what it has collected is reported even when it is broken off.
-void VisitAndReport(inp_KeywordExpansionVisitor& visitor, cow_List<inp_Keyword>& keywords)
+void inp_InputFile::VisitAndReport(inp_KeywordExpansionVisitor& visitor)
 {
+  auto const report = [&]
+  {
+    expansionFacts = {visitor.GetIncludedFiles(), visitor.GetMissingIncludedFiles(),
+                      visitor.GetFilesRead(), visitor.NumberKeywordsLost()};
+    visitor.Report();
+  };
   try
   {
     visitor.VisitList(keywords);
   }
   catch (...)
   {
-    visitor.Report();
+    report();
     throw;
   }
-  visitor.Report();
+  report();
 }
-
-} // namespace
 
 void inp_InputFile::ExpandKeywords()
 {
@@ -41,12 +42,11 @@ void inp_InputFile::ExpandKeywords()
   utl_CommandLine const& commandLine = omi_Singleton<utl_CommandLine>::Instance();
   visitor.SetResultsFormatOdb(!commandLine.HasOption("resultsFormat") ||
                               commandLine.Option("resultsFormat") == "odb");
-  VisitAndReport(visitor, keywords);
+  VisitAndReport(visitor);
   featureEnhanced = visitor.FeatureEnhanced();
   instancePartNames = visitor.ConstGetInstancePartNames();
   parameterized = visitor.IsParameterized();
   hasManifest = visitor.HasManifest();
-  expansionFacts = {visitor.GetIncludedFiles(), visitor.GetMissingIncludedFiles()};
 
   bool const rigidSurfaceInExplicit = visitor.IsExplicitJob() && visitor.HasRigidSurfaceKeyword();
   if (rigidSurfaceInExplicit)

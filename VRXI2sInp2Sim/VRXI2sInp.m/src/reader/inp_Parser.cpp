@@ -233,13 +233,10 @@ cow_List<inp_Keyword> inp_Parser::Parse(bool strict)
     m_keywords.Clear();
     m_skippedDataLines.Clear();
   }
-  if (HasNulBytes())
+  ReportFile();
+  if (m_memoryFailures > 0)
   {
-    SaveWarning(atr_Say(inp_msgNulBytes), 0);
-  }
-  if (Failed())
-  {
-    saveError(atr_Say(inp_msgReadFailed, m_lineNumber));
+    ReportLostKeywords();
   }
   timer.Stop();
   if (typ_DebugFlags::GetDebugFlags(c_debugFlag) >= 1)
@@ -262,12 +259,31 @@ void inp_Parser::OpenFile()
   {
     return;
   }
+  m_filesRead.Append(Outcome(m_fileName));
   if (outcome == aio_utf16)
   {
     throw nex_AtrException(Placed(atr_Say(inp_msgFileIsUtf16, m_fileName)));
   }
   std::fprintf(stderr, "inp_Parser ERROR: could not open file: '%s'\n", m_fileName.CStr());
   throw nex_AtrException(Placed(atr_Say(inp_msgCouldNotOpen, m_fileName)));
+}
+
+/// What is to be said of the file as a whole.
+void inp_Parser::ReportFile()
+{
+  m_filesRead.Append(Outcome(m_fileName));
+  if (HasNulBytes())
+  {
+    SaveWarning(atr_Say(inp_msgNulBytes), 0);
+  }
+  if (Failed())
+  {
+    saveError(atr_Say(inp_msgReadFailed, m_lineNumber - 1));
+  }
+  if (HasChanged())
+  {
+    SaveUpToLimit(m_errors, AtLine(atr_Say(inp_msgFileChanged), 0), atr_Say(inp_msgNoMoreErrors));
+  }
 }
 
 void inp_Parser::ParseKeywords(bool strict)
@@ -277,10 +293,25 @@ void inp_Parser::ParseKeywords(bool strict)
   {
     ParseOneKeyword(strict);
   }
-  if (m_memoryFailures > 0)
+}
+
+void inp_Parser::NoteLostKeyword()
+{
+  if (m_memoryFailures == 0)
   {
-    saveFatalError(atr_Say(inp_msgMemoryFailures, cow_String(m_memoryFailures)));
+    m_firstLostLine = m_keywordLine;
+    m_firstLostName = m_keywordName;
   }
+  ++m_memoryFailures;
+  ++m_keywordsLost;
+}
+
+/// At the place of the first of them.
+void inp_Parser::ReportLostKeywords()
+{
+  m_keywordLine = m_firstLostLine;
+  m_keywordName = m_firstLostName;
+  saveFatalError(atr_Say(inp_msgMemoryFailures, cow_String(m_memoryFailures)));
 }
 
 /// The edge at which every fault of a keyword becomes a message.
@@ -329,7 +360,7 @@ void inp_Parser::ParseOneKeyword(bool strict)
   }
   catch (inp_MemoryException const&)
   {
-    ++m_memoryFailures;
+    NoteLostKeyword();
   }
   catch (nex_AtrException const& fault)
   {
@@ -337,7 +368,7 @@ void inp_Parser::ParseOneKeyword(bool strict)
   }
   catch (std::bad_alloc const&)
   {
-    ++m_memoryFailures;
+    NoteLostKeyword();
   }
   catch (...)
   {
@@ -502,11 +533,13 @@ void inp_Parser::ParseParameter(inp_Keyword const& keyword, cow_String const& pi
                                  : atr_Say(inp_msgRepeatedParameterValue, name, value);
     m_warnings.Append(inp_Utils::MessageInKeyword(keyword, message));
   }
-  if (value.Length() == 0)
-  {
-    parameters.Insert(name, inp_Item(true));
-    return;
-  }
+  parameters.Insert(name, value.Length() == 0 ? inp_Item(true)
+                                              : ParseValue(keyword, name, value, strict));
+}
+
+inp_Item inp_Parser::ParseValue(inp_Keyword const& keyword, cow_String const& name,
+                                cow_String const& value, bool strict)
+{
   inp_Item const item(value);
   if (strict && item.Type() == inp_Types::inp_NONE)
   {
@@ -518,7 +551,12 @@ void inp_Parser::ParseParameter(inp_Keyword const& keyword, cow_String const& pi
   {
     throw inp_ParameterException(atr_Say(inp_msgParameterValueTooLong, name, length));
   }
-  parameters.Insert(name, item);
+  if (item.Type() == inp_Types::inp_STRING && inp_Types::IsInteger(item.AsString().View()))
+  {
+    m_warnings.Append(
+      inp_Utils::MessageInKeyword(keyword, atr_Say(inp_msgIntegerOutOfRange, value, name)));
+  }
+  return item;
 }
 
 /// The loop over data lines: what it does to a line that begins no option is the reader's hot path.
@@ -578,13 +616,8 @@ bool inp_Parser::RefusesLine(inp_Keyword const& keyword, char const* line, bool 
   {
     return false;
   }
-  atr_String message =
-    inp_Utils::MessageInKeyword(keyword, atr_Say(inp_msgDataItemTooLong, length));
-  atr_Origin origin = *message.Origin();
-  origin.file = m_fileName;
-  origin.line = m_lineNumber;
-  message.SetOrigin(origin);
-  saveError(message);
+  saveError(AtLine(inp_Utils::MessageInKeyword(keyword, atr_Say(inp_msgDataItemTooLong, length)),
+                   m_lineNumber));
   return true;
 }
 
@@ -618,12 +651,17 @@ void inp_Parser::saveFatalError(atr_String const& message)
 
 void inp_Parser::SaveWarning(atr_String const& message, int line)
 {
-  atr_String placed(message);
+  m_warnings.Append(AtLine(message, line));
+}
+
+/// The message with a line of the file as its place; line 0 is the file as a whole.
+atr_String inp_Parser::AtLine(atr_String message, int line) const
+{
   atr_Origin origin = *message.Origin();
   origin.file = m_fileName;
   origin.line = line;
-  placed.SetOrigin(origin);
-  m_warnings.Append(placed);
+  message.SetOrigin(origin);
+  return message;
 }
 
 /// Encrypted lines need their password; a decoder is not part of this build.

@@ -56,11 +56,26 @@ cow_List<inp_Keyword> inp_Parser::IncludeFile(inp_Keyword const& includeKeyword,
   auto const child = std::make_unique<inp_Parser>(path, m_directoryName, m_includeChain, password,
                                                   m_throwOnDecryptFailure, m_keepData, m_rawSource,
                                                   startLine, endLine);
-  cow_List<inp_Keyword> included = child->Parse(strict);
+  child->m_includeLevel = m_includeLevel + 1;
+  cow_List<inp_Keyword> included = ParseChild(*child, strict);
   MergeFrom(*child);
   TakeUpSkippedLines(*child);
   TakeUpFollowingLines(included);
   return included;
+}
+
+/// A file that could not be read at all is known to have been tried.
+cow_List<inp_Keyword> inp_Parser::ParseChild(inp_Parser& child, bool strict)
+{
+  try
+  {
+    return child.Parse(strict);
+  }
+  catch (nex_AtrException const&)
+  {
+    m_filesRead.Concatenate(child.m_filesRead);
+    throw;
+  }
 }
 
 /// Lines are numbered as in the file. A range that makes no sense is reported, and the whole file
@@ -143,7 +158,7 @@ cow_String inp_Parser::FindIncludeFile(cow_String const& name)
   {
     throw inp_CircularIncludeFileException(line, m_fileName, name);
   }
-  if (m_includeChain.Length() > c_deepestInclude)
+  if (m_includeLevel >= c_deepestInclude)
   {
     throw nex_AtrException(atr_Say(inp_msgIncludesTooDeep, name, c_deepestInclude));
   }
@@ -163,6 +178,8 @@ void inp_Parser::MergeFrom(inp_Parser const& child)
   {
     m_missingIncludeFiles.AppendUnlessMember(name);
   }
+  m_filesRead.Concatenate(child.m_filesRead);
+  m_keywordsLost += child.m_keywordsLost;
   m_totalBytes += child.m_totalBytes;
 }
 

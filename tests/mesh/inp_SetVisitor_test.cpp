@@ -126,11 +126,10 @@ TEST(inp_SetVisitor, NamesOfSets)
     {eighty + "N", "Set name  \"" + eighty + "N\" cannot be more than 80 characters."},
     {"7", "Invalid set name \"7\"."},
     {"\"5 A\"", ""},
-    {"", "NSET parameter is required."},
   };
   for (auto const& [name, message] : cases)
   {
-    MeshDeck const deck("*NODE\n1\n*NSET, NSET" + (name.empty() ? "" : "=" + name) + "\n1\n");
+    MeshDeck const deck("*NODE\n1\n*NSET, NSET=" + name + "\n1\n");
     EXPECT_EQ(deck.messages, message.empty() ? "" : "3 error: " + message + "\n");
     EXPECT_EQ(deck.nsets, message.empty() ? "{\"" + name + "\": [1]}" : "{}");
   }

@@ -93,7 +93,7 @@ protected:
   void ReadManifestFile(cow_String const& file, inp_Keyword& keyword);
 
   void checkRequiredParameter(inp_Keyword& keyword, cow_String parameter);
-  void checkRequiredParameterValue(inp_Keyword& keyword, cow_String parameter);
+  void checkRequiredParameterValue(inp_Keyword const& keyword, cow_String parameter);
   void checkRequiredDataline(inp_Keyword& keyword);
   void TruncateEachDataLineBeyondItemN(inp_Keyword& keyword, int n);
 
@@ -148,7 +148,7 @@ private:
   template <int Places, class... Arguments>
   void Refuse(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
               Arguments const&... arguments);
-  /// An error unless the keyword has the parameter.
+  /// An error unless the keyword has the parameter, with a value.
   template <int Places>
   bool Demand(inp_Keyword const& keyword, cow_String const& parameter,
               atr_MessageRow<Places> const& row);
@@ -223,10 +223,14 @@ template <int Places>
 bool inp_KeywordExpansionVisitor::Demand(inp_Keyword const& keyword, cow_String const& parameter,
                                          atr_MessageRow<Places> const& row)
 {
-  bool const has = keyword.HasParameter(parameter);
-  if (!has)
+  inp_NameParameter const given = keyword.ReadName(parameter);
+  if (given.state == inp_NameParameter::c_absent)
   {
     Say(row, keyword);
   }
-  return has;
+  else
+  {
+    checkRequiredParameterValue(keyword, parameter);
+  }
+  return given.IsGiven();
 }

@@ -112,9 +112,6 @@ protected:
   /// name them before the program fills them. Those that exist are reported.
   void MakeMixtureSets(inp_Keyword const& keyword);
 
-  /// A name given by a parameter; empty when there is none, or it has no value.
-  static cow_String NameParameter(inp_Keyword const& keyword, char const* parameter);
-
   /// As Say, with a list of items behind the words.
   template <class T, int Places, class... Arguments>
   void SayItems(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,

@@ -125,6 +125,8 @@ void inp_KeywordExpansionVisitor::VisitRigidBody(inp_Keyword& keyword)
 void inp_KeywordExpansionVisitor::VisitNset(inp_Keyword& keyword)
 {
   Expand(keyword);
+  checkRequiredParameterValue(keyword, "elset");
+  checkRequiredParameterValue(keyword, "instance");
   if (!Demand(keyword, "nset", inp_msgNsetRequired))
   {
     keyword = inp_Keyword();
@@ -136,6 +138,7 @@ void inp_KeywordExpansionVisitor::VisitNset(inp_Keyword& keyword)
 void inp_KeywordExpansionVisitor::VisitElset(inp_Keyword& keyword)
 {
   Expand(keyword);
+  checkRequiredParameterValue(keyword, "instance");
   if (!Demand(keyword, "elset", inp_msgElsetRequired))
   {
     keyword = inp_Keyword();

@@ -265,11 +265,11 @@ void inp_KeywordExpansionVisitor::checkRequiredParameter(inp_Keyword& keyword, c
   }
 }
 
-void inp_KeywordExpansionVisitor::checkRequiredParameterValue(inp_Keyword& keyword,
+void inp_KeywordExpansionVisitor::checkRequiredParameterValue(inp_Keyword const& keyword,
                                                               cow_String parameter)
 {
-  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  if (item != nullptr && item->HasNoValue())
+  inp_NameParameter const given = keyword.ReadName(parameter);
+  if (!given.IsGiven() && given.state != inp_NameParameter::c_absent)
   {
     Say(inp_msgRequiredParameterValue, keyword, parameter.ToUpper());
   }

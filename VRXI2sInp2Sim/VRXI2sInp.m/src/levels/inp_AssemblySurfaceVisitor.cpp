@@ -22,7 +22,7 @@ void inp_AssemblySurfaceVisitor::Visit(inp_Keyword& keyword)
 void inp_AssemblySurfaceVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = keyword.GetParameterAsString("part", "");
+  m_part = keyword.NameIn("part");
   if (m_instanceName.Length() > 0 && m_partSurfaces.HasInstanceInPartInstanceSurfaceMap(m_part))
   {
     surfaces.InsertPartInstanceSurfaceMap(m_instanceName,
@@ -39,7 +39,7 @@ void inp_AssemblySurfaceVisitor::VisitEndInstance(inp_Keyword& keyword)
 
 void inp_AssemblySurfaceVisitor::VisitSurface(inp_Keyword& keyword)
 {
-  cow_String const name = keyword.GetParameterAsString("name", "");
+  cow_String const name = keyword.NameIn("name");
   if (m_instanceName.Length() > 0 && m_partSurfaces.IsMemberPartInstanceSurface(m_part, name))
   {
     Say(inp_msgSurfaceOfPartRedefined, keyword, name, m_part, m_instanceName);

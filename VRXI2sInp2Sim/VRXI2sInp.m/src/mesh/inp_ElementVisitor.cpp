@@ -134,7 +134,7 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword)
 
 bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& definition)
 {
-  definition.typeAsGiven = NameParameter(keyword, "type");
+  definition.typeAsGiven = keyword.NameIn("type");
   if (definition.typeAsGiven.Empty())
   {
     Say(inp_msgElementTypeRequired, keyword);
@@ -152,7 +152,7 @@ bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& 
   else if (inp_Types::IsSuperelementID(definition.type.View()))
   {
     definition.family.kind = inp_ElementFamily::c_substructure;
-    definition.file = NameParameter(keyword, "file");
+    definition.file = keyword.NameIn("file");
   }
   else if (!ReadUserType(keyword, definition))
   {
@@ -396,10 +396,9 @@ void inp_ElementVisitor::FinishElements(inp_Keyword& keyword, Definition const& 
   {
     SayItems(inp_msgTooFewNodes, keyword, found.tooShort, definition.typeAsGiven);
   }
-  cow_String const setName = NameParameter(keyword, "elset");
-  if (setName.Length() > 0 && found.labels.Length() > 0 && found.tooShort.Empty())
+  if (keyword.HasParameter("elset") && found.labels.Length() > 0 && found.tooShort.Empty())
   {
-    AddElementSet(keyword, setName, found.labels);
+    AddElementSet(keyword, keyword.NameIn("elset"), found.labels);
   }
   if (found.hasLayersMade)
   {

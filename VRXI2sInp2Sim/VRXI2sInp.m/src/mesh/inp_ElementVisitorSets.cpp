@@ -12,7 +12,7 @@ inpM_SetHandle inp_ElementVisitor::ReadAssyElsetIdsAndSetNames(inp_Keyword const
 // *ELSET rows: ids and names of sets; with GENERATE first, last[, step].
 void inp_ElementVisitor::VisitElset(inp_Keyword& keyword)
 {
-  cow_String const name = NameParameter(keyword, "elset");
+  cow_String const name = keyword.NameIn("elset");
   if (name.Empty())
   {
     Say(inp_msgElsetNameRequired, keyword);
@@ -39,7 +39,7 @@ void inp_ElementVisitor::VisitElset(inp_Keyword& keyword)
 
 void inp_ElementVisitor::VisitUserElement(inp_Keyword& keyword)
 {
-  cow_String type = NameParameter(keyword, "type");
+  cow_String type = keyword.NameIn("type");
   if (type.Empty())
   {
     Say(inp_msgUserElementTypeRequired, keyword);
@@ -64,7 +64,7 @@ void inp_ElementVisitor::VisitUserElement(inp_Keyword& keyword)
 /// may name it.
 void inp_ElementVisitor::VisitFastener(inp_Keyword& keyword)
 {
-  cow_List<cow_String> pieces = inp_Utils::SplitScopedSet(NameParameter(keyword, "elset"));
+  cow_List<cow_String> pieces = inp_Utils::SplitScopedSet(keyword.NameIn("elset"));
   cow_String const name = pieces.Pop();
   if (name.Empty())
   {

@@ -94,7 +94,7 @@ void inp_NodeVisitor::AddNodeSet(inp_Keyword const& keyword, char const* paramet
 {
   if (keyword.HasParameter(parameter))
   {
-    AddPartSet(keyword, NameParameter(keyword, parameter), set, false);
+    AddPartSet(keyword, keyword.NameIn(parameter), set, false);
   }
 }
 
@@ -347,7 +347,7 @@ void inp_NodeVisitor::ReadNodes(inp_Keyword const& keyword, Rows const& rows)
     return;
   }
   inpM_SetHandle const set = CreateSet(labels, false, false);
-  cow_String const name = NameParameter(keyword, "nset");
+  cow_String const name = keyword.NameIn("nset");
   if (CurrentName().Empty())
   {
     AddAssySet(keyword, name, set, false);

@@ -43,7 +43,7 @@ void inp_NodeVisitor::VisitNset(inp_Keyword& keyword)
   bool const unsorted = keyword.HasParameter("unsorted");
   bool const internal = keyword.HasParameter("internal");
   bool const hasElset = keyword.HasParameter("elset");
-  cow_String const name = NameParameter(keyword, "nset");
+  cow_String const name = keyword.NameIn("nset");
   if (generates && hasElset)
   {
     Say(inp_msgElsetAndGenerate, keyword);
@@ -84,7 +84,11 @@ void inp_NodeVisitor::VisitNset(inp_Keyword& keyword)
 void inp_NodeVisitor::AddNodesOfElements(inp_Keyword& keyword, cow_String const& name,
                                          bool internal)
 {
-  cow_String const elset = NameParameter(keyword, "elset");
+  cow_String const elset = keyword.NameIn("elset");
+  if (elset.Empty())
+  {
+    return; // which the expansion has said
+  }
   cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(elset);
   cow_String const& current = CurrentName();
   inpM_SetHandle nodes = CreateSet(internal, false);

@@ -79,14 +79,6 @@ bool inp_SetVisitor::IsImportedInstance(cow_String const& name) const
   return IsIn(importedInstances, name);
 }
 
-cow_String inp_SetVisitor::NameParameter(inp_Keyword const& keyword, char const* parameter)
-{
-  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  bool const hasText = item != nullptr && item->Type() != inp_Types::inp_BOOLEAN &&
-                       item->Type() != inp_Types::inp_NONE;
-  return hasText ? item->AsString() : cow_String();
-}
-
 cow_String inp_SetVisitor::SetKeywordName() const
 {
   cow_String const name = KeywordName();
@@ -217,7 +209,7 @@ inpM_SetHandle inp_SetVisitor::GenerateAssemblySetAccumulate(inpM_SetMap& setMap
 // A field that would grow beyond what a cell holds can name nothing.
 void inp_SetVisitor::ProcessInstanceParameter(inp_Keyword& keyword)
 {
-  cow_String const instanceName = NameParameter(keyword, "instance");
+  cow_String const instanceName = keyword.NameIn("instance");
   if (CurrentSetScope().Length() > 0 || instanceName.Empty())
   {
     return;

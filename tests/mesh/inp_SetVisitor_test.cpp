@@ -287,8 +287,8 @@ TEST(inp_SetVisitor, NodesOfElementSets)
   part.elements.Insert("P", elements);
   part.elementSets.InsertNestedSet("P", "E", SetOf({1, 2, 3}));
   DeckCase const ofPart[] = {
-    {"", "*NSET, NSET=N, ELSET=E\n", "{\"N\": [0, 4, 5, 6, 7]}", ""},
-    {"", "*NSET, NSET=N\n1\n*NSET, NSET=N, ELSET=E\n", "{\"N\": [0, 1, 4, 5, 6, 7]}", ""},
+    {"", "*NSET, NSET=N, ELSET=E\n", "{\"N\": [4, 5, 6, 7]}", ""},
+    {"", "*NSET, NSET=N\n1\n*NSET, NSET=N, ELSET=E\n", "{\"N\": [1, 4, 5, 6, 7]}", ""},
     {"", "*NSET, NSET=N, ELSET=NONE\n", "{}", "1 error: Element set NONE does not exist.\n"},
     {"", "*NSET, NSET=N, ELSET=E, GENERATE\n", "{}",
      "1 error: The ELSET and GENERATE parameters are mutually exclusive. \n"},
@@ -317,8 +317,8 @@ TEST(inp_SetVisitor, NodesOfElementSets)
   reaching("LOST", "Q", {1});
   reaching("RUN", "OLD", {1});
   DeckCase const ofAssembly[] = {
-    {"", "*NSET, NSET=N, ELSET=I.E\n", "{\"N\": {\"I\": [0, 4, 7]}}", ""},
-    {"", "*NSET, NSET=N, ELSET=R\n", "{\"N\": {\"\": [4, 5, 6], \"I\": [0, 4, 7]}}", ""},
+    {"", "*NSET, NSET=N, ELSET=I.E\n", "{\"N\": {\"I\": [4, 7]}}", ""},
+    {"", "*NSET, NSET=N, ELSET=R\n", "{\"N\": {\"\": [4, 5, 6], \"I\": [4, 7]}}", ""},
     {"", "*NSET, NSET=N, ELSET=OWN\n", "{\"N\": [4, 5, 6]}",
      "1 error: The following elements from elset OWN are not found at assembly level:\n8\n"},
     {"", "*NSET, NSET=N, ELSET=GAP\n", "{}",

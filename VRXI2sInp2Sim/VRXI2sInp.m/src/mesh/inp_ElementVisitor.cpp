@@ -101,15 +101,7 @@ inp_MapInt2Element& inp_ElementVisitor::CurrentElements()
 void inp_ElementVisitor::AddElementSet(inp_Keyword const& keyword, cow_String const& name,
                                        cow_List<int> const& labels)
 {
-  inpM_SetHandle const set = CreateSet(labels, false, false);
-  if (CurrentSetScope().Empty())
-  {
-    AddAssySet(keyword, name, set, false);
-  }
-  else
-  {
-    AddPartSet(keyword, name, set, false);
-  }
+  MergeSet(keyword, name, CreateSet(labels));
 }
 
 // *ELEMENT rows: label, node[, node ...], 16 fields a line; a line that ends in a comma goes on.

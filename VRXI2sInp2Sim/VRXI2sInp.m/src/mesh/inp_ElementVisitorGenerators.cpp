@@ -194,7 +194,7 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
   }
   if (keyword.HasParameter("newset") && labels.Length() > 0)
   {
-    AddPartSet(keyword, keyword.NameIn("newset"), CreateSet(labels, false, false), false);
+    AddElementSet(keyword, keyword.NameIn("newset"), labels);
   }
 }
 

@@ -18,23 +18,25 @@ void inp_ElementVisitor::VisitElset(inp_Keyword& keyword)
     Say(inp_msgElsetNameRequired, keyword);
     return;
   }
+  if (!CheckSetName(keyword, name))
+  {
+    return;
+  }
   ProcessInstanceParameter(keyword);
   bool const internal = keyword.HasParameter("internal");
   bool const unsorted = keyword.HasParameter("unsorted");
   bool const generates = keyword.HasParameter("generate");
   if (CurrentSetScope().Empty())
   {
-    AddAssySet(keyword, name,
+    ReplaceSet(keyword, name,
                generates ? GenerateAssemblySetAccumulate(sets, keyword, name, internal, unsorted)
-                         : ReadAssyElsetIdsAndSetNames(keyword, name, internal, unsorted),
-               true);
+                         : ReadAssyElsetIdsAndSetNames(keyword, name, internal, unsorted));
     return;
   }
-  AddPartSet(keyword, name,
+  ReplaceSet(keyword, name,
              generates
                ? GenerateSetAccumulate(keyword, name, internal, unsorted)
-               : ReadIdsAndSetNamesAccumulate(keyword, name, internal, unsorted, hasAssemblySets),
-             true);
+               : ReadIdsAndSetNamesAccumulate(keyword, name, internal, unsorted, hasAssemblySets));
 }
 
 void inp_ElementVisitor::VisitUserElement(inp_Keyword& keyword)
@@ -70,17 +72,9 @@ void inp_ElementVisitor::VisitFastener(inp_Keyword& keyword)
   {
     return;
   }
-  inpM_SetHandle const none = CreateSet(false, false);
   if (pieces.Empty())
   {
-    if (CurrentSetScope().Empty())
-    {
-      AddAssySet(keyword, name, none, false);
-    }
-    else
-    {
-      AddPartSet(keyword, name, none, false);
-    }
+    MergeSet(keyword, name, CreateSet());
     return;
   }
   cow_String const instanceName = pieces.Pop();
@@ -89,7 +83,10 @@ void inp_ElementVisitor::VisitFastener(inp_Keyword& keyword)
     Say(inp_msgFastenerInstanceUnknown, keyword, instanceName);
     return;
   }
-  sets.AddToNestedSet(instanceName, name, *none);
+  if (CheckSetName(keyword, name))
+  {
+    sets.AddToNestedSet(instanceName, name, *CreateSet());
+  }
 }
 
 // *PARTICLE GENERATOR MIXTURE rows: names of sets that the generator will fill, among other things.

@@ -164,7 +164,7 @@ void inp_NodeVisitor::VisitNfill(inp_Keyword& keyword)
   }
   if (labels.Length() > 0)
   {
-    AddNodeSet(keyword, "nset", CreateSet(labels, false, false));
+    AddNodeSet(keyword, "nset", CreateSet(labels));
   }
 }
 

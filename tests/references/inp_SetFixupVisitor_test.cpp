@@ -63,10 +63,11 @@ TEST(inp_SetFixupVisitor, TellsPlaceTypeAndParameter)
 
 TEST(inp_SetFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
 {
-  cow_List<inp_Keyword> keywords = DeckKeywords("*NODE OUTPUT, NSET=BAD\n"
-                                                "*PRESSURE PENETRATION\nbad, gone, 1\nGONE, 2\n"
-                                                "*CLOAD\nBAD, 1\nGONE, 1\n"
-                                                "*SLIDE LINE, GENERATE\n1, 2, 3\n5, 6\n");
+  cow_List<inp_Keyword> keywords =
+    DeckKeywords("*NODE OUTPUT, NSET=BAD\n"
+                 "*PRESSURE PENETRATION\nbad, gone, 1\nGONE, 2\n"
+                 "*CLOAD\nBAD, 1\nGONE, 1\n"
+                 "*SLIDE LINE, GENERATE, ELSET=BAD\n1, 2, 3\n5, 6\n");
   inp_ModelParameters const model;
   Listening visitor(model);
   visitor.VisitList(keywords);
@@ -75,11 +76,12 @@ TEST(inp_SetFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
             "2 error: No such set.\n"
             "5 error: No such set.\n"
             "8 error: untitled: Increment of 3 cannot be used to step from 1 to 2 "
-            "on slideline keyword.\n");
+            "on slideline keyword.\n"
+            "8 error: No such set.\n");
   EXPECT_EQ(KeywordText(keywords.ConstGet(0)), "nodeoutput nset=BAD");
   EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "pressurepenetration: bad||1 / |2");
   EXPECT_EQ(KeywordText(keywords.ConstGet(2)), "cload: BAD|1 / |1");
-  EXPECT_EQ(KeywordText(keywords.ConstGet(3)), "slideline: 5|6");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(3)), "slideline elset=BAD, generate: 1|2|3 / 5|6");
 
   keywords = DeckKeywords("*BOUNDARY\nMEMORY\n");
   EXPECT_THROW(visitor.VisitList(keywords), inp_MemoryException);

@@ -98,5 +98,8 @@ private:
   void ReplaceWholeColumns(inp_Keyword& keyword, inp_ReferencePlace const& place);
   void ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlace const& place);
   cow_String ReplaceValue(inp_Keyword& keyword, inp_referenceEnm what, cow_String const& value);
-  static void ExpandGenerated(inp_Keyword& keyword, cow_List<atr_String>& errors);
+  bool ExpandGenerated(inp_Keyword& keyword);
+
+  static constexpr std::int64_t c_mostListed = 20000000;
+  std::int64_t m_listed = 0; ///< numbers that took the place of ranges, in this walk
 };

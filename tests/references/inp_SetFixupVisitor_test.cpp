@@ -32,6 +32,7 @@ public:
     return value == "GONE" ? cow_String() : value;
   }
 
+  using inp_SetFixupVisitor::mostListed;
   std::string heard;
 };
 
@@ -85,6 +86,23 @@ TEST(inp_SetFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
 
   keywords = DeckKeywords("*BOUNDARY\nMEMORY\n");
   EXPECT_THROW(visitor.VisitList(keywords), inp_MemoryException);
+}
+
+TEST(inp_SetFixupVisitor, WritesOutNoMoreRangesThanAWalkMay)
+{
+  cow_List<inp_Keyword> keywords =
+    DeckKeywords("*SLIDE LINE, GENERATE\n1, 5\n*SLIDE LINE, GENERATE\n1, 2\n7, 9\n"
+                 "*SLIDE LINE, GENERATE\n3, 2, -1\n3, 3\n4, 4\n");
+  inp_ModelParameters const model;
+  Listening visitor(model);
+  visitor.mostListed = 9;
+  visitor.VisitList(keywords);
+  EXPECT_EQ(ErrorsOf(visitor),
+            "3 error: untitled: The range from 7 to 9 with a step of 1 on slideline "
+            "holds more ids than a set can. It is left out.\n");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(0)), "slideline: 1|2|3|4|5");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "slideline generate: 1|2 / 7|9");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(2)), "slideline: 2|3|3|4");
 }
 
 TEST(inp_SetFixupVisitor, LeavesWhatComesBackUnchangedAsWritten)

@@ -91,6 +91,7 @@ protected:
   inpM_IdMap elementIdMap;
   bool lumenCompatible = false;
   inp_ModelParameters const* modelParameters;
+  std::int64_t mostListed = 20000000; ///< numbers that take the place of ranges in the walk
 
 private:
   cow_String Fixed(inp_Keyword const& keyword, cow_String const& value, inpM_SetMap const& setMap,
@@ -100,6 +101,5 @@ private:
   cow_String ReplaceValue(inp_Keyword& keyword, inp_referenceEnm what, cow_String const& value);
   bool ExpandGenerated(inp_Keyword& keyword);
 
-  static constexpr std::int64_t c_mostListed = 20000000;
-  std::int64_t m_listed = 0; ///< numbers that took the place of ranges, in this walk
+  std::int64_t m_listed = 0; ///< of mostListed
 };

@@ -96,7 +96,7 @@ bool inp_SetFixupVisitor::ExpandGenerated(inp_Keyword& keyword)
   for (inp_ScopedRange const& range : ranges)
   {
     listed += range.Count();
-    if (listed > c_mostListed)
+    if (listed > mostListed)
     {
       faults.Append(inp_Utils::RangeTooLarge(range, keyword.Name()));
       break;

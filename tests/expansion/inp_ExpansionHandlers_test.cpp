@@ -88,7 +88,10 @@ TEST(inp_ExpansionHandlers, BlankWhatIsUselessWithoutAName)
     {"sets", "*NSET, GENERATE\n1, 2\n*ELSET\n1\n*NSET, NSET=A\n",
      "undefined keyword\nundefined keyword\nnset nset=A\n",
      "1 error: The NSET parameter is required.\n3 error: The ELSET parameter is required.\n"},
-    {"a value-less name is one", "*NSET, NSET\n1\n", "nset nset: 1\n", ""},
+    {"names without a value", "*NSET, NSET\n1\n*ELSET, ELSET=\n1\n*MATERIAL, NAME\n",
+     "undefined keyword\nundefined keyword\nmaterial name\n",
+     "1 error: Parameter NSET requires a value.\n3 error: Parameter ELSET requires a value.\n"
+     "5 error: Parameter NAME requires a value.\n"},
   };
   CheckExpansions(cases);
   // The reader takes these away; a list may come from elsewhere.

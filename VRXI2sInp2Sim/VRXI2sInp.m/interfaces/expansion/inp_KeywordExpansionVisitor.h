@@ -103,7 +103,7 @@ protected:
   void ReadManifestFile(cow_String const& file, inp_Keyword& keyword);
 
   void checkRequiredParameter(inp_Keyword& keyword, cow_String parameter);
-  void checkRequiredParameterValue(inp_Keyword& keyword, cow_String parameter);
+  void checkRequiredParameterValue(inp_Keyword const& keyword, cow_String parameter);
   void checkRequiredDataline(inp_Keyword& keyword);
   void TruncateEachDataLineBeyondItemN(inp_Keyword& keyword, int n);
 

@@ -92,6 +92,7 @@ protected:
   inpM_IdMap elementIdMap;
   bool lumenCompatible = false;
   inp_ModelParameters const* modelParameters;
+  std::int64_t mostListed = 20000000; ///< numbers that take the place of ranges in the walk
 
 private:
   static Fields OneField(int row, int column);
@@ -100,5 +101,7 @@ private:
   void ReplaceWholeColumns(inp_Keyword& keyword, inp_ReferencePlace const& place);
   void ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlace const& place);
   cow_String ReplaceValue(inp_Keyword& keyword, inp_referenceEnm what, cow_String const& value);
-  static void ExpandGenerated(inp_Keyword& keyword, cow_List<atr_String>& errors);
+  bool ExpandGenerated(inp_Keyword& keyword);
+
+  std::int64_t m_listed = 0; ///< of mostListed
 };

@@ -77,23 +77,22 @@ bool inp_KeywordExpansionVisitor::Meets(inp_Keyword& keyword, inp_Requirement co
 bool inp_KeywordExpansionVisitor::MeetsFor(inp_Keyword& keyword, inp_Requirement::kindEnm kind,
                                            char const* name)
 {
-  if (kind == inp_Requirement::valued)
-  {
-    checkRequiredParameterValue(keyword, name);
-    return true;
-  }
+  bool const isGiven = keyword.ReadName(name).IsGiven();
   if (kind == inp_Requirement::required)
   {
     checkRequiredParameter(keyword, name);
+    return keyword.HasParameter(name);
   }
-  else if (!keyword.HasParameter(name))
+  if (kind == inp_Requirement::demanded && !keyword.HasParameter(name))
   {
     auto const demanded =
       std::find_if(std::begin(c_demanded), std::end(c_demanded),
                    [name](Demanded const& row) { return row.parameter == name; });
     Say(demanded->row, keyword);
+    return false;
   }
-  return keyword.HasParameter(name);
+  checkRequiredParameterValue(keyword, name);
+  return kind == inp_Requirement::valued || isGiven;
 }
 
 bool inp_KeywordExpansionVisitor::DemandOne(inp_Keyword const& keyword,
@@ -126,11 +125,11 @@ void inp_KeywordExpansionVisitor::checkRequiredParameter(inp_Keyword& keyword, c
   }
 }
 
-void inp_KeywordExpansionVisitor::checkRequiredParameterValue(inp_Keyword& keyword,
+void inp_KeywordExpansionVisitor::checkRequiredParameterValue(inp_Keyword const& keyword,
                                                               cow_String parameter)
 {
-  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  if (item != nullptr && item->HasNoValue())
+  inp_NameParameter const given = keyword.ReadName(parameter);
+  if (!given.IsGiven() && given.state != inp_NameParameter::c_absent)
   {
     Say(inp_msgRequiredParameterValue, keyword, parameter.ToUpper());
   }

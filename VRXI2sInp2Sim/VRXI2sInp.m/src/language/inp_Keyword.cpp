@@ -123,6 +123,25 @@ cow_String inp_Keyword::GetParameterAsString(cow_String const& name,
   return item != nullptr && item->Type() == inp_Types::inp_STRING ? item->AsString() : defaultValue;
 }
 
+inp_NameParameter inp_Keyword::ReadName(cow_String const& parameter) const
+{
+  inp_NameParameter name;
+  inp_Item const* const item = parameters.ConstFind(parameter);
+  if (item == nullptr)
+  {
+    return name;
+  }
+  if (item->HasNoValue())
+  {
+    bool const isSwitch = item->Type() == inp_Types::inp_BOOLEAN;
+    name.state = isSwitch ? inp_NameParameter::c_switch : inp_NameParameter::c_notName;
+    return name;
+  }
+  name.text = item->AsString();
+  name.state = name.text.Empty() ? inp_NameParameter::c_empty : inp_NameParameter::c_given;
+  return name;
+}
+
 bool inp_Keyword::hasSuboption(inp_KeywordEnm const& other) const
 {
   for (inp_Keyword const& suboption : suboptions)

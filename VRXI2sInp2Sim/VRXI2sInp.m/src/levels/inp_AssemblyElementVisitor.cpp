@@ -25,7 +25,7 @@ void inp_AssemblyElementVisitor::Visit(inp_Keyword& keyword)
 void inp_AssemblyElementVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = NameParameter(keyword, "part");
+  m_part = keyword.NameIn("part");
   if (m_instanceName.Empty())
   {
     return;
@@ -62,7 +62,7 @@ void inp_AssemblyElementVisitor::VisitElement(inp_Keyword& keyword)
 void inp_AssemblyElementVisitor::SetAside(inp_Keyword const& keyword)
 {
   m_keywords.Append(keyword);
-  cow_String const type = NameParameter(keyword, "type").ToUpper();
+  cow_String const type = keyword.NameIn("type").ToUpper();
   inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(type);
   inp_ElementFamily const family =
     info != nullptr ? inp_FamilyOf(*info, keyword.HasParameter("offset")) : inp_ElementFamily();
@@ -78,7 +78,7 @@ void inp_AssemblyElementVisitor::SetAside(inp_Keyword const& keyword)
       labels.Append(rows.Label());
     }
   }
-  cow_String const setName = NameParameter(keyword, "elset");
+  cow_String const setName = keyword.NameIn("elset");
   if (setName.Length() > 0 && labels.Length() > 0)
   {
     AddElementSet(keyword, setName, labels);
@@ -87,7 +87,7 @@ void inp_AssemblyElementVisitor::SetAside(inp_Keyword const& keyword)
 
 void inp_AssemblyElementVisitor::VisitElset(inp_Keyword& keyword)
 {
-  cow_String const name = NameParameter(keyword, "elset");
+  cow_String const name = keyword.NameIn("elset");
   if (m_instanceName.Length() > 0 && m_part.Length() > 0 &&
       m_partElementSets.HasNestedSet(m_part, name))
   {

@@ -52,7 +52,7 @@ bool inp_AssemblyNodeVisitor::IsValidInstanceName(cow_String const& name) const
 void inp_AssemblyNodeVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = NameParameter(keyword, "part");
+  m_part = keyword.NameIn("part");
   systemTransform.FillIdentity();
   instanceTransform.FillIdentity();
   ReadPosition(keyword);
@@ -117,7 +117,7 @@ void inp_AssemblyNodeVisitor::VisitEndInstance(inp_Keyword& keyword)
 
 void inp_AssemblyNodeVisitor::VisitNset(inp_Keyword& keyword)
 {
-  cow_String const name = NameParameter(keyword, "nset");
+  cow_String const name = keyword.NameIn("nset");
   if (m_instanceName.Length() > 0 && m_part.Length() > 0 &&
       m_partNodeSets.HasNestedSet(m_part, name))
   {

@@ -44,7 +44,7 @@ void inp_AssemblySurfaceVisitor::NoteAnalyticalSurfaces(inp_Keyword const& part)
 void inp_AssemblySurfaceVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = keyword.GetParameterAsString("part", "");
+  m_part = keyword.NameIn("part");
   if (m_instanceName.Length() > 0 && m_partSurfaces.HasInstanceInPartInstanceSurfaceMap(m_part))
   {
     surfaces.InsertPartInstanceSurfaceMap(m_instanceName,
@@ -62,7 +62,7 @@ void inp_AssemblySurfaceVisitor::VisitEndInstance(inp_Keyword& keyword)
 /// The current instance's part has a surface of the keyword's name already, which is an error.
 bool inp_AssemblySurfaceVisitor::RedefinesSurfaceOfPart(inp_Keyword const& keyword)
 {
-  cow_String const name = keyword.GetParameterAsString("name", "");
+  cow_String const name = keyword.NameIn("name");
   bool const isOfPart =
     m_instanceName.Length() > 0 && name.Length() > 0 &&
     (m_partSurfaces.IsMemberPartInstanceSurface(m_part, name) ||

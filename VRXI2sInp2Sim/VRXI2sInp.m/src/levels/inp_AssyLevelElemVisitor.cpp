@@ -102,7 +102,7 @@ bool inp_AssyLevelElemVisitor::MayStandInAssembly(cow_String const& type)
 // *ELEMENT rows: label, node[, node ...]; a node is instance.label or a label of the assembly.
 void inp_AssyLevelElemVisitor::VisitElementImpl(inp_Keyword& keyword)
 {
-  cow_String const type = NameParameter(keyword, "type").ToUpper();
+  cow_String const type = keyword.NameIn("type").ToUpper();
   if (type.Empty())
   {
     Say(inp_msgAssemblyElementTypeRequired, keyword);
@@ -135,10 +135,9 @@ void inp_AssyLevelElemVisitor::VisitElementImpl(inp_Keyword& keyword)
   {
     SayItems(inp_msgAssemblyTooFewNodes, keyword, found.tooShort, definition.typeAsGiven);
   }
-  cow_String const setName = NameParameter(keyword, "elset");
-  if (setName.Length() > 0 && found.labels.Length() > 0 && found.tooShort.Empty())
+  if (keyword.HasParameter("elset") && found.labels.Length() > 0 && found.tooShort.Empty())
   {
-    AddElementSet(keyword, setName, found.labels);
+    AddElementSet(keyword, keyword.NameIn("elset"), found.labels);
   }
 }
 

@@ -18,7 +18,7 @@ constexpr int c_secondPoint = 3;
 template <int Places>
 bool Warn(inp_Keyword const& keyword, atr_MessageRow<Places> const& row)
 {
-  cow_String const name = keyword.GetParameterAsString("name", "");
+  cow_String const name = keyword.NameIn("name");
   omi_Singleton<wip_WIP>::Instance().Warning(inp_Utils::PlacedAt(keyword, atr_Say(row, name)));
   return false;
 }
@@ -28,7 +28,7 @@ bool Warn(inp_Keyword const& keyword, atr_MessageRow<Places> const& row)
 inp_CropDefinition::inp_CropDefinition(inp_Keyword const& keyword)
 {
   inp_DataArray const& data = keyword.data;
-  if (data.Rows() <= c_boxRow || !keyword.HasParameter("name"))
+  if (data.Rows() <= c_boxRow || keyword.NameIn("name").Empty())
   {
     return;
   }

@@ -101,15 +101,7 @@ inp_MapInt2Element& inp_ElementVisitor::CurrentElements()
 void inp_ElementVisitor::AddElementSet(inp_Keyword const& keyword, cow_String const& name,
                                        cow_List<int> const& labels)
 {
-  inpM_SetHandle const set = CreateSet(labels, false, false);
-  if (CurrentSetScope().Empty())
-  {
-    AddAssySet(keyword, name, set, false);
-  }
-  else
-  {
-    AddPartSet(keyword, name, set, false);
-  }
+  MergeSet(keyword, name, CreateSet(labels));
 }
 
 // *ELEMENT rows: label, node[, node ...], 16 fields a line; a line that ends in a comma goes on.
@@ -134,7 +126,7 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword)
 
 bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& definition)
 {
-  definition.typeAsGiven = NameParameter(keyword, "type");
+  definition.typeAsGiven = keyword.NameIn("type");
   if (definition.typeAsGiven.Empty())
   {
     Say(inp_msgElementTypeRequired, keyword);
@@ -152,7 +144,7 @@ bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& 
   else if (inp_Types::IsSuperelementID(definition.type.View()))
   {
     definition.family.kind = inp_ElementFamily::c_substructure;
-    definition.file = NameParameter(keyword, "file");
+    definition.file = keyword.NameIn("file");
   }
   else if (!ReadUserType(keyword, definition))
   {
@@ -396,10 +388,9 @@ void inp_ElementVisitor::FinishElements(inp_Keyword& keyword, Definition const& 
   {
     SayItems(inp_msgTooFewNodes, keyword, found.tooShort, definition.typeAsGiven);
   }
-  cow_String const setName = NameParameter(keyword, "elset");
-  if (setName.Length() > 0 && found.labels.Length() > 0 && found.tooShort.Empty())
+  if (keyword.HasParameter("elset") && found.labels.Length() > 0 && found.tooShort.Empty())
   {
-    AddElementSet(keyword, setName, found.labels);
+    AddElementSet(keyword, keyword.NameIn("elset"), found.labels);
   }
   if (found.hasLayersMade)
   {

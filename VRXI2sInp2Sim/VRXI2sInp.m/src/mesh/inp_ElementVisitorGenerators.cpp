@@ -64,10 +64,9 @@ void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword)
       return;
     }
   }
-  cow_String const setName = NameParameter(keyword, "elset");
-  if (setName.Length() > 0 && labels.Length() > 0)
+  if (keyword.HasParameter("elset") && labels.Length() > 0)
   {
-    AddElementSet(keyword, setName, labels);
+    AddElementSet(keyword, keyword.NameIn("elset"), labels);
   }
 }
 
@@ -159,7 +158,7 @@ inpM_BaseSet const* inp_ElementVisitor::CheckExistenceOfOldSet(inp_Keyword const
 // *ELCOPY has no rows.
 void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
 {
-  cow_String const oldName = NameParameter(keyword, "oldset");
+  cow_String const oldName = keyword.NameIn("oldset");
   if (oldName.Empty() || !inp_HasIntegerParameter(keyword, "elementshift") ||
       !inp_HasIntegerParameter(keyword, "shiftnodes"))
   {
@@ -193,10 +192,9 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
       return;
     }
   }
-  cow_String const newName = NameParameter(keyword, "newset");
-  if (newName.Length() > 0 && labels.Length() > 0)
+  if (keyword.HasParameter("newset") && labels.Length() > 0)
   {
-    AddPartSet(keyword, newName, CreateSet(labels, false, false), false);
+    AddElementSet(keyword, keyword.NameIn("newset"), labels);
   }
 }
 

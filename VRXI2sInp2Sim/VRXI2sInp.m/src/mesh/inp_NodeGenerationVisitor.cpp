@@ -17,12 +17,6 @@ constexpr int c_firstMidside = 16;
 constexpr int c_secondMidside = 17;
 constexpr int c_nodesOfQuadraticGasket = 18;
 
-cow_String TextParameter(inp_Keyword const& keyword, char const* name)
-{
-  return keyword.HasParameter(name) ? keyword.GetParameterAsString(name, cow_String())
-                                    : cow_String();
-}
-
 /// Gaskets and cohesive elements are layered one by one, as far as their layers were made by OFFSET.
 bool HasLayers(inp_Element const& element, inp_ElementFamily const& family)
 {
@@ -120,7 +114,7 @@ void inp_NodeGenerationVisitor::VisitElement(inp_Keyword& keyword)
   {
     return;
   }
-  cow_String const type = TextParameter(keyword, "type");
+  cow_String const type = keyword.NameIn("type");
   if (type.Empty())
   {
     Say(inp_msgElementTypeRequired, keyword);
@@ -199,7 +193,7 @@ void inp_NodeGenerationVisitor::VisitElcopy(inp_Keyword& keyword)
   {
     return;
   }
-  cow_String const oldName = TextParameter(keyword, "oldset");
+  cow_String const oldName = keyword.NameIn("oldset");
   if (oldName.Empty() || !keyword.HasParameter("elementshift") ||
       !keyword.HasParameter("shiftnodes"))
   {

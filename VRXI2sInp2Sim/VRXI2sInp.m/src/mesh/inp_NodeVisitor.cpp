@@ -94,7 +94,7 @@ void inp_NodeVisitor::AddNodeSet(inp_Keyword const& keyword, char const* paramet
 {
   if (keyword.HasParameter(parameter))
   {
-    AddPartSet(keyword, NameParameter(keyword, parameter), set, false);
+    MergeSet(keyword, keyword.NameIn(parameter), set);
   }
 }
 
@@ -344,18 +344,8 @@ void inp_NodeVisitor::ReadNodes(inp_Keyword const& keyword, Rows const& rows)
       Store(keyword, *map, label, stays ? coord : InSystem(coord, system));
     }
   }
-  if (labels.Length() == 0)
+  if (labels.Length() > 0)
   {
-    return;
-  }
-  inpM_SetHandle const set = CreateSet(labels, false, false);
-  cow_String const name = NameParameter(keyword, "nset");
-  if (CurrentName().Empty())
-  {
-    AddAssySet(keyword, name, set, false);
-  }
-  else
-  {
-    AddPartSet(keyword, name, set, false);
+    MergeSet(keyword, keyword.NameIn("nset"), CreateSet(labels));
   }
 }

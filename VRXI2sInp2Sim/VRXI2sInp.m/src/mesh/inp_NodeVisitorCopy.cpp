@@ -183,12 +183,13 @@ bool inp_NodeVisitor::ReadMotion(inp_Keyword const& keyword, inp_CoordMap const&
 // SHIFT tx, ty, tz / xA, .. zB, angle.
 void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword)
 {
-  if (!inp_HasIntegerParameter(keyword, "changenumber") || !keyword.HasParameter("oldset"))
+  cow_String const oldName = keyword.NameIn("oldset");
+  if (!inp_HasIntegerParameter(keyword, "changenumber") || oldName.Empty())
   {
     Say(inp_msgCopyParametersMissing, keyword);
     return;
   }
-  inpM_BaseSet const* const old = FindNodeSet(keyword, NameParameter(keyword, "oldset"));
+  inpM_BaseSet const* const old = FindNodeSet(keyword, oldName);
   if (old == nullptr)
   {
     return;

@@ -144,7 +144,7 @@ void inp_NodeVisitor::VisitNgen(inp_Keyword& keyword)
   }
   if (labels.Length() > 0)
   {
-    AddNodeSet(keyword, "nset", CreateSet(labels, false, false));
+    AddNodeSet(keyword, "nset", CreateSet(labels));
   }
 }
 

@@ -241,7 +241,8 @@ void inp_NodeVisitor::VisitNmap(inp_Keyword& keyword)
     Say(inp_msgMapOfPositionedInstance, keyword);
     return;
   }
-  if (!keyword.HasParameter("nset") || !keyword.HasParameter("type"))
+  cow_String const name = keyword.NameIn("nset");
+  if (name.Empty() || !keyword.HasParameter("type"))
   {
     Say(inp_msgMapParametersMissing, keyword);
     return;
@@ -255,7 +256,6 @@ void inp_NodeVisitor::VisitNmap(inp_Keyword& keyword)
     }
     return;
   }
-  cow_String const name = NameParameter(keyword, "nset");
   inpM_BaseSet const* const set = sets.ConstFindNestedSet(CurrentSetScope(), name);
   if (set == nullptr)
   {

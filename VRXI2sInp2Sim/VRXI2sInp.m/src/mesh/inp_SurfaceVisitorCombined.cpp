@@ -4,6 +4,8 @@
 #include "inp_SurfaceMessages.h"
 #include "inp_SurfaceVisitorRows.h"
 
+#include <vector>
+
 namespace
 {
 
@@ -20,9 +22,16 @@ combineEnm CombinationOf(inp_Keyword const& keyword)
   return word == "INTERSECTION" ? c_intersection : word == "DIFFERENCE" ? c_difference : c_union;
 }
 
+/// A field of the rows, and whether none behind it is the same.
+struct CombinedName
+{
+  cow_String text;
+  bool isLast;
+};
+
 /// Makes one surface of several: the first is the start, the others are applied to it in turn. A surface
-/// that is named again changes nothing, but for the start when it is to be taken away. What is to be taken
-/// away is gathered first.
+/// that is named again changes nothing, but for the start when it is to be taken away, and for areas in a
+/// union: there the last mention of a surface counts once more. What is to be taken away is gathered first.
 template <class Surface>
 class Combination
 {
@@ -33,14 +42,14 @@ public:
   {
   }
 
-  void Apply(cow_String const& name, Surface const& other)
+  void Apply(CombinedName const& name, Surface const& other)
   {
     bool const isStart = !std::exchange(m_hasStart, true);
     if (isStart && m_how == c_difference)
     {
       m_result.Add(other);
     }
-    else if (m_applied.insert(name).second)
+    else if (m_applied.insert(name.text).second || (name.isLast && m_how == c_union))
     {
       Combine(isStart ? c_union : m_how, other);
     }
@@ -80,19 +89,25 @@ private:
 };
 
 /// The names in the rows of a combined surface, in order.
-template <class OnName>
-void ForEachName(inp_DataArray const& data, OnName const& onName)
+std::vector<CombinedName> NamesOf(inp_DataArray const& data)
 {
+  std::vector<CombinedName> names;
   for (int row = 0; row < data.Rows(); ++row)
   {
     for (int column = 0; column < data.Cols(row); ++column)
     {
       if (!data.IsNone(row, column))
       {
-        onName(data.AsString(row, column));
+        names.push_back({data.AsString(row, column), false});
       }
     }
   }
+  std::unordered_set<cow_String> behind;
+  for (auto name = names.rbegin(); name != names.rend(); ++name)
+  {
+    name->isLast = behind.insert(name->text).second;
+  }
+  return names;
 }
 
 inp_CoordMap const& CoordsOf(inp_CoordMap const& coords, cow_String const& instanceName)
@@ -150,19 +165,17 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
   Combination<inpM_PartInstanceSurface> combination(CombinationOf(keyword), *surface.Get(),
                                                     *taken.Get());
   Faults faults;
-  ForEachName(keyword.data,
-              [&](cow_String const& name)
-              {
-                if (auto const* const other =
-                      surfaces.ConstFindPartInstanceSurface(CurrentScope(), name))
-                {
-                  combination.Apply(name, *other);
-                }
-                else
-                {
-                  faults.Add(name);
-                }
-              });
+  for (CombinedName const& name : NamesOf(keyword.data))
+  {
+    if (auto const* const other = surfaces.ConstFindPartInstanceSurface(CurrentScope(), name.text))
+    {
+      combination.Apply(name, *other);
+    }
+    else
+    {
+      faults.Add(name.text);
+    }
+  }
   combination.Finish();
   SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
   return surface;
@@ -175,19 +188,18 @@ inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
   inpM_AssemblyInstanceSurface taken;
   Combination<inpM_AssemblyInstanceSurface> combination(CombinationOf(keyword), surface, taken);
   Faults faults;
-  ForEachName(keyword.data,
-              [&](cow_String const& name)
-              {
-                inpM_AssemblyInstanceSurface other;
-                if (FindSurface(name, other))
-                {
-                  combination.Apply(name, other);
-                }
-                else
-                {
-                  faults.Add(name);
-                }
-              });
+  for (CombinedName const& name : NamesOf(keyword.data))
+  {
+    inpM_AssemblyInstanceSurface other;
+    if (FindSurface(name.text, other))
+    {
+      combination.Apply(name, other);
+    }
+    else
+    {
+      faults.Add(name.text);
+    }
+  }
   combination.Finish();
   SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
   return surface;

@@ -121,7 +121,7 @@ void inp_SurfaceVisitor::SayNames(atr_MessageRow<Places> const& row, inp_Keyword
   if (names.Length() > 0)
   {
     atr_String const text =
-      inp_Utils::MessageWithItems(atr_Say(row, keyword.GetParameterAsString("name", "")), names);
+      inp_Utils::MessageWithItems(atr_Say(row, keyword.NameIn("name")), names);
     ListOf(row.severity).Append(inp_Utils::MessageInKeyword(keyword, text));
   }
 }

@@ -73,6 +73,7 @@ void inp_InputFile::MakePartMaps(bool lumen)
                                       elements.GetSets(), true, restartJob, true, "");
   generated.setLumenCompatible(lumen);
   generated.VisitListAndReport(keywords);
+  nodes.FinishNodeSets();
 
   inp_PartSurfaceVisitor surfaces(nodes.GetSets(), elements.GetSets(), elements.GetElements(),
                                   generated.GetCoordMap());
@@ -110,6 +111,7 @@ void inp_InputFile::ExtractAssemblyMaps(bool lumen)
   inp_NodeGenerationVisitor generated(nodes.GetCoordMap(), elements.GetElements(),
                                       elements.GetSets(), true, restartJob, false, "");
   generated.VisitListAndReport(keywords);
+  nodes.FinishNodeSets();
 
   inp_AssemblySurfaceVisitor surfaces(nodes.GetSets(), elements.GetSets(), elements.GetElements(),
                                       generated.GetCoordMap(), partSurfaceMap);

@@ -151,7 +151,7 @@ void inp_AssemblyElementVisitor::PutNumbers(inp_NodeNumbers& numbers)
   m_own.PutNumbers(numbers);
   m_own.Report();
   inpM_OmiSet const leftOut(m_own.LeftOut());
-  inpM_BaseSetMap const before = sets.ConstGetMap();
+  inpM_BaseSetMap const before = leftOut.IsEmpty() ? inpM_BaseSetMap() : sets.ConstGetMap();
   for (inpM_BaseSetMapIT it(before); !it.IsDone(); it.Next())
   {
     if (HasAny(it.CurrentValue(), leftOut))

@@ -150,7 +150,9 @@ void Dumper::DumpData(inp_DataArray const& data, int indent)
     int const columns = data.Cols(row);
     for (int column = 0; column < columns; ++column)
     {
-      m_json.String(data.AsStringVerbatim(row, column).View());
+      cow_String const text = data.AsStringVerbatim(row, column);
+      bool const isBlank = text == "0" && data.IsNone(row, column); // among numbers
+      m_json.String(isBlank ? "" : text.View());
     }
     m_json.EndArray();
     m_output.Relieve();

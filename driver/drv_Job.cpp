@@ -84,7 +84,7 @@ drv_Job::Step const drv_Job::c_steps[] = {
   {"parameters", drv_final, &drv_Job::SumUp},
   {"organize", drv_final, &drv_Job::Organize, &drv_Job::WantsOrganizedRows},
   {"maps", drv_final, &drv_Job::MakeMaps, &drv_Job::WantsMaps},
-  {"numbers", drv_final, &drv_Job::Number, &drv_Job::WantsMaps},
+  {"numbers", drv_final, &drv_Job::Number, &drv_Job::WantsNumbers},
   {"inventory", drv_final, &drv_Job::CheckParts, &drv_Job::WantsMaps},
 };
 
@@ -286,12 +286,9 @@ void drv_Job::CheckParts(drv_Job& job)
   }
 }
 
-/// Elements of the assembly are read with the model's own numbers; others ask for numbers in a dump
-/// alone.
 void drv_Job::Number(drv_Job& job)
 {
-  bool const isDumped = job.m_options.command == drv_dump;
-  if (job.m_hasMaps && (isDumped || job.m_model.assemblyKeywords.Length() > 0))
+  if (job.m_hasMaps)
   {
     job.m_model.NumberModel();
   }

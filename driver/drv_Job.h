@@ -61,6 +61,7 @@ private:
     return m_options.command == drv_check ||
            (m_options.command == drv_dump && m_options.what != drv_keywords);
   }
+  bool WantsNumbers() const { return WantsMaps() && m_options.command == drv_dump; }
   bool WantsOrganizedRows() const
   {
     return m_options.command == drv_print ||

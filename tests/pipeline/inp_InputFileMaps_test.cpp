@@ -289,10 +289,14 @@ TEST(inp_InputFile, ManyInstancesOfALargePartCostNoMoreThanTheirKeywords)
     surface += name + ".ALL\n";
   }
   auto const start = std::chrono::steady_clock::now();
-  Road const road(deck + surface + "*END ASSEMBLY\n");
+  Road const road(deck + surface +
+                  "*ELEMENT, TYPE=SPRINGA\n1, P-10.50001, P-3999.1\n*END ASSEMBLY\n");
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
   EXPECT_THAT(road.messages, IsEmpty());
   EXPECT_EQ(50001 * instances, road.input.assemblyCoordMap.Count());
+  int const* const spring = road.input.assemblyElementMap.ConstGet().ConstGet(1).topology();
+  EXPECT_THAT(std::vector<int>(spring, spring + 2),
+              ElementsAre(3 * 50001, 3333 * 50001 + 1)); // third by name, and the one behind P-3998
   inpM_AssemblyInstanceSurface const& made =
     road.input.assemblySurfaceMap.ConstGetAssemblyInstanceSurface("S");
   EXPECT_EQ(instances, made.ConstGetInstance2PartInstanceSurfaceMap().Size());

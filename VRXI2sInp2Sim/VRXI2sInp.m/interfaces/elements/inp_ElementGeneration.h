@@ -60,6 +60,10 @@ private:
 /// A row without fields, or with a blank one alone.
 bool inp_IsBlankRow(inp_DataArray const& data, int row);
 
+/// An element as its generators copy it: the midside nodes of a gasket that the deck left out have no
+/// label again, even when the original's have got theirs by now.
+inp_Element inp_AsGiven(inp_Element const& element);
+
 /// The nodes that go with a copy of an element: all but those at the end that orient a cross section.
 int inp_MovableNodesInGeneration(inp_Element const& element, bool allNodes);
 int inp_MovableNodesInCopy(inp_Element const& element);

@@ -23,7 +23,7 @@ class inp_KeywordExpansionVisitor;
 ///     CheckTextEncoding()     names and titles are UTF-8
 ///     setModelParameters()    section points and model-wide flags, from the flat list
 ///     Classify(lumen)         the hierarchy, and the maps of parts and instances
-///     NumberModel()           numbers across the model, and the elements between instances
+///     NumberModel()           numbers across the model, for those who want all of them
 ///     CheckOutOfPlace()       the rules of parts and rigid bodies, from hierarchy and maps
 ///
 /// Stages return nothing. What they have to say goes to the sink (wip_WIP) when a stage ends:
@@ -72,9 +72,9 @@ public:
   /// The rules that span keywords.
   void CheckParts();
   /// Numbers nodes and elements across the assembly, each from 1 up: the assembly's own ones first, then
-  /// by instance in name order (nodeIdMap, elementIdMap). The other maps keep the user's labels, except
-  /// that the elements of the assembly, which are read here from assemblyKeywords, name their nodes by
-  /// number, as such a node may be any instance's.
+  /// by instance in name order (nodeIdMap, elementIdMap). O(nodes and elements of all instances). The other
+  /// maps keep the user's labels, except that the elements of the assembly name their nodes by these
+  /// numbers, as such a node may be any instance's.
   void NumberModel();
 
   /// Writes every keyword as deck lines, in list order.
@@ -114,8 +114,7 @@ public:
   inpM_InstanceMap<gsl_Matrix> transformationMap; ///< position by instance
   inpM_IdMap nodeIdMap; ///< the user's labels to the model's own numbers, once it is numbered
   inpM_IdMap elementIdMap;
-  cow_List<inp_Keyword>
-    assemblyKeywords; ///< elements of the assembly, for inp_AssyLevelElemVisitor
+  cow_List<inp_Keyword> assemblyKeywords;         ///< the *ELEMENT keywords of the assembly itself
   inpM_InstanceMap<cow_String> instancePartNames; ///< instance to part
   inp_ModelParameters modelParameters;
 

@@ -75,6 +75,13 @@ bool QuotesCells(inp_KeywordEnm keyword)
   }
 }
 
+/// Rows of numbers keep a blank cell as a 0, which would be read as a label that is none.
+cow_String CellText(inp_DataArray const& data, int row, int column)
+{
+  cow_String const text = data.AsString(row, column);
+  return text == "0" && data.IsNone(row, column) ? cow_String() : text;
+}
+
 cow_String DeckCell(inp_DataArray const& data, int row, int column, bool quotesCells)
 {
   if (quotesCells)
@@ -85,7 +92,7 @@ cow_String DeckCell(inp_DataArray const& data, int row, int column, bool quotesC
       return "\"" + text + "\"";
     }
   }
-  return data.AsString(row, column);
+  return CellText(data, row, column);
 }
 
 } // namespace
@@ -176,7 +183,7 @@ cow_String inp_Keyword::Print(bool withSuboptions) const
   {
     for (int column = 0; column < data.Cols(row); ++column)
     {
-      text.Append(column > 0 ? ", " : "").Append(data.AsString(row, column));
+      text.Append(column > 0 ? ", " : "").Append(CellText(data, row, column));
     }
     text.Append("\n");
   }

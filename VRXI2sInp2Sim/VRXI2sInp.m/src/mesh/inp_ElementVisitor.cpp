@@ -26,6 +26,10 @@ void AppendListed(cow_List<int>& labels, int label)
 }
 
 /// Room for the layers, behind the bottom nodes; false when a label would be too large.
+///
+/// GKPE6, GKPS6 and GK3D12M take optional nodes between their two faces, which are in neither layer: a
+/// bottom node has no counterpart there whose label the offset could give. So the list ends behind the
+/// layers, and is not filled up with empty places; an element of layers has the nodes of its layers.
 bool FillWithLayers(std::vector<int>& nodes, inp_ElementFamily const& family, int offset)
 {
   std::size_t const bottom = nodes.size();
@@ -224,7 +228,7 @@ void inp_ElementVisitor::ReadElement(inp_Keyword const& keyword, Definition cons
   int const label = rows.Label();
   std::vector<int> const& nodes = rows.Nodes();
   int const count = static_cast<int>(nodes.size());
-  bool const isLayered = family.IsLayered() && count > given;
+  bool const isLayered = family.IsLayered() && given == family.bottomNodes;
   if (isTooLong)
   {
     AppendListed(found.tooLong, label);

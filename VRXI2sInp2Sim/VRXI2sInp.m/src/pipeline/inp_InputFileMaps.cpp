@@ -6,6 +6,7 @@
 #include "inp_InputFile.h"
 #include "inp_KwdDataReleaseVisitor.h"
 #include "inp_NodeGenerationVisitor.h"
+#include "inp_NodeNumbers.h"
 #include "inp_PartElementVisitor.h"
 #include "inp_PartNodeVisitor.h"
 #include "inp_PartSurfaceVisitor.h"
@@ -112,6 +113,9 @@ void inp_InputFile::ExtractAssemblyMaps(bool lumen)
                                       elements.GetSets(), true, restartJob, false, "");
   generated.VisitListAndReport(keywords);
   nodes.FinishNodeSets();
+
+  inp_NodeNumbers numbers(generated.GetCoordMap());
+  elements.PutNumbers(numbers);
 
   inp_AssemblySurfaceVisitor surfaces(nodes.GetSets(), elements.GetSets(), elements.GetElements(),
                                       generated.GetCoordMap(), partSurfaceMap);

@@ -2,6 +2,7 @@
 
 #include "inp_DataArray.h"
 #include "inp_Element.h"
+#include "mem_Budget.h"
 
 #include <cstdint>
 
@@ -11,7 +12,7 @@
 struct inp_ElementGeneration
 {
   /// What the generators of a walk may make: more could hardly be held, and no model comes near.
-  static constexpr int c_mostElements = 50000000;
+  static constexpr int c_mostElements = mem_Budget(50000000);
   static constexpr int c_directions = 3;
   static constexpr int c_fields = 1 + 3 * c_directions;
 

@@ -3,6 +3,7 @@
 #include "inpM_CreateSet.h"
 #include "inpM_SetMap.h"
 #include "inp_Visitor.h"
+#include "mem_Budget.h"
 
 #include <cstddef>
 
@@ -150,7 +151,8 @@ protected:
   cow_List<cow_String> instanceNames; ///< ascending
   cow_List<cow_String> importedInstances; ///< ascending
   bool lumenCompatible = false;
-  std::size_t mostBytes = std::size_t{3} << 30; ///< of the sets that rows of the walk make
+  std::size_t mostBytes =
+    mem_Budget(std::size_t{3} << 30); ///< of the sets that rows of the walk make
 
 private:
   struct Faults;

@@ -6,6 +6,7 @@
 #include "inp_CoordMap.h"
 #include "inp_MapInt2Element.h"
 #include "inp_Visitor.h"
+#include "mem_Budget.h"
 
 class inpM_ElementFaceIdSurface;
 class inp_CropDefinition;
@@ -99,7 +100,7 @@ private:
   void SayNames(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
                 cow_List<cow_String> const& names);
 
-  static constexpr std::size_t c_mostOfSet = 50000000;
+  static constexpr std::size_t c_mostOfSet = mem_Budget(50000000);
   static constexpr std::size_t c_mostAdded = 4 * c_mostOfSet;
   std::size_t m_added = 0; ///< ids of sets, by this walk
 };

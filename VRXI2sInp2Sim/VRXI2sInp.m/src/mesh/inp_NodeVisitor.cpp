@@ -5,6 +5,7 @@
 #include "inp_NodeDataArrayImpl.h"
 #include "inp_RecordMessages.h"
 #include "inp_RowFields.h"
+#include "mem_Budget.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +15,7 @@ namespace
 
 /// Some 4 GiB of nodes: what the generators of a walk may make. A few short rows can ask for more than
 /// any memory holds.
-constexpr int c_mostGenerated = 50000000;
+constexpr int c_mostGenerated = mem_Budget(50000000);
 
 gsl_Point PointOf(inp_Coord const& coord) { return {coord.x, coord.y, coord.z}; }
 

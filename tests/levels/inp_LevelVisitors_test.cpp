@@ -157,6 +157,29 @@ TEST(inp_AssyLevelElemVisitor, ListsNoMoreElementsThanThoseOfParts)
   EXPECT_EQ(1001, deck.elements->GetElements().ConstGet().Size());
 }
 
+TEST(inp_AssyLevelElemVisitor, ReadsTheSameAloneAndWithinTheWalkOverTheAssembly)
+{
+  LevelDeck deck(Deck("", "*NODE\n7, 0., 0., 0.\n"
+                          "*ELEMENT, TYPE=SPRINGA, ELSET=S\n1, ARM-1.1, ALL.ARM-1.2, 7\n2, 8, 7\n"
+                          "*ELSET, ELSET=T, INTERNAL\n2, S\n"));
+  std::string const tooMany = "Too many nodes for element(s) of type \"SPRINGA\":\n1";
+  std::string const missing = "Connectivity item 8 is an undefined assembly level node.";
+  EXPECT_EQ(std::to_string(c_firstLine + 3) + " warning: " + tooMany + "\n" +
+              Error(c_firstLine + 3, missing),
+            deck.messages);
+  inpM_BaseSetMap const& sets = deck.elements->GetSets().ConstGetMap();
+  EXPECT_EQ("{\"S\": [1], \"T\": [1]}", SetsText(sets));
+  EXPECT_TRUE(sets.ConstGet("T").IsPicked());
+  EXPECT_EQ("1 SPRINGA: 2 3", ElementsText(deck.elements->GetElements().ConstGet()));
+
+  inp_AssyLevelElemVisitor alone;
+  alone.VisitList(deck.list);
+  inp_NodeNumbers numbers(deck.nodes->GetCoordMap());
+  alone.PutNumbers(numbers);
+  EXPECT_EQ("1 SPRINGA: 2 3", ElementsText(alone.GetElements().ConstGet()));
+  EXPECT_EQ(deck.messages, MessagesText(alone, deck.list.ConstGet(0).fileName));
+}
+
 // Instances that share the nodes of a part, one with nodes of its own, one with a level below, one without.
 TEST(inp_NodeNumbers, AreThoseOfTheWholeNumbering)
 {

@@ -26,8 +26,6 @@ public:
   void PutNumbers(inp_NodeNumbers& numbers);
 
   void Visit(inp_Keyword& keyword) override;
-  void VisitAssembly(inp_Keyword& keyword) override;
-  void VisitEndAssembly(inp_Keyword& keyword) override;
   void VisitInstance(inp_Keyword& keyword) override;
   void VisitEndInstance(inp_Keyword& keyword) override;
   void VisitElement(inp_Keyword& keyword) override;
@@ -37,7 +35,7 @@ protected:
   bool IsValidInstanceName(cow_String const& name) const override { return IsInstance(name); }
 
 private:
-  void ReadOwnElements(inp_Keyword& keyword);
+  void ReadOwnElements(inp_Keyword const& keyword);
 
   inpM_InstanceMap<inp_MapInt2Element> m_partElements;
   inpM_SetMap m_partElementSets;

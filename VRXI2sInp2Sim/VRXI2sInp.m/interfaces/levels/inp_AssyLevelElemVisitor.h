@@ -32,7 +32,10 @@ public:
   void Visit(inp_Keyword& keyword) override;
   void VisitElement(inp_Keyword& keyword) override { VisitElementImpl(keyword); }
 
-  /// What the last *ELEMENT that was visited brings into the set that it names.
+  /// As the walk reads an *ELEMENT, for another walk that comes to one. `assemblyName` may stand in front of
+  /// the names of instances.
+  void ReadElements(inp_Keyword const& keyword, cow_String const& assemblyName);
+  /// What the last *ELEMENT brings into the set that it names.
   cow_List<int> const& LabelsOfSet() const { return m_labelsOfSet; }
 
   /// Appends all that has been said to lists of another visitor, which reports it in their order.

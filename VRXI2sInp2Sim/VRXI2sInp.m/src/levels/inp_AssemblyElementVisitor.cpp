@@ -82,18 +82,6 @@ void inp_AssemblyElementVisitor::Visit(inp_Keyword& keyword)
   }
 }
 
-void inp_AssemblyElementVisitor::VisitAssembly(inp_Keyword& keyword)
-{
-  inp_ElementVisitor::VisitAssembly(keyword);
-  m_own.VisitAssembly(keyword);
-}
-
-void inp_AssemblyElementVisitor::VisitEndAssembly(inp_Keyword& keyword)
-{
-  inp_ElementVisitor::VisitEndAssembly(keyword);
-  m_own.VisitEndAssembly(keyword);
-}
-
 void inp_AssemblyElementVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
@@ -115,7 +103,6 @@ void inp_AssemblyElementVisitor::VisitEndInstance(inp_Keyword& keyword)
 {
   DefaultAction(keyword);
   ClearInstanceName();
-  m_part.Erase();
 }
 
 void inp_AssemblyElementVisitor::VisitElement(inp_Keyword& keyword)
@@ -130,10 +117,10 @@ void inp_AssemblyElementVisitor::VisitElement(inp_Keyword& keyword)
   }
 }
 
-void inp_AssemblyElementVisitor::ReadOwnElements(inp_Keyword& keyword)
+void inp_AssemblyElementVisitor::ReadOwnElements(inp_Keyword const& keyword)
 {
   m_keywords.Append(keyword);
-  m_own.VisitElement(keyword);
+  m_own.ReadElements(keyword, m_assemblyName);
   m_own.MoveMessages(m_warningList, m_errorList);
   if (!elements.HasValue() && m_own.GetElements().HasValue())
   {

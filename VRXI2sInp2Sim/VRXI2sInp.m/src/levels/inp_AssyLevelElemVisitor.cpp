@@ -86,11 +86,17 @@ inp_DataArray inp_AssyLevelElemVisitor::WithItemsNumbered(inp_DataArray const& d
 // *ELEMENT rows: label, node[, node ...]; a node is instance.label or a label of the assembly.
 void inp_AssyLevelElemVisitor::VisitElementImpl(inp_Keyword& keyword)
 {
+  ReadElements(keyword, m_assemblyName);
+}
+
+void inp_AssyLevelElemVisitor::ReadElements(inp_Keyword const& keyword,
+                                            cow_String const& assemblyName)
+{
   m_labelsOfSet.Clear();
   Definition definition;
   if (ReadAssemblyDefinition(keyword, definition))
   {
-    m_read.push_back({keyword, definition, m_assemblyName, {}, {}, {}});
+    m_read.push_back({keyword, definition, assemblyName, {}, {}, {}});
     ReadRows(m_read.back());
   }
 }

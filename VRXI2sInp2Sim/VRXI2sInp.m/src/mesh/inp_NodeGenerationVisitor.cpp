@@ -403,6 +403,7 @@ void inp_NodeGenerationVisitor::MakeMiddle(Implied const& implied, inp_CoordMap&
   m_waiting[*missing].push_back(implied);
 }
 
+/// For a label that is new, so that what waits for it is made once.
 void inp_NodeGenerationVisitor::InsertNode(int label, inp_Coord const& coord, inp_CoordMap& coords)
 {
   coords.Insert(label, coord);
@@ -410,6 +411,5 @@ void inp_NodeGenerationVisitor::InsertNode(int label, inp_Coord const& coord, in
   if (waiting != m_waiting.end())
   {
     m_ready.insert(m_ready.end(), waiting->second.rbegin(), waiting->second.rend());
-    m_waiting.erase(waiting);
   }
 }

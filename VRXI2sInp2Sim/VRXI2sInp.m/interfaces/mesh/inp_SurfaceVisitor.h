@@ -8,6 +8,8 @@
 #include "inp_Visitor.h"
 #include "mem_Budget.h"
 
+#include <cstdint>
+
 class inpM_ElementFaceIdSurface;
 class inp_CropDefinition;
 
@@ -79,7 +81,8 @@ protected:
   inpM_InstanceMap<inp_MapInt2Element> elements;
   inp_CoordMap coordMap;
   inpM_InstanceMap<cow_String> instanceParts;
-  bool isNodeSurface = false; ///< kind of the keyword at hand
+  bool isNodeSurface = false;          ///< kind of the keyword at hand
+  std::int64_t copiesLeft = 500000000; ///< of facets, by combinations of this walk
 
 private:
   class Faults;

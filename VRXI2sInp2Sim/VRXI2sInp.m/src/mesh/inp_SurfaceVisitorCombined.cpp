@@ -22,6 +22,39 @@ combineEnm CombinationOf(inp_Keyword const& keyword)
   return word == "INTERSECTION" ? c_intersection : word == "DIFFERENCE" ? c_difference : c_union;
 }
 
+/// Counts the facets that are copied when surfaces are added to another one: those of the others, and once
+/// its own. What is empty takes a share of the first.
+class CopyCount
+{
+public:
+  std::int64_t Of(inpM_PartInstanceSurface const& surface, inpM_PartInstanceSurface const& other,
+                  cow_String const& instanceName = cow_String())
+  {
+    if (surface.IsEmpty())
+    {
+      return 0;
+    }
+    return other.Count() + (m_detached.insert(instanceName).second ? surface.Count() : 0);
+  }
+
+  std::int64_t Of(inpM_AssemblyInstanceSurface const& surface,
+                  inpM_AssemblyInstanceSurface const& other)
+  {
+    std::int64_t count = Of(surface.ConstGetNodeSurface(), other.ConstGetNodeSurface());
+    inpM_PartInstanceSurfaceMap const& pieces = surface.ConstGetInstance2PartInstanceSurfaceMap();
+    inpM_PartInstanceSurfaceMapSIT it(other.ConstGetInstance2PartInstanceSurfaceMap());
+    for (; !it.IsDone(); it.Next())
+    {
+      inpM_PartInstanceSurface const* const piece = pieces.ConstFind(it.CurrentKey());
+      count += piece != nullptr ? Of(*piece, it.CurrentValue(), it.CurrentKey()) : 0;
+    }
+    return count;
+  }
+
+private:
+  std::unordered_set<cow_String> m_detached; ///< instances whose pieces are no shares any more
+};
+
 /// A field of the rows, and whether none behind it is the same.
 struct CombinedName
 {
@@ -36,23 +69,36 @@ template <class Surface>
 class Combination
 {
 public:
-  /// Both are empty, and of the kind that is to be made.
-  Combination(combineEnm how, Surface& result, Surface& taken)
-    : m_how(how), m_result(result), m_taken(taken), m_growth(how == c_difference ? taken : result)
+  /// Both are empty, and of the kind that is to be made. `left` is how many facets may be copied.
+  Combination(combineEnm how, Surface& result, Surface& taken, std::int64_t& left)
+    : m_how(how),
+      m_result(result),
+      m_taken(taken),
+      m_left(left),
+      m_growth(how == c_difference ? taken : result)
   {
   }
 
-  void Apply(CombinedName const& name, Surface const& other)
+  /// False when the other one is left out, since it is too large.
+  bool Apply(CombinedName const& name, Surface const& other)
   {
     bool const isStart = !std::exchange(m_hasStart, true);
     if (isStart && m_how == c_difference)
     {
       m_result.Add(other);
+      return true;
     }
-    else if (m_applied.insert(name.text).second || (name.isLast && m_how == c_union))
+    bool const decidesAreas = name.isLast && m_how == c_union && !other.IsElementSurface();
+    bool const counts = m_applied.insert(name.text).second || decidesAreas;
+    if (counts && !TakeRoom(isStart ? c_union : m_how, other))
+    {
+      return false;
+    }
+    if (counts)
     {
       Combine(isStart ? c_union : m_how, other);
     }
+    return true;
   }
 
   void Finish()
@@ -62,6 +108,28 @@ public:
   }
 
 private:
+  bool TakeRoom(combineEnm how, Surface const& other)
+  {
+    std::int64_t const needed = CountCopies(how, other);
+    bool const fits = needed <= m_left;
+    m_left -= fits ? needed : 0;
+    return fits;
+  }
+
+  std::int64_t CountCopies(combineEnm how, Surface const& other)
+  {
+    switch (how)
+    {
+    case c_union:
+      return m_copies.Of(m_result, other);
+    case c_intersection:
+      return m_result.Count() + other.Count();
+    case c_difference:
+      return m_copies.Of(m_result, other) + m_copiesTaken.Of(m_taken, other);
+    }
+    return 0;
+  }
+
   void Combine(combineEnm how, Surface const& other)
   {
     switch (how)
@@ -83,6 +151,9 @@ private:
   combineEnm m_how;
   Surface& m_result;
   Surface& m_taken;
+  std::int64_t& m_left;
+  CopyCount m_copies;
+  CopyCount m_copiesTaken;
   inp_SurfaceGrowth<Surface> m_growth;
   bool m_hasStart = false;
   std::unordered_set<cow_String> m_applied;
@@ -163,13 +234,13 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
   inpM_PartInstanceSurfaceHandle taken =
     CreateSurface(isNodeSurface ? inpM_nodeSurface : inpM_elementSurface);
   Combination<inpM_PartInstanceSurface> combination(CombinationOf(keyword), *surface.Get(),
-                                                    *taken.Get());
+                                                    *taken.Get(), copiesLeft);
   Faults faults;
   for (CombinedName const& name : NamesOf(keyword.data))
   {
     if (auto const* const other = surfaces.ConstFindPartInstanceSurface(CurrentScope(), name.text))
     {
-      combination.Apply(name, *other);
+      faults.AddTooLargeUnless(combination.Apply(name, *other), name.text);
     }
     else
     {
@@ -178,6 +249,7 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
   }
   combination.Finish();
   SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
+  SayNames(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge());
   return surface;
 }
 
@@ -186,14 +258,15 @@ inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
 {
   inpM_AssemblyInstanceSurface surface;
   inpM_AssemblyInstanceSurface taken;
-  Combination<inpM_AssemblyInstanceSurface> combination(CombinationOf(keyword), surface, taken);
+  Combination<inpM_AssemblyInstanceSurface> combination(CombinationOf(keyword), surface, taken,
+                                                        copiesLeft);
   Faults faults;
   for (CombinedName const& name : NamesOf(keyword.data))
   {
     inpM_AssemblyInstanceSurface other;
     if (FindSurface(name.text, other))
     {
-      combination.Apply(name, other);
+      faults.AddTooLargeUnless(combination.Apply(name, other), name.text);
     }
     else
     {
@@ -202,6 +275,7 @@ inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
   }
   combination.Finish();
   SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
+  SayNames(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge());
   return surface;
 }
 

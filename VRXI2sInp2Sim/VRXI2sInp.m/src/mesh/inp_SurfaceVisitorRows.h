@@ -62,6 +62,13 @@ class inp_SurfaceVisitor::Faults
 public:
   void Add(cow_String const& name) { Add(m_names, name); }
   void AddTooLarge(cow_String const& name) { Add(m_tooLarge, name); }
+  void AddTooLargeUnless(bool fits, cow_String const& name)
+  {
+    if (!fits)
+    {
+      AddTooLarge(name);
+    }
+  }
   cow_List<cow_String> const& Names() const { return m_names; }
   cow_List<cow_String> const& TooLarge() const { return m_tooLarge; }
 

@@ -1,4 +1,5 @@
 #include "NodePlaces.h"
+#include "inp_KeywordEnm.h"
 
 TEST(inp_NodeVisitor, NodeRowsGiveNodesAndASet)
 {

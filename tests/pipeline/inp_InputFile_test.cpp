@@ -158,9 +158,13 @@ TEST(inp_InputFile, TellsWhetherAModelCanBeDividedIntoParts)
   EXPECT_FALSE(found.partConvertible);
 }
 
-TEST(inp_InputFile, CountsStepsOnFromEarlierJobs)
+TEST(inp_InputFile, TakesWhatTheDriverGivesAndCountsStepsOnFromEarlierJobs)
 {
   inp_InputFile input;
+  EXPECT_FALSE(input.InOdbConverter() || input.GetIncludePath().Length() > 0);
+  input.inOdbConverter = true;
+  input.includePath = "there";
+  EXPECT_TRUE(input.InOdbConverter() && input.GetIncludePath() == "there");
   input.numberSteps = 3;
   input.numberRestartSteps = 7;
   input.keywords = DeckKeywords("*STEP\n*RESTART, READ\n*STEP\n");

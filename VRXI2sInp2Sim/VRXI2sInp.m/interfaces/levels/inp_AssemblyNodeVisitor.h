@@ -39,6 +39,7 @@ protected:
 
 private:
   void ReadPosition(inp_Keyword const& keyword);
+  void ReadRotation(inp_Keyword const& keyword);
 
   inp_CoordMap m_partCoordMap;
   inpM_SetMap m_partNodeSets;

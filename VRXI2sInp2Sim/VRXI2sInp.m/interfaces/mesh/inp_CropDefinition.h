@@ -27,7 +27,6 @@ public:
   explicit inp_CropDefinition(inp_Keyword const& keyword);
 
   bool IsValid() const { return valid; }
-  bool IsOriented() const { return oriented; }
 
   /// Tells whether a node, in its position, lies in a valid box.
   bool IsInBox(inp_Coord const& node) const;

@@ -74,25 +74,33 @@ void inp_AssemblyNodeVisitor::VisitInstance(inp_Keyword& keyword)
   instancePositions.Insert(m_instanceName, instanceTransform);
 }
 
-// *INSTANCE rows: x, y, z; xa, ya, za, xb, yb, zb, angle. What is no number does not move the instance,
-// and no part of a rotation turns it.
+// *INSTANCE rows: x, y, z; xa, ya, za, xb, yb, zb, angle
 void inp_AssemblyNodeVisitor::ReadPosition(inp_Keyword const& keyword)
 {
-  inp_NumberFields fields(keyword);
   if (HasRow(keyword.data, 0))
   {
+    inp_NumberFields fields(keyword);
     instanceTransform.SetTranslation(gsl_Vector(fields.Point(0, 0)));
+    m_errorList.Concatenate(fields.Errors());
   }
-  int const faultsOfTranslation = fields.Errors().Length();
+  if (HasRow(keyword.data, 1))
+  {
+    ReadRotation(keyword);
+  }
+}
+
+// What cannot be read as a whole turns nothing.
+void inp_AssemblyNodeVisitor::ReadRotation(inp_Keyword const& keyword)
+{
+  inp_NumberFields fields(keyword);
   gsl_Point const a = fields.Point(1, 0);
   gsl_Vector axis(a, fields.Point(1, c_secondPoint));
   double const angle = fields.Real(1, c_angle) * c_radians;
-  m_errorList.Concatenate(fields.Errors());
-  if (!HasRow(keyword.data, 1) || fields.Errors().Length() > faultsOfTranslation)
+  if (fields.Errors().Length() > 0)
   {
-    return;
+    m_errorList.Concatenate(fields.Errors());
   }
-  if (!axis.Normalize())
+  else if (!axis.Normalize())
   {
     Say(inp_msgInstanceAxisUndefined, keyword);
   }

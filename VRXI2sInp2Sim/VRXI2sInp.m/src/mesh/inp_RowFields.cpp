@@ -17,18 +17,25 @@ bool HasField(inp_DataArray const& data, int row, int column)
   return row < data.Rows() && column < data.Cols(row);
 }
 
-/// Reads a text that is a finite number as a whole, blanks at its ends aside; an exponent may begin with
-/// "d".
-bool ReadNumber(std::string text, double& value)
+/// Reads a text that is a finite number as a whole, blanks at its ends aside.
+bool ReadNumber(char const* text, double& value)
+{
+  char const* end = nullptr;
+  value = inp_TextToDouble(text, &end);
+  bool const isRead = end != text && std::isfinite(value);
+  while (std::isspace(static_cast<unsigned char>(*end)) != 0)
+  {
+    ++end;
+  }
+  return isRead && *end == '\0';
+}
+
+/// The same for an exponent that begins with "d".
+bool ReadNumberD(std::string text, double& value)
 {
   std::replace_if(
     text.begin(), text.end(), [](char c) { return c == 'D' || c == 'd'; }, 'e');
-  char const* end = nullptr;
-  value = inp_TextToDouble(text.c_str(), &end);
-  bool const isWhole =
-    end != text.c_str() && std::all_of(end, text.c_str() + text.size(),
-                                       [](unsigned char c) { return std::isspace(c) != 0; });
-  return isWhole && std::isfinite(value);
+  return ReadNumber(text.c_str(), value);
 }
 
 } // namespace
@@ -41,11 +48,6 @@ int inp_IntField(inp_DataArray const& data, int row, int column)
 double inp_RealField(inp_DataArray const& data, int row, int column)
 {
   return HasField(data, row, column) ? data.AsDouble(row, column) : 0.0;
-}
-
-cow_String inp_TextField(inp_DataArray const& data, int row, int column)
-{
-  return HasField(data, row, column) ? data.AsString(row, column) : cow_String();
 }
 
 bool inp_HasIntegerParameter(inp_Keyword const& keyword, char const* name)
@@ -72,7 +74,7 @@ double inp_NumberFields::Real(int row, int column)
   }
   double value = 0.0;
   cow_String text = m_keyword.data.AsStringVerbatim(row, column);
-  if (ReadNumber(std::string(text.View()), value))
+  if (ReadNumber(text.CStr(), value) || ReadNumberD(std::string(text.View()), value))
   {
     return value;
   }

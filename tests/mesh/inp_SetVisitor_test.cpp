@@ -3,7 +3,6 @@
 #include "MeshDeck.h"
 #include "inp_SetVisitor.h"
 
-#include <chrono>
 #include <span>
 #include <sstream>
 
@@ -353,19 +352,23 @@ TEST(inp_SetVisitor, DebugPrintsTellWhereASetGoes)
 }
 
 // A deck may extend one set, or name sets that do not exist, as often as it has lines.
-TEST(inp_SetVisitor, ManySmallKeywordsAndUnknownNamesStayQuick)
+TEST(inp_SetVisitor, TakesAnyNumberOfSmallKeywordsAndUnknownNames)
 {
+  constexpr int count = 40000;
   std::string grown;
   std::string unknown = "*NSET, NSET=U\n";
-  for (int i = 1; i <= 40000; ++i)
+  std::string names;
+  for (int i = 1; i <= 2 * count; ++i)
   {
-    grown += "*NSET, NSET=ALL\n" + std::to_string(1000 * i) + "\n";
-    unknown += "NAME" + std::to_string(i) + (i % 12 == 0 ? "\n" : ",");
+    std::string const name = "NAME" + std::to_string(i % count);
+    grown += i <= count ? "*NSET, NSET=ALL\n" + std::to_string(1000 * i) + "\n" : "";
+    unknown += name + (i % 12 == 0 ? "\n" : ",");
+    names += i <= count ? (i > 1 ? ", " : "") + name : "";
   }
-  auto const start = std::chrono::steady_clock::now();
   MeshDeck const sets(grown + unknown + "\n");
-  auto const elapsed = std::chrono::steady_clock::now() - start;
-  EXPECT_EQ(sets.Visitor().GetSets().ConstGetNestedSet("P", "ALL").ConstGetIds().Length(), 40000);
-  EXPECT_NE(sets.messages.find("NAME1, NAME2"), std::string::npos);
-  EXPECT_LT(std::chrono::duration<double>(elapsed).count(), 20.0);
+  EXPECT_EQ(sets.Visitor().GetSets().ConstGetNestedSet("P", "ALL").ConstGetIds().Length(), count);
+  EXPECT_EQ(sets.messages, std::to_string(2 * count + 1) +
+                             " error: The following sets specified do not exist. Sets should be "
+                             "defined before they are used:\n" +
+                             names + "\n");
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
@@ -27,6 +28,15 @@ void Require(bool holds)
 {
   if (!holds)
   {
+    std::abort();
+  }
+}
+
+void RequireEqual(std::string const& text, std::string const& other)
+{
+  if (text != other)
+  {
+    std::fprintf(stderr, "---- one\n%s---- other\n%s----\n", text.c_str(), other.c_str());
     std::abort();
   }
 }
@@ -75,14 +85,14 @@ Listener& Listener::Instance()
 
 void Listener::Message(wip_Message const& message)
 {
-  ++m_count;
+  m_messages.append(message.text.View()).append("\n");
   atr_Origin const* const origin = message.text.Origin();
   Require(message.text.Length() > 0 && origin != nullptr && *origin->code != '\0' &&
           origin->line >= 0);
   also(*origin);
 }
 
-int Listener::TakeCount() { return std::exchange(m_count, 0); }
+std::string Listener::TakeMessages() { return std::exchange(m_messages, {}); }
 
 bool Runs(std::function<void()> const& stage)
 {
@@ -105,7 +115,7 @@ bool Runs(std::function<void()> const& stage)
 
 bool Expand(FuzzedDeck const& deck, inp_InputFile& input)
 {
-  Listener::Instance().TakeCount();
+  Listener::Instance().TakeMessages();
   thr_ThreadSingleton<inp_DistributionTableDB>::Finalize(); // what decks define stays in it
   input.includePath = deck.Folder();
   return Runs(

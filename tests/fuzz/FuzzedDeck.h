@@ -12,6 +12,8 @@
 
 /// What every run must come up to. A failure ends the program, which leaves the input behind.
 void Require(bool holds);
+/// The same, and shows both texts when they differ.
+void RequireEqual(std::string const& text, std::string const& other);
 
 /// A file in memory that is opened by its name.
 class MemoryFile
@@ -55,14 +57,14 @@ public:
   static Listener& Instance();
   void Message(wip_Message const& message) override;
 
-  /// Messages since the last call.
-  int TakeCount();
+  /// The messages since the last call, a line each.
+  std::string TakeMessages();
   /// Called with each message besides.
   std::function<void(atr_Origin const&)> also = [](atr_Origin const&) {};
 
 private:
   Listener();
-  int m_count = 0;
+  std::string m_messages;
 };
 
 /// Runs a stage. False when it raised what a deck may make it raise, which is a row that is no node, or

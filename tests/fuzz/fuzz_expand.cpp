@@ -35,7 +35,8 @@ void RequireSameAgain(inp_InputFile const& input)
   inp_InputFile again;
   again.Parse(file.Name().c_str());
   again.ExpandKeywords();
-  Require(Listener::Instance().TakeCount() == 0 && Listing(again.keywords) == listing);
+  RequireEqual(Listener::Instance().TakeMessages(), "");
+  RequireEqual(Listing(again.keywords), listing);
 }
 
 } // namespace
@@ -59,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     {
       Require(!keyword.Is(inp_kwUndefined));
     }
-    bool const isSilent = Listener::Instance().TakeCount() == 0;
+    bool const isSilent = Listener::Instance().TakeMessages().empty();
     if (isSilent && input.expansionFacts.includedFiles.Empty() && !input.hasManifest &&
         FitsLines(Listing(input.keywords)))
     {

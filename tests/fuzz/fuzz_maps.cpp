@@ -70,10 +70,16 @@ std::string MapsBehindAll(inp_InputFile& input)
   return Maps(input, partElements);
 }
 
+/// The first few messages get their hints, which look at the whole vocabulary.
 void Hint(cow_String const& folder)
 {
-  Listener::Instance().also = [folder](atr_Origin const& origin)
-  { srv_HintFor(origin, std::string(folder.View())); };
+  Listener::Instance().also = [folder, count = 0](atr_Origin const& origin) mutable
+  {
+    if (++count < 4)
+    {
+      srv_HintFor(origin, std::string(folder.View()));
+    }
+  };
 }
 
 } // namespace
@@ -98,7 +104,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   dumped.ReorganizeKeywords(true);
   cow_List<inp_Keyword> const keywords = dumped.keywords;
   dumped.ExtractMaps(true);
-  Require(MapsBehindAll(dumped) == maps);
+  RequireEqual(MapsBehindAll(dumped), maps);
   Listing(keywords);
   return 0;
 }

@@ -23,7 +23,7 @@ void RequireDoneAtOnce(inp_InputFile input, Rewrite const& rewrite)
   rewrite(input);
   std::string const listing = Listing(input.keywords);
   rewrite(input);
-  Require(Listing(input.keywords) == listing);
+  RequireEqual(Listing(input.keywords), listing);
 }
 
 void DescribePlaces(cow_List<inp_Keyword> const& keywords)

@@ -22,7 +22,7 @@ void RequireAscending(inpM_BaseSet const& set, cow_List<int> const& ids)
 {
   for (int i = 0; i < ids.Length(); ++i)
   {
-    Require(ids[i] >= 0 && ids[i] <= 999999999);
+    Require(ids[i] <= 999999999);
     Require(set.IsUnsorted() || i == 0 || ids[i - 1] < ids[i]);
   }
 }

@@ -4,6 +4,7 @@
 #include "inp_KeywordExpansionVisitor.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <iterator>
 #include <string_view>
 
@@ -24,6 +25,28 @@ constexpr Demanded c_demanded[] = {
   {"property", inp_msgPropertyRequired}, {"referencenodeset", inp_msgReferenceNodeSetRequired},
   {"type", inp_msgTypeRequired},
 };
+
+constexpr Demanded const* FindDemanded(std::string_view parameter)
+{
+  return std::find_if(std::begin(c_demanded), std::end(c_demanded),
+                      [parameter](Demanded const& row) { return row.parameter == parameter; });
+}
+
+constexpr bool HaveWords(std::initializer_list<std::string_view> parameters)
+{
+  return std::all_of(parameters.begin(), parameters.end(),
+                     [](std::string_view parameter)
+                     { return FindDemanded(parameter) != std::end(c_demanded); });
+}
+
+// Whatever a rule demands stands above.
+// clang-format off
+#define DEMANDS(...) && HaveWords({__VA_ARGS__})
+#define INP_RULE(stem, parameters, ...) __VA_ARGS__
+static_assert(true
+#include "inp_ExpansionRules.def"
+);
+// clang-format on
 
 bool HasOneOf(inp_Keyword const& keyword, inp_Requirement const& requirement)
 {
@@ -85,10 +108,7 @@ bool inp_KeywordExpansionVisitor::MeetsFor(inp_Keyword& keyword, inp_Requirement
   }
   if (kind == inp_Requirement::demanded && !keyword.HasParameter(name))
   {
-    auto const demanded =
-      std::find_if(std::begin(c_demanded), std::end(c_demanded),
-                   [name](Demanded const& row) { return row.parameter == name; });
-    Say(demanded->row, keyword);
+    Say(FindDemanded(name)->row, keyword);
     return false;
   }
   checkRequiredParameterValue(keyword, name);

@@ -25,8 +25,8 @@ std::vector<inp_distTableLabelEnum> ColumnsOf(inp_DataArray const& data,
 
 void Declare(inp_Keyword const& keyword, inp_DistributionTableDB& tables)
 {
-  inp_Item const* const name = keyword.parameters.ConstFind("name");
-  if (name == nullptr)
+  cow_String const name = keyword.NameIn("name");
+  if (name.Empty())
   {
     return;
   }
@@ -36,8 +36,7 @@ void Declare(inp_Keyword const& keyword, inp_DistributionTableDB& tables)
   {
     components += tables.getdistTableLabelEnumSize(column);
   }
-  tables.addDistTables(name->AsString(), static_cast<int>(columns.size()), components,
-                       columns.data());
+  tables.addDistTables(name, static_cast<int>(columns.size()), components, columns.data());
 }
 
 } // namespace

@@ -3,6 +3,18 @@
 #include "inp_KeywordEnm.h"
 #include "inp_LevelMessages.h"
 
+namespace
+{
+
+bool IsAnalyticalSurface(inp_Keyword const& keyword)
+{
+  return keyword.Is(inp_kwRigidSurface) ||
+         (keyword.Is(inp_kwSurface) &&
+          inp_Utils::IsAnalyticalSurfaceType(keyword.GetParameterAsString("type", "")));
+}
+
+} // namespace
+
 inp_AssemblySurfaceVisitor::inp_AssemblySurfaceVisitor(
   inpM_SetMap const& itsNodeSets, inpM_SetMap const& itsElementSets,
   inpM_InstanceMap<inp_MapInt2Element> const& itsElements, inp_CoordMap const& itsCoordMap,
@@ -26,17 +38,12 @@ void inp_AssemblySurfaceVisitor::Visit(inp_Keyword& keyword)
 
 void inp_AssemblySurfaceVisitor::NoteAnalyticalSurfaces(inp_Keyword const& part)
 {
-  cow_String const partName = part.GetParameterAsString("name", "");
+  cow_String const partName = part.NameIn("name");
   for (inp_Keyword const& keyword : part.suboptions)
   {
-    bool const isAnalytical =
-      keyword.Is(inp_kwRigidSurface) ||
-      (keyword.Is(inp_kwSurface) &&
-       inp_Utils::IsAnalyticalSurfaceType(keyword.GetParameterAsString("type", "")));
-    if (isAnalytical && keyword.HasParameter("name"))
+    if (IsAnalyticalSurface(keyword) && keyword.ReadName("name").IsGiven())
     {
-      m_analyticalSurfaces.emplace(partName.View(),
-                                   keyword.GetParameterAsString("name", "").View());
+      m_analyticalSurfaces.emplace(partName.View(), keyword.NameIn("name").View());
     }
   }
 }

@@ -20,13 +20,10 @@
 namespace
 {
 
-cow_String NameOf(inp_Keyword const& instance)
+cow_String NameOf(inp_Keyword const& level)
 {
-  inp_Item const* const name = instance.parameters.ConstFind("name");
-  inp_Item const* const imported = instance.parameters.ConstFind("instance");
-  return name != nullptr       ? name->AsString()
-         : imported != nullptr ? imported->AsString()
-                               : cow_String();
+  cow_String const name = level.NameIn("name");
+  return name.Empty() ? level.NameIn("instance") : name;
 }
 
 bool IsToBeImported(inp_Keyword const& keyword)

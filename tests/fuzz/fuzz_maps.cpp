@@ -47,27 +47,27 @@ private:
   std::string m_text;
 };
 
-std::string Maps(inp_InputFile const& input,
-                 inpM_InstanceMap<inp_MapInt2Element> const& partElements)
+std::string Maps(inp_InputFile const& input)
 {
   TextInMemory output;
   srv_JsonWriter json(output.Buffer(), srv_JsonWriter::compact);
   json.BeginObject();
-  srv_WriteMaps(input, partElements, json, output);
+  srv_WriteMaps(input, json, output);
   json.EndObject();
   return output.Text();
 }
 
-std::string MapsBehindAll(inp_InputFile& input)
+/// What stands in the maps before the last stage, which gives some of them up.
+std::string MapsOfAllStages(inp_InputFile& input)
 {
-  inpM_InstanceMap<inp_MapInt2Element> const partElements = input.partElementMap;
   input.NumberModel();
-  input.CheckOutOfPlace();
   WalkNodes(input.partCoordMap);
   WalkNodes(input.assemblyCoordMap);
   Require(input.nodeIdMap.NumberIds() == input.assemblyCoordMap.Count());
+  std::string const maps = Maps(input);
   srv_CountMesh(input);
-  return Maps(input, partElements);
+  input.CheckOutOfPlace();
+  return maps;
 }
 
 /// The first few messages get their hints, which look at the whole vocabulary.
@@ -99,12 +99,12 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   dumped.keywords = DeepCopy(checked.keywords);
   srv_CountKeywords(checked.keywords);
   checked.Classify(false);
-  std::string const maps = MapsBehindAll(checked);
+  std::string const maps = MapsOfAllStages(checked);
 
   dumped.ReorganizeKeywords(true);
   cow_List<inp_Keyword> const keywords = dumped.keywords;
   dumped.ExtractMaps(true);
-  RequireEqual(MapsBehindAll(dumped), maps);
+  RequireEqual(MapsOfAllStages(dumped), maps);
   Listing(keywords);
   return 0;
 }

@@ -4,6 +4,7 @@
 #include "eli_eostream.h"
 #include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
+#include "inp_RawDataArrayImpl.h"
 #include "inp_Visitor.h"
 
 namespace
@@ -80,6 +81,19 @@ cow_String CellText(inp_DataArray const& data, int row, int column)
 {
   cow_String const text = data.AsString(row, column);
   return text == "0" && data.IsNone(row, column) ? cow_String() : text;
+}
+
+/// Rows of nodes as numbers keep a blank line as the label 0, which would be read as one that is too small.
+bool IsBlankNode(inp_Keyword const& keyword, int row)
+{
+  return keyword.Is(inp_kwNode) &&
+         dynamic_cast<inp_RawDataArrayImpl const*>(&keyword.data.Impl()) == nullptr &&
+         keyword.data.AsInt(row, 0) == 0;
+}
+
+int PrintedCols(inp_Keyword const& keyword, int row)
+{
+  return IsBlankNode(keyword, row) ? 0 : keyword.data.Cols(row);
 }
 
 cow_String DeckCell(inp_DataArray const& data, int row, int column, bool quotesCells)
@@ -181,7 +195,8 @@ cow_String inp_Keyword::Print(bool withSuboptions) const
   cow_String text = KeywordLine(*this, c_textForm);
   for (int row = 0; row < data.Rows(); ++row)
   {
-    for (int column = 0; column < data.Cols(row); ++column)
+    int const columns = PrintedCols(*this, row);
+    for (int column = 0; column < columns; ++column)
     {
       text.Append(column > 0 ? ", " : "").Append(CellText(data, row, column));
     }
@@ -209,7 +224,8 @@ void inp_Keyword::Print(eli_eostream& stream, bool withSuboptions) const
   bool const quotesCells = QuotesCells(keyword);
   for (int row = 0; row < data.Rows(); ++row)
   {
-    for (int column = 0; column < data.Cols(row); ++column)
+    int const columns = PrintedCols(*this, row);
+    for (int column = 0; column < columns; ++column)
     {
       stream << (column > 0 ? ", " : "") << DeckCell(data, row, column, quotesCells);
     }

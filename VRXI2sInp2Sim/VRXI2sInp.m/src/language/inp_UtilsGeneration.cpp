@@ -3,6 +3,7 @@
 #include "inp_Numbers.h"
 #include "inp_Types.h"
 #include "inp_Utils.h"
+#include "mem_Budget.h"
 
 #include <cstdint>
 
@@ -12,8 +13,8 @@ namespace
 constexpr int c_longestLabel = 9;
 
 /// What one call lists: numbers take 4 bytes each, names some fifty.
-constexpr std::int64_t c_mostNumbers = (std::int64_t{3} << 30) / sizeof(int);
-constexpr std::int64_t c_mostNames = 20000000;
+constexpr std::int64_t c_mostNumbers = mem_Budget((std::int64_t{3} << 30) / sizeof(int));
+constexpr std::int64_t c_mostNames = mem_Budget(20000000);
 
 /// Differences are taken in 64 bits: start and end may lie further apart than an int reaches.
 bool CanStep(long long difference, long long step)

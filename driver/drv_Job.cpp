@@ -169,9 +169,13 @@ std::string drv_Job::ShownPath(aio_FileRead const& file) const
 
 void drv_Job::SpareInputs(drv_Output const& output) const
 {
+  aio_FileId const target = output.Target();
   for (aio_FileRead const& file : FilesRead())
   {
-    output.SpareInput(file.id, ShownPath(file));
+    if (target.inode != 0 && file.id == target)
+    {
+      output.RefuseInput(ShownPath(file));
+    }
   }
 }
 

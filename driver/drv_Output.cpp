@@ -59,16 +59,13 @@ aio_FileId drv_Output::Target() const
     return m_file->Replaced();
   }
   struct stat status = {};
-  bool const isOpen = ::fstat(m_descriptor, &status) == 0;
-  return isOpen ? aio_FileId{status.st_dev, status.st_ino} : aio_FileId();
+  bool const isFile = ::fstat(m_descriptor, &status) == 0 && S_ISREG(status.st_mode);
+  return isFile ? aio_FileId{status.st_dev, status.st_ino} : aio_FileId();
 }
 
-void drv_Output::SpareInput(aio_FileId const& input, std::string const& shownPath) const
+void drv_Output::RefuseInput(std::string const& shownPath) const
 {
-  if (input.inode != 0 && input == Target())
-  {
-    Fail("it is the input file '" + shownPath + "'");
-  }
+  Fail("it is the input file '" + shownPath + "'");
 }
 
 void drv_Output::WriteOut()

@@ -23,13 +23,15 @@ public:
   explicit drv_Output(std::string const& path);
   ~drv_Output() override;
 
-  /// To be called for each file that is read: raises drv_Failure when the output is that file.
-  void SpareInput(aio_FileId const& input, std::string const& shownPath) const;
+  /// The regular file that is written to, or that the new one will take the place of; none when there
+  /// is no such file.
+  aio_FileId Target() const;
+  /// Raises drv_Failure: the target is this file, which is read.
+  [[noreturn]] void RefuseInput(std::string const& shownPath) const;
   void Finish();
 
 private:
   void Open();
-  aio_FileId Target() const;
   void WriteOut() override;
   [[noreturn]] void Fail(int error) const;
   [[noreturn]] void Fail(std::string const& words) const;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "cow_Btree.h"
-#include "cow_Map.h"
 #include "inpM_InstanceMap.h"
 #include "inpM_SetMap.h"
 #include "inp_MapInt2Element.h"
@@ -99,7 +98,7 @@ private:
   cow_String PartOf(cow_String const& instanceName) const;
   inp_SurfaceUses* PartSurface(inp_SurfaceUses const& instanceSurface);
 
-  cow_Map<cow_String, inp_PartContents> partContents;
+  cow_Btree<cow_String, inp_PartContents> partContents;
   inpM_InstanceMap<inp_MapInt2Element> elements;           ///< of parts, by part
   inpM_InstanceMap<inp_MapInt2Element> m_assemblyElements; ///< of the assembly, by instance
   inpM_SetMap partSets;

@@ -9,7 +9,7 @@
 void inp_PartInventoryVisitor::CheckViolations()
 {
   RelateLevels();
-  cow_ConstMapSortedIt<cow_String, inp_PartContents> part(partContents);
+  cow_BtreeIterator<cow_String, inp_PartContents> part(partContents);
   for (part.First(); !part.IsDone(); part.Next())
   {
     CheckPart(part.CurrentKey(), part.CurrentValue());
@@ -74,15 +74,14 @@ void inp_PartInventoryVisitor::RelateLevels()
 /// The surface of the same name in the instance's part, or null.
 inp_SurfaceUses* inp_PartInventoryVisitor::PartSurface(inp_SurfaceUses const& instanceSurface)
 {
-  cow_String const partName = PartOf(instanceSurface.instanceName);
-  return partContents.IsMember(partName)
-           ? partContents.Get(partName).analyticalSurfaces.Find(instanceSurface.surfaceName)
-           : nullptr;
+  inp_PartContents* const contents = partContents.Find(PartOf(instanceSurface.instanceName));
+  return contents == nullptr ? nullptr
+                             : contents->analyticalSurfaces.Find(instanceSurface.surfaceName);
 }
 
 void inp_PartInventoryVisitor::checkPartSurfaceAndRigidBodyDefs()
 {
-  cow_ConstMapSortedIt<cow_String, inp_PartContents> part(partContents);
+  cow_BtreeIterator<cow_String, inp_PartContents> part(partContents);
   for (part.First(); !part.IsDone(); part.Next())
   {
     cow_BtreeIterator<cow_String, inp_SurfaceUses> surface(part.CurrentValue().analyticalSurfaces);

@@ -146,7 +146,7 @@ void inp_PartInventoryVisitor::VisitRigidBody(inp_Keyword& keyword)
     CheckRigidBodyOfPart(keyword);
     if (surface.Length() > 0)
     {
-      ++Mention(partContents.Get(m_partName).analyticalSurfaces, surface, cow_String(), surface,
+      ++Mention(partContents.Find(m_partName)->analyticalSurfaces, surface, cow_String(), surface,
                 keyword)
           .count;
     }
@@ -165,7 +165,7 @@ void inp_PartInventoryVisitor::VisitRigidBody(inp_Keyword& keyword)
 // A part's rigid body takes the whole part. A set that is not defined takes nothing of it.
 void inp_PartInventoryVisitor::CheckRigidBodyOfPart(inp_Keyword const& keyword)
 {
-  partContents.Get(m_partName).hasRigidBody = true;
+  partContents.Find(m_partName)->hasRigidBody = true;
   cow_String const elset = keyword.NameIn("elset");
   if (elset.Empty())
   {
@@ -313,7 +313,7 @@ void inp_PartInventoryVisitor::VisitSurface(inp_Keyword& keyword)
   }
   if (IsInPart())
   {
-    inp_PartContents& contents = partContents.Get(m_partName);
+    inp_PartContents& contents = *partContents.Find(m_partName);
     ++contents.numAnalyticalSurfaces;
     Define(Mention(contents.analyticalSurfaces, name, cow_String(), name, keyword), keyword);
   }

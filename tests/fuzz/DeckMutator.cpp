@@ -2,8 +2,8 @@
 // rows, parameters, rows and cells come, go, move and change. One change in four is a blind one all the
 // same, of a cell or of the whole. The words come from the vocabulary's tables, see DeckWords.
 
-#include "DeckText.h"
 #include "DeckWords.h"
+#include "FuzzedText.h"
 
 #include <algorithm>
 #include <cstdint>

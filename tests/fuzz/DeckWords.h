@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DeckText.h"
+#include "FuzzedText.h"
 #include "inp_KeywordEnm.h"
 
 #include <random>

@@ -1,4 +1,4 @@
-#include "DeckText.h"
+#include "FuzzedText.h"
 
 #include <algorithm>
 #include <cctype>

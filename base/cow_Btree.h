@@ -8,7 +8,7 @@
 //
 // A B-tree of up to 31 keys a node. A copy shares the root; a write copies the nodes on its path that
 // are shared. Every operation costs O(log n); a copy is O(1). Keys compare by cow_CompareKeys, texts
-// by bytes. Keys are never removed.
+// by bytes. Keys are never removed. Keys that come in ascending order fill their nodes.
 
 #include <algorithm>
 #include <cstddef>
@@ -16,17 +16,12 @@
 #include <vector>
 
 #include "cow_COW.h"
-#include "cow_Map.h"
+#include "cow_MapKeys.h"
 
-template <class K, class V>
+template <class K, class Entry>
 struct cow_BtreeNode : mem_AllocationOperators
 {
   using Handle = cow_COW<cow_BtreeNode, cow_Direct<cow_BtreeNode>>;
-  struct Entry
-  {
-    K key;
-    V value;
-  };
   static constexpr std::size_t half = 15;
   static constexpr std::size_t full = 2 * half + 1;
 
@@ -46,17 +41,20 @@ struct cow_BtreeNode : mem_AllocationOperators
     return at < entries.size() && cow_CompareKeys(entries[at].key, key) == 0;
   }
 
-  /// Halves the full child at `at`; its middle entry comes up.
-  void SplitChild(std::size_t at)
+  /// Halves the full child at `at` to make room for a key; its middle entry comes up. Before a key
+  /// that stands behind all others the last one comes up, as the next key will likely follow it.
+  void SplitChild(std::size_t at, K const& key)
   {
     cow_BtreeNode* const lower = children[at].Get();
     Handle upperHandle(new cow_BtreeNode);
     cow_BtreeNode* const upper = upperHandle.Get();
-    auto const middle = lower->entries.begin() + half;
+    std::ptrdiff_t const kept = lower->Position(key) == full ? full - 1 : half;
+    auto const middle = lower->entries.begin() + kept;
+    upper->entries.reserve(full);
     upper->entries.assign(std::move_iterator(middle + 1), std::move_iterator(lower->entries.end()));
     if (!lower->children.empty())
     {
-      auto const cut = lower->children.begin() + half + 1;
+      auto const cut = lower->children.begin() + kept + 1;
       upper->children.assign(std::move_iterator(cut), std::move_iterator(lower->children.end()));
       lower->children.erase(cut, lower->children.end());
     }
@@ -66,10 +64,11 @@ struct cow_BtreeNode : mem_AllocationOperators
   }
 };
 
-template <class K, class V>
+template <class K, class V, class Entry>
 class cow_BtreeIterator;
 
-template <class K, class V>
+/// `Entry` is cow_MapEntry<K, V>, or is derived from it to note more of a key.
+template <class K, class V, class Entry = cow_MapEntry<K, V>>
 class cow_Btree
 {
 public:
@@ -77,7 +76,13 @@ public:
   bool IsMember(K const& key) const { return ConstFind(key) != nullptr; }
 
   /// Adds the key with its value, and is true; false, and nothing happens, when the key is present.
-  bool InsertUnlessMember(K const& key, V const& value);
+  bool InsertUnlessMember(K const& key, V const& value)
+  {
+    if (IsMember(key))
+      return false;
+    AddNew({key, value});
+    return true;
+  }
 
   /// Adds the key, or gives it another value.
   void Insert(K const& key, V const& value)
@@ -87,8 +92,11 @@ public:
       *present = value;
       return;
     }
-    InsertUnlessMember(key, value);
+    AddNew({key, value});
   }
+
+  /// Adds an entry whose key is absent.
+  void AddNew(Entry entry);
 
   /// The value of `key` for writing, good until the map is copied or added to; null when absent.
   V* Find(K const& key);
@@ -97,8 +105,8 @@ public:
   V const* ConstFind(K const& key) const;
 
 private:
-  friend class cow_BtreeIterator<K, V>;
-  using Node = cow_BtreeNode<K, V>;
+  friend class cow_BtreeIterator<K, V, Entry>;
+  using Node = cow_BtreeNode<K, Entry>;
 
   typename Node::Handle m_root;
   int m_size = 0;
@@ -109,11 +117,11 @@ private:
 ///     cow_BtreeIterator<cow_String, int> it(map);
 ///     for (it.First(); !it.IsDone(); it.Next())
 ///       use(it.CurrentKey(), it.CurrentValue());
-template <class K, class V>
+template <class K, class V, class Entry = cow_MapEntry<K, V>>
 class cow_BtreeIterator
 {
 public:
-  explicit cow_BtreeIterator(cow_Btree<K, V> const& map) : m_root(map.m_root) {}
+  explicit cow_BtreeIterator(cow_Btree<K, V, Entry> const& map) : m_root(map.m_root) {}
 
   /// Begins, or begins again; before the first call there is nothing to see.
   void First()
@@ -133,21 +141,20 @@ public:
   }
 
   bool IsDone() const noexcept { return m_path.empty(); }
-  K const& CurrentKey() const noexcept { return Current().key; }
-  V const& CurrentValue() const noexcept { return Current().value; }
+  K const& CurrentKey() const noexcept { return CurrentEntry().key; }
+  V const& CurrentValue() const noexcept { return CurrentEntry().value; }
+  Entry const& CurrentEntry() const noexcept
+  {
+    return m_path.back().node->entries[m_path.back().at];
+  }
 
 private:
-  using Node = cow_BtreeNode<K, V>;
+  using Node = cow_BtreeNode<K, Entry>;
   struct Step
   {
     Node const* node;
     std::size_t at;
   };
-
-  typename Node::Entry const& Current() const noexcept
-  {
-    return m_path.back().node->entries[m_path.back().at];
-  }
 
   void Descend(Node const* node)
   {
@@ -162,8 +169,8 @@ private:
   std::vector<Step> m_path;
 };
 
-template <class K, class V>
-V const* cow_Btree<K, V>::ConstFind(K const& key) const
+template <class K, class V, class Entry>
+V const* cow_Btree<K, V, Entry>::ConstFind(K const& key) const
 {
   Node const* node = m_root.ConstGet();
   while (node != nullptr)
@@ -176,8 +183,8 @@ V const* cow_Btree<K, V>::ConstFind(K const& key) const
   return nullptr;
 }
 
-template <class K, class V>
-V* cow_Btree<K, V>::Find(K const& key)
+template <class K, class V, class Entry>
+V* cow_Btree<K, V, Entry>::Find(K const& key)
 {
   if (!IsMember(key))
     return nullptr;
@@ -191,12 +198,9 @@ V* cow_Btree<K, V>::Find(K const& key)
 }
 
 // Full nodes are split on the way down, so that there is always room for what comes up.
-template <class K, class V>
-bool cow_Btree<K, V>::InsertUnlessMember(K const& key, V const& value)
+template <class K, class V, class Entry>
+void cow_Btree<K, V, Entry>::AddNew(Entry entry)
 {
-  if (IsMember(key))
-    return false;
-  typename Node::Entry entry{key, value}; // either may live in a node that is about to change
   if (m_root.IsNull())
     m_root = new Node;
   if (m_root->entries.size() == Node::full)
@@ -204,7 +208,7 @@ bool cow_Btree<K, V>::InsertUnlessMember(K const& key, V const& value)
     typename Node::Handle grown(new Node);
     grown.Get()->children.push_back(m_root);
     m_root = std::move(grown);
-    m_root.Get()->SplitChild(0);
+    m_root.Get()->SplitChild(0, entry.key);
   }
   Node* node = m_root.Get();
   std::size_t at = node->Position(entry.key);
@@ -212,7 +216,7 @@ bool cow_Btree<K, V>::InsertUnlessMember(K const& key, V const& value)
   {
     if (node->children[at]->entries.size() == Node::full)
     {
-      node->SplitChild(at);
+      node->SplitChild(at, entry.key);
       at = node->Position(entry.key);
     }
     node = node->children[at].Get();
@@ -220,5 +224,4 @@ bool cow_Btree<K, V>::InsertUnlessMember(K const& key, V const& value)
   }
   node->entries.insert(node->entries.begin() + static_cast<std::ptrdiff_t>(at), std::move(entry));
   ++m_size;
-  return true;
 }

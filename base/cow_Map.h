@@ -14,48 +14,27 @@
 //
 // An operation costs the length of its path. That is log2(Size()) for keys that differ in their low
 // bits. Texts differ by the low bits of their bytes only, and those that do not, such as the names
-// SET-1, SET-3, SET-5, ... hang in one chain, which a search walks from its top: a million such names
-// in one map are slow, and cow_Btree serves them better. Nothing here recurses, so a chain may be as
-// long as it likes.
+// SET-1, SET-3, SET-5, ... hang in one chain. So when a path grows longer than cow_longestPath nodes the
+// tree is given up for a cow_Btree of the same keys: an operation costs O(log n) whatever the keys are.
+// The order of iteration stays that of the tree, which follows from the order in which keys came
+// (cow_MapOrder); a walk begins with O(n) steps for it, and a removal makes a tree again, O(n log n).
+// Nothing here recurses, so a chain may be as long as it likes.
 //
 // Counts are plain ints: a map and its copies belong to one thread at a time.
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
 #include <utility>
+#include <variant>
+#include <vector>
 
+#include "cow_Btree.h"
 #include "cow_COW.h"
-#include "cow_String.h"
+#include "cow_MapKeys.h"
+#include "cow_MapOrder.h"
 
-/// Bit number `depth` of an integer key, beginning again every 32.
-inline int cow_MapBit(int key, int depth) noexcept
-{
-  return static_cast<int>((static_cast<unsigned>(key) >> (depth & 31)) & 1U);
-}
-
-/// The low bit of one byte of a text, taken alternately from the front (even depths) and the back.
-/// Beyond the length of the text the bit is 0.
-inline int cow_MapBit(cow_String const& key, int depth) noexcept
-{
-  int const length = key.Length();
-  if (depth > length)
-    return 0;
-  int const half = depth >> 1;
-  // Depth 0 of the empty text reads the closing NUL.
-  int const at = (depth & 1) == 0 ? half : length - half - 1;
-  return key.CStr()[at] & 1;
-}
-
-/// Below, equal to or above 0: the order of sorted iteration. Texts compare by bytes.
-inline int cow_CompareKeys(int a, int b) noexcept { return a < b ? -1 : a > b ? 1 : 0; }
-
-inline int cow_CompareKeys(cow_String const& a, cow_String const& b) noexcept
-{
-  int const order = a.View().compare(b.View());
-  return order < 0 ? -1 : order > 0 ? 1 : 0;
-}
+inline constexpr int cow_longestPath = 64;
 
 template <class K, class V>
 struct cow_MapNode;
@@ -64,10 +43,12 @@ template <class K, class V>
 using cow_MapHandle = cow_COW<cow_MapNode<K, V>, cow_Direct<cow_MapNode<K, V>>>;
 
 template <class K, class V>
-struct cow_MapNode : mem_AllocationOperators
+struct cow_MapNode : cow_MapEntry<K, V>, mem_AllocationOperators
 {
-  cow_MapNode(K const& k, V const& v) : key(k), value(v) {}
-  cow_MapNode(K const& k, V&& v) : key(k), value(std::move(v)) {}
+  template <class Value>
+  cow_MapNode(K const& k, Value&& v) : cow_MapEntry<K, V>{k, std::forward<Value>(v)}
+  {
+  }
   cow_MapNode(cow_MapNode const&) = default; // shares both children
   cow_MapNode& operator=(cow_MapNode const&) = delete;
   ~cow_MapNode()
@@ -79,8 +60,6 @@ struct cow_MapNode : mem_AllocationOperators
   cow_MapHandle<K, V>& Child(int bit) noexcept { return bit == 0 ? left : right; }
   cow_MapHandle<K, V> const& Child(int bit) const noexcept { return bit == 0 ? left : right; }
 
-  K key;
-  V value;
   cow_MapHandle<K, V> left;
   cow_MapHandle<K, V> right;
 
@@ -116,6 +95,13 @@ private:
   }
 };
 
+/// A key of a map that has left the tree, with the number of keys that were there before it.
+template <class K, class V>
+struct cow_NumberedEntry : cow_MapEntry<K, V>
+{
+  int number;
+};
+
 template <class K, class V>
 class cow_ConstMapIterator;
 
@@ -126,13 +112,15 @@ public:
   cow_Map() = default;
   cow_Map(cow_Map const&) noexcept = default; // O(1), shares
   cow_Map(cow_Map&& other) noexcept           // leaves an empty map
-    : m_root(std::move(other.m_root)), m_size(std::exchange(other.m_size, 0))
+    : m_form(std::move(other.m_form)), m_size(std::exchange(other.m_size, 0))
   {
+    if (other.IsSorted())
+      other.m_form.template emplace<Handle>();
   }
   // By value: what is assigned may live inside this map.
   cow_Map& operator=(cow_Map other) noexcept
   {
-    m_root.Swap(other.m_root);
+    m_form.swap(other.m_form);
     std::swap(m_size, other.m_size);
     return *this;
   }
@@ -141,21 +129,17 @@ public:
   bool Empty() const noexcept { return m_size == 0; }
   void Clear() { *this = cow_Map(); }
 
-  bool IsMember(K const& key) const noexcept { return FindNode(key) != nullptr; }
+  bool IsMember(K const& key) const noexcept { return ConstFind(key) != nullptr; }
 
   /// The value of `key`, or null: one walk in place of IsMember and ConstGet.
-  V const* ConstFind(K const& key) const noexcept
-  {
-    cow_MapNode<K, V> const* const node = FindNode(key);
-    return node == nullptr ? nullptr : &node->value;
-  }
+  V const* ConstFind(K const& key) const noexcept;
 
   /// The value of `key`, which must be present.
-  V const& ConstGet(K const& key) const noexcept { return FindNode(key)->value; }
+  V const& ConstGet(K const& key) const noexcept { return *ConstFind(key); }
 
   /// The value of `key`, which must be present, for writing; good until the map is copied or changed
   /// in another way. Copies the nodes on the path that another map holds too.
-  V& Get(K const& key) { return Walk(key)->Get()->value; }
+  V& Get(K const& key);
 
   /// Adds the key, or replaces the value that it has. Always true.
   bool Insert(K const& key, V const& value) { return InsertValue(key, value); }
@@ -166,19 +150,38 @@ public:
 
 private:
   friend class cow_ConstMapIterator<K, V>;
+  using Entry = cow_MapEntry<K, V>;
   using Node = cow_MapNode<K, V>;
   using Handle = cow_MapHandle<K, V>;
+  using Numbered = cow_NumberedEntry<K, V>;
+  using Sorted = cow_Btree<K, V, Numbered>;
+  struct Found
+  {
+    Handle* handle;
+    int depth;
+  };
+
+  bool IsSorted() const noexcept { return m_form.index() != 0; }
+  Handle& Root() noexcept { return *std::get_if<0>(&m_form); }
+  Handle const& Root() const noexcept { return *std::get_if<0>(&m_form); }
+  Sorted& Keys() { return *std::get_if<1>(&m_form)->Get(); }
+  Sorted const& Keys() const noexcept { return *std::get_if<1>(&m_form)->ConstGet(); }
 
   Node const* FindNode(K const& key) const noexcept;
-  Handle* Walk(K const& key);
+  Found Walk(K const& key);
   template <class Value>
   bool InsertValue(K const& key, Value&& value);
+  template <class Visit>
+  void VisitInOrder(Visit const& visit) const;
+  void LeaveTree();
+  void MakeTree();
 
-  Handle m_root;
+  // The one or the other. What is small lies in what the alignment would leave empty.
+  [[no_unique_address]] std::variant<Handle, cow_COW<Sorted>> m_form;
   int m_size = 0;
 };
 
-/// A walk over the nodes that a map has now, in preorder: a node, all of its left subtree, all of its
+/// A walk over the keys that a map has now, in preorder: a node, all of its left subtree, all of its
 /// right subtree. Later changes of the map do not disturb it.
 ///
 ///     cow_ConstMapIterator<cow_String, int> it(map);
@@ -188,9 +191,7 @@ template <class K, class V>
 class cow_ConstMapIterator
 {
 public:
-  explicit cow_ConstMapIterator(cow_Map<K, V> const& map) : m_root(map.m_root), m_size(map.m_size)
-  {
-  }
+  explicit cow_ConstMapIterator(cow_Map<K, V> const& map) : m_map(map) {}
   cow_ConstMapIterator(cow_ConstMapIterator const&) = delete;
   cow_ConstMapIterator& operator=(cow_ConstMapIterator const&) = delete;
 
@@ -198,7 +199,7 @@ public:
   void First()
   {
     Collect();
-    m_current = m_nodes.get();
+    m_current = m_entries.get();
   }
   void Next() noexcept { ++m_current; }
   bool IsDone() const noexcept { return m_current == nullptr || *m_current == nullptr; }
@@ -206,18 +207,17 @@ public:
   V const& CurrentValue() const noexcept { return (*m_current)->value; }
 
 protected:
-  using Node = cow_MapNode<K, V>;
+  using Entry = cow_MapEntry<K, V>;
 
-  Node const** Nodes() noexcept { return m_nodes.get(); }
-  int Size() const noexcept { return m_size; }
+  Entry const** Entries() noexcept { return m_entries.get(); }
+  int Size() const noexcept { return m_map.Size(); }
 
 private:
   void Collect();
 
-  cow_MapHandle<K, V> m_root;
-  int m_size;
-  std::unique_ptr<Node const*[]> m_nodes;
-  Node const** m_current = nullptr;
+  cow_Map<K, V> const m_map;
+  std::unique_ptr<Entry const*[]> m_entries;
+  Entry const** m_current = nullptr;
 };
 
 /// The same walk in the order of a comparison of keys, ascending unless told otherwise.
@@ -225,10 +225,10 @@ template <class K, class V>
 class cow_ConstMapSortedIt : public cow_ConstMapIterator<K, V>
 {
   using Base = cow_ConstMapIterator<K, V>;
-  using Node = cow_MapNode<K, V>;
+  using Entry = cow_MapEntry<K, V>;
 
 public:
-  /// A comparison of two `cow_MapNode<K, V> const*` for qsort.
+  /// A comparison of two `cow_MapEntry<K, V> const*` for qsort.
   using Comparison = int (*)(void const* a, void const* b);
 
   explicit cow_ConstMapSortedIt(cow_Map<K, V> const& map, Comparison compare = AscSortCmp)
@@ -239,14 +239,14 @@ public:
   void First()
   {
     Base::First();
-    std::qsort(Base::Nodes(), static_cast<std::size_t>(Base::Size()), sizeof(Node const*),
+    std::qsort(Base::Entries(), static_cast<std::size_t>(Base::Size()), sizeof(Entry const*),
                m_compare);
   }
 
   static int AscSortCmp(void const* a, void const* b)
   {
-    return cow_CompareKeys((*static_cast<Node const* const*>(a))->key,
-                           (*static_cast<Node const* const*>(b))->key);
+    return cow_CompareKeys((*static_cast<Entry const* const*>(a))->key,
+                           (*static_cast<Entry const* const*>(b))->key);
   }
   static int DescSortCmp(void const* a, void const* b) { return AscSortCmp(b, a); }
 
@@ -259,39 +259,68 @@ private:
 template <class K, class V>
 cow_MapNode<K, V> const* cow_Map<K, V>::FindNode(K const& key) const noexcept
 {
-  Node const* node = m_root.ConstGet();
+  Node const* node = Root().ConstGet();
   for (int depth = 0; node != nullptr && !(node->key == key); ++depth)
     node = node->Child(cow_MapBit(key, depth)).ConstGet();
   return node;
 }
 
+template <class K, class V>
+V const* cow_Map<K, V>::ConstFind(K const& key) const noexcept
+{
+  if (IsSorted()) [[unlikely]]
+    return Keys().ConstFind(key);
+  Node const* const node = FindNode(key);
+  return node == nullptr ? nullptr : &node->value;
+}
+
 // The handle at which the key's node hangs, or would hang; every node on the way is this map's own.
 template <class K, class V>
-cow_MapHandle<K, V>* cow_Map<K, V>::Walk(K const& key)
+typename cow_Map<K, V>::Found cow_Map<K, V>::Walk(K const& key)
 {
-  Handle* handle = &m_root;
-  for (int depth = 0; !handle->IsNull(); ++depth)
+  Found found{&Root(), 0};
+  for (; !found.handle->IsNull(); ++found.depth)
   {
-    Node* const node = handle->Get();
+    Node* const node = found.handle->Get();
     if (node->key == key)
       break;
-    handle = &node->Child(cow_MapBit(key, depth));
+    found.handle = &node->Child(cow_MapBit(key, found.depth));
   }
-  return handle;
+  return found;
+}
+
+template <class K, class V>
+V& cow_Map<K, V>::Get(K const& key)
+{
+  return IsSorted() ? *Keys().Find(key) : Walk(key).handle->Get()->value;
 }
 
 template <class K, class V>
 template <class Value>
 bool cow_Map<K, V>::InsertValue(K const& key, Value&& value)
 {
-  Handle* const handle = Walk(key);
-  if (Node* const node = handle->Get())
+  if (IsSorted()) [[unlikely]]
+  {
+    Sorted& keys = Keys();
+    if (V* const present = keys.Find(key))
+    {
+      *present = std::forward<Value>(value);
+      return true;
+    }
+    keys.AddNew({{key, std::forward<Value>(value)}, m_size});
+    ++m_size;
+    return true;
+  }
+  Found const found = Walk(key);
+  if (Node* const node = found.handle->Get())
   {
     node->value = std::forward<Value>(value);
     return true;
   }
-  *handle = new Node(key, std::forward<Value>(value));
+  *found.handle = new Node(key, std::forward<Value>(value));
   ++m_size;
+  if (found.depth >= cow_longestPath) [[unlikely]]
+    LeaveTree();
   return true;
 }
 
@@ -300,7 +329,9 @@ bool cow_Map<K, V>::Remove(K const& key)
 {
   if (!IsMember(key))
     return false;
-  Handle* handle = Walk(key);
+  if (IsSorted())
+    MakeTree();
+  Handle* handle = Walk(key).handle;
   for (Node* node = handle->Get();;)
   {
     Handle* const below = !node->right.IsNull() ? &node->right : &node->left;
@@ -317,18 +348,65 @@ bool cow_Map<K, V>::Remove(K const& key)
   return true;
 }
 
+// Keys that go into an empty map in preorder make the same tree again.
+template <class K, class V>
+void cow_Map<K, V>::LeaveTree()
+{
+  cow_COW<Sorted> sorted(new Sorted);
+  Sorted& keys = *sorted.Get();
+  cow_ConstMapIterator<K, V> it(*this);
+  for (it.First(); !it.IsDone(); it.Next())
+    keys.AddNew({{it.CurrentKey(), it.CurrentValue()}, keys.Size()});
+  m_form = std::move(sorted);
+}
+
+template <class K, class V>
+void cow_Map<K, V>::MakeTree()
+{
+  Handle root;
+  std::vector<Node*> path; // from the root to the node that was made last
+  VisitInOrder(
+    [&](Entry const& entry, int depth)
+    {
+      path.resize(static_cast<std::size_t>(depth));
+      Handle& place = path.empty() ? root : path.back()->Child(cow_MapBit(entry.key, depth - 1));
+      place = new Node(entry.key, entry.value);
+      path.push_back(place.Get());
+    });
+  m_form = std::move(root);
+}
+
+/// Calls visit(entry, depth) for the keys of a map without a tree, in the preorder of the tree.
+template <class K, class V>
+template <class Visit>
+void cow_Map<K, V>::VisitInOrder(Visit const& visit) const
+{
+  std::vector<Numbered const*> entries(static_cast<std::size_t>(m_size));
+  cow_BtreeIterator<K, V, Numbered> it(Keys());
+  for (it.First(); !it.IsDone(); it.Next())
+    entries[static_cast<std::size_t>(it.CurrentEntry().number)] = &it.CurrentEntry();
+  cow_MapOrder<Entry> order;
+  for (Numbered const* const entry : entries)
+    order.Add(*entry);
+  order.ForEach(visit);
+}
+
 // The right children still to be visited wait at the far end of the array: together with the nodes
 // already collected they are never more than the map has.
 template <class K, class V>
 void cow_ConstMapIterator<K, V>::Collect()
 {
-  std::size_t const size = static_cast<std::size_t>(m_size);
-  if (m_nodes == nullptr)
-    m_nodes.reset(new Node const*[size + 1]);
-  Node const** next = m_nodes.get();
-  Node const** const end = next + size;
-  Node const** waiting = end;
-  Node const* node = m_root.ConstGet();
+  using Node = cow_MapNode<K, V>;
+  std::size_t const size = static_cast<std::size_t>(Size());
+  if (m_entries == nullptr)
+    m_entries.reset(new Entry const*[size + 1]);
+  Entry const** next = m_entries.get();
+  Entry const** const end = next + size;
+  *end = nullptr;
+  if (m_map.IsSorted()) [[unlikely]]
+    return m_map.VisitInOrder([&](Entry const& entry, int) { *next++ = &entry; });
+  Entry const** waiting = end;
+  Node const* node = m_map.Root().ConstGet();
   while (node != nullptr)
   {
     *next++ = node;
@@ -341,7 +419,6 @@ void cow_ConstMapIterator<K, V>::Collect()
     else if (right != nullptr)
       node = right;
     else
-      node = waiting == end ? nullptr : *waiting++;
+      node = waiting == end ? nullptr : static_cast<Node const*>(*waiting++);
   }
-  *end = nullptr;
 }

@@ -279,8 +279,7 @@ void TenMemberSets(benchmark::State& state)
       {
         ids.Append(i * 9000 + member * 7 + 1);
       }
-      sets.InsertNestedSet("PART-1-1", names[static_cast<std::size_t>(i)],
-                           CreateSet(ids, false, false));
+      sets.InsertNestedSet("PART-1-1", names[static_cast<std::size_t>(i)], CreateSet(ids));
     }
     state.PauseTiming();
     bytes = 0.0;
@@ -308,7 +307,7 @@ void SetOfSets(benchmark::State& state)
     {
       ids.Append(1 + static_cast<int>(random() % 10000000));
     }
-    sets.push_back(CreateSet(ids, false, false));
+    sets.push_back(CreateSet(ids));
   }
   for (auto _ : state)
   {

@@ -45,7 +45,7 @@ void Dumper::Dump(drv_Job& job)
   }
   if (job.What() != drv_keywords)
   {
-    srv_WriteMaps(job.Model(), job.PartElements(), m_json, m_output);
+    srv_WriteMaps(job.Model(), m_json, m_output);
   }
   m_json.EndObject();
   m_output.Write("\n");
@@ -59,7 +59,7 @@ void Dumper::DumpRecords(drv_Job& job)
   m_json.Key("missingIncludeFiles");
   DumpNames(model.readerFacts.missingIncludeFiles);
   m_json.Break(1).Key("keywords");
-  DumpKeywords(job.Keywords(), 3);
+  DumpKeywords(model.keywords, 3);
 }
 
 void Dumper::DumpNames(cow_List<cow_String> const& names)
@@ -150,7 +150,9 @@ void Dumper::DumpData(inp_DataArray const& data, int indent)
     int const columns = data.Cols(row);
     for (int column = 0; column < columns; ++column)
     {
-      m_json.String(data.AsStringVerbatim(row, column).View());
+      cow_String const text = data.AsStringVerbatim(row, column);
+      bool const isBlank = text == "0" && data.IsNone(row, column); // among numbers
+      m_json.String(isBlank ? "" : text.View());
     }
     m_json.EndArray();
     m_output.Relieve();

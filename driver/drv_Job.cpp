@@ -10,6 +10,7 @@
 #include "inp_ParserExceptions.h"
 #include "omi_Singleton.h"
 #include "omi_Timer.h"
+#include "srv_DistributionTables.h"
 #include "typ_DebugFlags.h"
 #include "utl_CommandLine.h"
 
@@ -79,10 +80,11 @@ struct drv_Job::Step
 drv_Job::Step const drv_Job::c_steps[] = {
   {"parse", drv_parse, &drv_Job::Parse},
   {"expand", drv_expand, [](drv_Job& job) { job.m_model.ExpandKeywords(); }},
-  {"parameters", drv_final, [](drv_Job& job) { job.m_model.setModelParameters(); }},
+  {"encoding", drv_expand, [](drv_Job& job) { job.m_model.CheckTextEncoding(); }},
+  {"parameters", drv_final, &drv_Job::SumUp},
   {"organize", drv_final, &drv_Job::Organize, &drv_Job::WantsOrganizedRows},
   {"maps", drv_final, &drv_Job::MakeMaps, &drv_Job::WantsMaps},
-  {"numbers", drv_final, &drv_Job::Number, &drv_Job::WantsMaps},
+  {"numbers", drv_final, &drv_Job::Number, &drv_Job::WantsNumbers},
   {"inventory", drv_final, &drv_Job::CheckParts, &drv_Job::WantsMaps},
 };
 
@@ -250,26 +252,21 @@ void drv_Job::Parse(drv_Job& job)
   job.WarnOfSkippedLines();
 }
 
-/// For those who want records: the hierarchy, whose rows the maps have not taken over.
-void drv_Job::Organize(drv_Job& job)
+void drv_Job::SumUp(drv_Job& job)
 {
-  job.m_model.ReorganizeKeywords(job.m_options.lumen);
-  job.m_keywords = job.m_model.keywords;
-  job.m_keepsRows = true;
+  srv_DeclareDistributionTables(job.m_model.keywords);
+  job.m_model.setModelParameters();
 }
+
+/// For those who want records: the hierarchy with all its rows.
+void drv_Job::Organize(drv_Job& job) { job.m_model.ReorganizeKeywords(job.m_options.lumen); }
 
 void drv_Job::MakeMaps(drv_Job& job)
 {
-  bool const isOrganized = job.m_keepsRows;
-  if (!job.m_options.quiet && job.m_options.command == drv_check)
-  {
-    job.Census();
-  }
-  isOrganized ? job.m_model.ExtractMaps(job.m_options.lumen)
-              : job.m_model.Classify(job.m_options.lumen);
+  job.WantsOrganizedRows() ? job.m_model.ExtractMaps(job.m_options.lumen)
+                           : job.m_model.Classify(job.m_options.lumen);
   job.m_lacksFlatRoad = job.m_model.FlatRoadMissing();
   job.m_hasMaps = !job.m_lacksFlatRoad;
-  job.m_partElements = job.m_model.partElementMap;
   if (job.m_lacksFlatRoad && job.m_options.command != drv_check)
   {
     atr_String message = atr(c_noMapsOfFlatDecks);
@@ -280,20 +277,18 @@ void drv_Job::MakeMaps(drv_Job& job)
   }
 }
 
+/// A dump shows the elements of parts too, which the others have no more use for.
 void drv_Job::CheckParts(drv_Job& job)
 {
   if (job.m_hasMaps)
   {
-    job.m_model.CheckOutOfPlace();
+    job.m_options.command == drv_dump ? job.m_model.CheckParts() : job.m_model.CheckOutOfPlace();
   }
 }
 
-/// Elements of the assembly are read with the model's own numbers; others ask for numbers in a dump
-/// alone.
 void drv_Job::Number(drv_Job& job)
 {
-  bool const isDumped = job.m_options.command == drv_dump;
-  if (job.m_hasMaps && (isDumped || job.m_model.assemblyKeywords.Length() > 0))
+  if (job.m_hasMaps)
   {
     job.m_model.NumberModel();
   }

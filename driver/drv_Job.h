@@ -27,15 +27,8 @@ public:
   inp_InputFile& Model() { return m_model; }
   drv_stageEnm Stage() const { return m_options.stage; }
   drv_whatEnm What() const { return m_options.what; }
-  /// The keywords behind the last stage, with the rows that went over to the maps.
-  cow_List<inp_Keyword> const& Keywords() const
-  {
-    return m_keepsRows ? m_keywords : m_model.keywords;
-  }
-  /// The keywords of the flat list, behind its last stage.
+  /// What the keywords are that the last stage left.
   srv_KeywordCensus const& Census();
-  /// The elements of parts, which the model gives up in its last stage.
-  inpM_InstanceMap<inp_MapInt2Element> const& PartElements() const { return m_partElements; }
   bool HasMaps() const { return m_hasMaps; }
   /// The job came to where the maps of a flat model would be made.
   bool LacksFlatRoad() const { return m_lacksFlatRoad; }
@@ -68,6 +61,7 @@ private:
     return m_options.command == drv_check ||
            (m_options.command == drv_dump && m_options.what != drv_keywords);
   }
+  bool WantsNumbers() const { return WantsMaps() && m_options.command == drv_dump; }
   bool WantsOrganizedRows() const
   {
     return m_options.command == drv_print ||
@@ -75,6 +69,7 @@ private:
   }
 
   static void Parse(drv_Job& job);
+  static void SumUp(drv_Job& job);
   static void Organize(drv_Job& job);
   static void MakeMaps(drv_Job& job);
   static void CheckParts(drv_Job& job);
@@ -90,9 +85,6 @@ private:
   aio_FileRead m_deck;
   std::vector<Time> m_times;
   bool m_hasMaps = false;
-  bool m_keepsRows = false;
   bool m_lacksFlatRoad = false;
   std::optional<srv_KeywordCensus> m_census;
-  cow_List<inp_Keyword> m_keywords;
-  inpM_InstanceMap<inp_MapInt2Element> m_partElements;
 };

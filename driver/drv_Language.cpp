@@ -109,6 +109,51 @@ srv_Words ShownNames(cow_List<int> const& keywords)
   return names;
 }
 
+/// The parameters of all requirements of a kind, as the tables write them.
+srv_Words RequirementsOf(inp_ExpansionRule const& rule, inp_Requirement::kindEnm kind)
+{
+  srv_Words words;
+  for (inp_Requirement const* row = rule.requirements; row->kind != inp_Requirement::none; ++row)
+  {
+    for (char const* word : row->words)
+    {
+      if (word != nullptr && row->kind == kind)
+      {
+        words.emplace_back(word);
+      }
+    }
+  }
+  return words;
+}
+
+/// What must be given, whatever the words in which the keyword is refused without it.
+srv_Words RequiredOf(inp_ExpansionRule const& rule)
+{
+  srv_Words words;
+  for (auto const kind :
+       {inp_Requirement::demanded, inp_Requirement::demandedByHand, inp_Requirement::required})
+  {
+    srv_Words const more = RequirementsOf(rule, kind);
+    words.insert(words.end(), more.begin(), more.end());
+  }
+  return words;
+}
+
+/// Of keywords that an assembly of parts does not take: the parameter with which it does not, empty
+/// for the keyword as a whole.
+srv_Words RefusedOf(inp_ExpansionRule const& rule)
+{
+  srv_Words parameters;
+  for (inp_Requirement const* row = rule.requirements; row->kind != inp_Requirement::none; ++row)
+  {
+    if (row->kind == inp_Requirement::refused || row->kind == inp_Requirement::refusedThis)
+    {
+      parameters.emplace_back(row->words[1] != nullptr ? row->words[1] : "");
+    }
+  }
+  return parameters;
+}
+
 // ---- for people
 
 /// srv_Words behind a label, over as many lines as they need.
@@ -213,6 +258,46 @@ std::string ReferenceLines(inp_KeywordEnm keyword)
   return text.empty() ? text : "  names\n" + text;
 }
 
+srv_Words UpperWords(srv_Words words)
+{
+  for (std::string& word : words)
+  {
+    word = srv_Upper(word);
+  }
+  return words;
+}
+
+/// What the keyword must have, and where it may not stand.
+std::string RequirementLines(inp_KeywordEnm keyword, std::size_t indent)
+{
+  inp_ExpansionRule const* const rule = inp_ExpansionRuleOf(keyword);
+  if (rule == nullptr)
+  {
+    return "";
+  }
+  struct
+  {
+    char const* label;
+    srv_Words words;
+  } lines[] = {
+    {"requires", UpperWords(RequiredOf(*rule))},
+    {"and one of", UpperWords(RequirementsOf(*rule, inp_Requirement::demandedOne))},
+    {"with a value", UpperWords(RequirementsOf(*rule, inp_Requirement::valued))},
+    {"refused", {}},
+  };
+  for (std::string const& parameter : RefusedOf(*rule))
+  {
+    lines[3].words.push_back("in an assembly of part instances" +
+                             (parameter.empty() ? "" : " with " + srv_Upper(parameter)));
+  }
+  std::string text;
+  for (auto const& line : lines)
+  {
+    text += line.words.empty() ? "" : Paragraph(line.label, indent, line.words);
+  }
+  return text;
+}
+
 std::string Description(inp_KeywordEnm keyword)
 {
   constexpr std::size_t indent = 16;
@@ -222,6 +307,7 @@ std::string Description(inp_KeywordEnm keyword)
   text +=
     Paragraph("stands below", indent, parents.Empty() ? srv_Words{"nothing"} : ShownNames(parents));
   text += Paragraph("holds", indent, below.Empty() ? srv_Words{"nothing"} : ShownNames(below));
+  text += RequirementLines(keyword, indent);
   std::string const parameters = ParameterLines(keyword);
   text += parameters.empty() ? "  parameters    none\n" : "  parameters\n" + parameters;
   return text + ReferenceLines(keyword);
@@ -272,7 +358,17 @@ void WriteRule(srv_JsonWriter& json, inp_ExpansionRule const& rule)
     WriteWords(json, enumeration.values);
     json.EndObject();
   }
-  json.EndArray().EndObject();
+  json.EndArray().Key("required");
+  WriteWords(json, RequiredOf(rule));
+  json.Key("oneRequired");
+  WriteWords(json, RequirementsOf(rule, inp_Requirement::demandedOne));
+  json.Key("valueRequired");
+  WriteWords(json, RequirementsOf(rule, inp_Requirement::valued));
+  srv_Words const refused = RefusedOf(rule);
+  bool const always = !refused.empty() && refused.front().empty();
+  json.Key("refusedInAssembly").Bool(always).Key("refusedInAssemblyWith");
+  WriteWords(json, always ? srv_Words() : refused);
+  json.EndObject();
 }
 
 void WriteElementType(srv_JsonWriter& json, ElementType const& type)

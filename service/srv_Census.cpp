@@ -10,8 +10,7 @@ namespace
 
 std::string TextOf(inp_Keyword const& keyword, char const* parameter)
 {
-  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  return item != nullptr ? std::string(item->AsString().View()) : "";
+  return std::string(keyword.NameIn(parameter).View());
 }
 
 std::string NameOf(inp_Keyword const& keyword)

@@ -46,6 +46,8 @@ private:
   void DumpAssemblySurfaces(inpM_SurfaceMap const& surfaces);
   void DumpPairs(cow_IntTableInt const& pairs);
   void DumpList(cow_List<int> const& ids);
+  void DumpList(inpM_OmiSet const& ids);
+  void DumpOwnIds(inpM_BaseSet const& set);
   void BeginEntry(cow_String const& name);
   void BeginEntry(int label);
 
@@ -181,13 +183,37 @@ void MapDumper::DumpList(cow_List<int> const& ids)
   m_json.EndArray();
 }
 
+/// One by one: a few bytes of a sorted set may hold a thousand million.
+void MapDumper::DumpList(inpM_OmiSet const& ids)
+{
+  m_json.BeginArray();
+  for (inpM_OmiSetIT id(ids); !id.IsDone(); id.Next())
+  {
+    m_json.Number(id.CurrentItem());
+    m_output.Relieve();
+  }
+  m_json.EndArray();
+}
+
+void MapDumper::DumpOwnIds(inpM_BaseSet const& set)
+{
+  if (set.IsUnsorted())
+  {
+    DumpList(set.ConstGetIds());
+  }
+  else
+  {
+    DumpList(set.ConstGetOwnIds());
+  }
+}
+
 void MapDumper::DumpSets(inpM_BaseSetMap const& sets)
 {
   m_json.BeginObject();
   for (inpM_BaseSetMapSIT set(sets); !set.IsDone(); set.Next())
   {
     BeginEntry(set.CurrentKey());
-    DumpList(set.CurrentValue().ConstGetIds());
+    DumpOwnIds(set.CurrentValue());
   }
   m_json.EndObject();
 }
@@ -200,18 +226,27 @@ void MapDumper::DumpAssemblySets(inpM_BaseSetMap const& sets)
   {
     BeginEntry(set.CurrentKey());
     m_json.BeginObject();
-    cow_List<int> const own = set.CurrentValue().ConstGetIds();
-    if (own.Length() > 0)
+    inpM_BaseSet const& members = set.CurrentValue();
+    bool const hasOwn = members.IsUnsorted() ? members.ConstGetIds().Length() > 0
+                                             : !members.ConstGetOwnIds().IsEmpty();
+    if (hasOwn)
     {
       m_json.Key("");
-      DumpList(own);
+      DumpOwnIds(members);
     }
-    inpM_BaseSet::InstanceTree const instances = set.CurrentValue().ConstGetInstanceTree();
+    inpM_BaseSet::InstanceTree const instances = members.ConstGetInstanceTree();
     cow_BtreeIterator<cow_String, inpM_OmiSet> instance(instances);
     for (instance.First(); !instance.IsDone(); instance.Next())
     {
       m_json.Key(instance.CurrentKey().View());
-      DumpList(set.CurrentValue().ConstGetIds(instance.CurrentKey()));
+      if (members.IsUnsorted())
+      {
+        DumpList(members.ConstGetIds(instance.CurrentKey()));
+      }
+      else
+      {
+        DumpList(instance.CurrentValue());
+      }
     }
     m_json.EndObject();
   }
@@ -335,12 +370,10 @@ void MapDumper::DumpIds(inpM_IdMap const& ids)
 
 } // namespace
 
-void srv_WriteMaps(inp_InputFile const& model,
-                   inpM_InstanceMap<inp_MapInt2Element> const& partElements, srv_JsonWriter& json,
-                   srv_TextOutput& output)
+void srv_WriteMaps(inp_InputFile const& model, srv_JsonWriter& json, srv_TextOutput& output)
 {
   MapDumper dumper(json, output);
-  MapDumper::Maps const parts = {model.partCoordMap, partElements, model.partNsetMap,
+  MapDumper::Maps const parts = {model.partCoordMap, model.partElementMap, model.partNsetMap,
                                  model.partElsetMap, model.partSurfaceMap};
   MapDumper::Maps const assembly = {model.assemblyCoordMap, model.assemblyElementMap,
                                     model.assemblyNsetMap, model.assemblyElsetMap,

@@ -9,7 +9,5 @@ class srv_TextOutput;
 /// positions and ids. A node, an element or a set a line, put together while it is written, so that
 /// memory does not grow with the model.
 ///
-/// `partElements` are the parts' elements, which the model may have given up by now.
-void srv_WriteMaps(inp_InputFile const& model,
-                   inpM_InstanceMap<inp_MapInt2Element> const& partElements, srv_JsonWriter& json,
-                   srv_TextOutput& output);
+/// Parts show no elements once the model has given these up, in inp_InputFile::CheckOutOfPlace.
+void srv_WriteMaps(inp_InputFile const& model, srv_JsonWriter& json, srv_TextOutput& output);

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# What ./run, ./test and .ci/run share: installing what a build needs, and building a preset quietly.
+# What ./run, ./test and .ci/run share: installing what a build needs, and building a preset.
 # Sourced by them; root is the folder of the repository.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -8,7 +8,14 @@ has_command() { command -v "$1" >/dev/null 2>&1; }
 
 has_header() { echo "#include <$1>" | c++ -std=c++17 -x c++ -fsyntax-only - >/dev/null 2>&1; }
 
-# Packages that are not there, as far as the purpose (program or tests) needs them.
+# clang with the libraries of its sanitizers and of its fuzzer.
+has_fuzzer()
+{
+  echo 'extern "C" int LLVMFuzzerTestOneInput(char const*, unsigned long) { return 0; }' |
+    clang++ -fsanitize=fuzzer,address,undefined -x c++ - -o /dev/null >/dev/null 2>&1
+}
+
+# Packages that are not there, as far as the purpose (program, tests or all) needs them.
 missing_packages()
 {
   has_command cmake || echo cmake
@@ -16,10 +23,14 @@ missing_packages()
   has_command c++ || echo g++
   has_header CLI/CLI.hpp || echo libcli11-dev
   has_header nlohmann/json.hpp || echo nlohmann-json3-dev
-  if [ "$1" = tests ]; then
+  if [ "$1" != program ]; then
     has_header gtest/gtest.h || echo libgtest-dev
     has_header gmock/gmock.h || echo libgmock-dev
     has_command python3 || echo python3
+  fi
+  if [ "$1" = all ]; then
+    has_fuzzer || echo clang libclang-rt-14-dev
+    has_command clang-format-14 || echo clang-format-14
   fi
 }
 
@@ -53,7 +64,7 @@ install_packages()
 install_missing()
 {
   local packages
-  mapfile -t packages < <(missing_packages "$1")
+  mapfile -t packages < <(missing_packages "$1" | tr ' ' '\n')
   [ ${#packages[@]} = 0 ] || install_packages "${packages[@]}"
 }
 
@@ -70,16 +81,44 @@ quietly()
   fi
 }
 
-# build_preset PRESET [TARGET...]: configures and builds; warnings are errors where CI=true.
+# Of what ninja prints: on a terminal its counter, in one place; elsewhere a line for each tenth. What else it
+# says (warnings, errors) is shown whole.
+show_progress()
+{
+  local line tenth shown=0 clear=''
+  [ ! -t 2 ] || clear=$'\r\033[K'
+  while IFS= read -r line; do
+    if [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]]; then
+      tenth=$((10 * BASH_REMATCH[1] / BASH_REMATCH[2]))
+      if [ -n "$clear" ]; then
+        printf '%s%s' "$clear" "${line:0:78}"
+      elif [ $tenth -gt $shown ]; then
+        printf '  %d of %d\n' "${BASH_REMATCH[1]}" "${BASH_REMATCH[2]}"
+      fi
+      shown=$tenth
+    elif [ "$line" != 'ninja: no work to do.' ]; then
+      printf '%s%s\n' "$clear" "$line"
+    fi
+  done >&2
+  printf '%s' "$clear" >&2
+}
+
+# build_preset PRESET [TARGET...]: configures and builds, and tells how far it is; warnings are errors
+# where CI=true. The whole output is in build/PRESET-*.log.
 build_preset()
 {
   local preset=$1 strict=OFF targets=()
   shift
   [ "${CI:-}" != true ] || strict=ON
   [ $# = 0 ] || targets=(--target "$@")
+  echo "Building ${*:-all} into build/$preset" >&2
   quietly "$preset-configure" cmake --preset "$preset" \
-    -DINPDECK_WARNINGS_AS_ERRORS=$strict &&
-    quietly "$preset-build" cmake --build --preset "$preset" "${targets[@]}"
+    -DINPDECK_WARNINGS_AS_ERRORS=$strict || return 1
+  if ! (cd "$root" && cmake --build --preset "$preset" "${targets[@]}") 2>&1 </dev/null |
+    tee "$root/build/$preset-build.log" | show_progress; then
+    echo "Failed: cmake --build --preset $preset ${targets[*]}" >&2
+    return 1
+  fi
 }
 
 # run_tests PRESET [CTEST OPTION...]

@@ -3,9 +3,14 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 
+#include <algorithm>
+#include <deque>
 #include <map>
 #include <random>
 #include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -89,31 +94,6 @@ TEST(cow_Map, IteratesInPreorder)
   EXPECT_TRUE(nothing.IsDone());
 }
 
-TEST(cow_Map, RemovalFillsTheHoleFromBelowRightFirst)
-{
-  struct
-  {
-    char const* key;
-    char const* left;
-  } const steps[] = {
-    {"elset", "type name nset a ab op "}, // its right child a comes up
-    {"a", "type name nset ab op "},       // no right child: ab comes up, then op
-    {"type", "ab name nset op "},         // the root: ab, then op from the left of ab
-    {"nset", "ab name op "},
-  };
-  Texts map = Parameters();
-  EXPECT_FALSE(map.Remove("absent"));
-  int size = map.Size();
-  for (auto const& step : steps)
-  {
-    EXPECT_TRUE(map.Remove(step.key));
-    EXPECT_EQ(Preorder(map), step.left) << "without " << step.key;
-    EXPECT_FALSE(map.IsMember(step.key));
-    EXPECT_EQ(map.Size(), --size);
-  }
-  EXPECT_EQ(map.ConstGet("op"), 7);
-}
-
 TEST(cow_Map, WriteCopiesThePathOnly)
 {
   Texts map = Parameters();
@@ -151,80 +131,247 @@ TEST(cow_Map, IteratorKeepsTheTreeThatItCameFrom)
 namespace
 {
 
-// Three maps and three standard ones go through the same random operations, with copies among them.
-template <class K, class MakeKey>
-void HoldAgainstStandardMap(MakeKey const& makeKey)
+// The tree as it is defined: a node for each key, nothing shared, every search from the root.
+template <class K>
+class PlainTree
 {
-  for (unsigned seed = 0; seed < 200; ++seed)
+public:
+  bool IsMember(K const& key) { return *Link(key) >= 0; }
+
+  void Insert(K const& key, int value)
+  {
+    int& link = *Link(key);
+    if (link < 0)
+    {
+      link = static_cast<int>(m_nodes.size());
+      m_nodes.push_back({{key, value}, {-1, -1}});
+    }
+    m_nodes[link].entry.second = value;
+  }
+
+  // The hole is filled from below, by right children first.
+  bool Remove(K const& key)
+  {
+    int* link = Link(key);
+    if (*link < 0)
+      return false;
+    for (Node* node = &m_nodes[*link]; node->child[0] >= 0 || node->child[1] >= 0;)
+    {
+      link = &node->child[node->child[1] >= 0 ? 1 : 0];
+      node->entry = m_nodes[*link].entry;
+      node = &m_nodes[*link];
+    }
+    *link = -1;
+    return true;
+  }
+
+  std::vector<std::pair<K, int>> Preorder() const
+  {
+    std::vector<std::pair<K, int>> entries;
+    std::vector<int> waiting{m_root};
+    while (!waiting.empty())
+    {
+      int const next = waiting.back();
+      waiting.pop_back();
+      if (next < 0)
+        continue;
+      entries.push_back(m_nodes[next].entry);
+      waiting.insert(waiting.end(), {m_nodes[next].child[1], m_nodes[next].child[0]});
+    }
+    return entries;
+  }
+
+private:
+  struct Node
+  {
+    std::pair<K, int> entry;
+    int child[2];
+  };
+
+  int* Link(K const& key)
+  {
+    int* link = &m_root;
+    for (int depth = 0; *link >= 0 && m_nodes[*link].entry.first != key; ++depth)
+      link = &m_nodes[*link].child[cow_MapBit(key, depth)];
+    return link;
+  }
+
+  std::deque<Node> m_nodes;
+  int m_root = -1;
+};
+
+template <class It>
+auto EntriesOf(It&& it)
+{
+  std::vector<std::pair<std::decay_t<decltype(it.CurrentKey())>, int>> entries;
+  for (it.First(); !it.IsDone(); it.Next())
+    entries.emplace_back(it.CurrentKey(), it.CurrentValue());
+  return entries;
+}
+
+template <class K>
+void ExpectSame(cow_Map<K, int> const& map, PlainTree<K> const& model, unsigned run)
+{
+  auto entries = model.Preorder();
+  ASSERT_EQ(map.Size(), static_cast<int>(entries.size())) << "run " << run;
+  ASSERT_EQ(EntriesOf(cow_ConstMapIterator<K, int>(map)), entries) << "run " << run;
+  std::sort(entries.begin(), entries.end());
+  ASSERT_EQ(EntriesOf(cow_ConstMapSortedIt<K, int>(map)), entries) << "run " << run;
+  for (auto const& [key, value] : entries)
+    ASSERT_EQ(map.ConstGet(key), value) << "run " << run;
+}
+
+// Three maps and three plain trees go through the same random operations, with copies among them: a
+// copy, a removal and a write each in `rarity` operations, insertions otherwise.
+template <class K, class MakeKey>
+void HoldAgainstPlainTree(int steps, unsigned rarity, MakeKey const& makeKey)
+{
+  for (unsigned seed = 0; seed < 100; ++seed)
   {
     std::mt19937 random(seed);
     cow_Map<K, int> maps[3];
-    std::map<K, int> models[3];
-    for (int step = 0; step < 150; ++step)
+    PlainTree<K> models[3];
+    for (int step = 0; step < steps; ++step)
     {
       std::size_t const which = random() % 3;
-      cow_Map<K, int>& map = maps[which];
-      std::map<K, int>& model = models[which];
       K const key = makeKey(random);
-      switch (random() % 8)
+      auto const chance = random() % rarity;
+      if (chance == 0)
       {
-      case 0:
-        map = maps[(which + 1) % 3];
-        model = models[(which + 1) % 3];
-        break;
-      case 1:
-      case 2:
-        ASSERT_EQ(map.Remove(key), model.erase(key) == 1);
-        break;
-      case 3:
-        if (map.IsMember(key))
-        {
-          map.Get(key) = step;
-          model.at(key) = step;
-        }
-        break;
-      default:
-        map.Insert(key, step);
-        model[key] = step;
+        maps[which] = maps[(which + 1) % 3];
+        models[which] = models[(which + 1) % 3];
       }
-      ASSERT_EQ(map.IsMember(key), model.count(key) == 1);
-    }
-    for (int i = 0; i < 3; ++i)
-    {
-      ASSERT_EQ(maps[i].Size(), static_cast<int>(models[i].size())) << "run " << seed;
-      cow_ConstMapSortedIt<K, int> it(maps[i]);
-      it.First();
-      for (auto const& [key, value] : models[i])
+      else if (chance == 1)
+        ASSERT_EQ(maps[which].Remove(key), models[which].Remove(key));
+      else if (chance != 2 || models[which].IsMember(key))
       {
-        ASSERT_EQ(it.CurrentKey(), key) << "run " << seed;
-        ASSERT_EQ(it.CurrentValue(), value) << "run " << seed;
-        ASSERT_EQ(maps[i].ConstGet(key), value) << "run " << seed;
-        it.Next();
+        if (chance == 2)
+          maps[which].Get(key) = step;
+        else
+          ASSERT_TRUE(maps[which].Insert(key, step));
+        models[which].Insert(key, step);
       }
-      ASSERT_TRUE(it.IsDone());
+      ASSERT_EQ(maps[which].IsMember(key), models[which].IsMember(key));
     }
+    for (std::size_t i = 0; i < 3; ++i)
+      ExpectSame(maps[i], models[i], seed);
   }
+}
+
+cow_String Name(char const* prefix, int number)
+{
+  return cow_String(prefix).Append(cow_String(number));
 }
 
 } // namespace
 
-TEST(cow_Map, BehavesAsAStandardMap)
+TEST(cow_Map, BehavesAsAPlainTree)
 {
-  HoldAgainstStandardMap<int>(
-    [](std::mt19937& random)
+  HoldAgainstPlainTree<int>(150, 6,
+                            [](std::mt19937& random)
+                            {
+                              int const kinds[] = {static_cast<int>(random() % 60),
+                                                   -static_cast<int>(random() % 20),
+                                                   static_cast<int>(random() % 8) << 20, 999999999};
+                              return kinds[random() % 4];
+                            });
+  HoldAgainstPlainTree<cow_String>(150, 6,
+                                   [](std::mt19937& random)
+                                   {
+                                     cow_String key;
+                                     for (auto n = random() % 5; n != 0; --n)
+                                       key.Append(
+                                         static_cast<char>('a' + static_cast<char>(random() % 3)));
+                                     return key;
+                                   });
+}
+
+// Names of even digits hang in one path, which soon has more than cow_longestPath nodes; a removal makes
+// a tree of the map again.
+TEST(cow_Map, KeepsTheOrderOfATreeThatIsTooDeep)
+{
+  auto const makeKey = [](std::mt19937& random)
+  {
+    cow_String key("I-");
+    bool const isEven = random() % 8 != 0;
+    for (auto digits = 1 + random() % 3; digits != 0; --digits)
+      key.Append(static_cast<char>('0' + (isEven ? 2 * (random() % 5) : random() % 10)));
+    return key;
+  };
+  HoldAgainstPlainTree<cow_String>(1000, 12, makeKey);
+  HoldAgainstPlainTree<cow_String>(600, 300, makeKey);
+}
+
+TEST(cow_Map, TakesManyNamesThatDifferInTheirNumbers)
+{
+  int const size = 20000;
+  Texts map, half, third;
+  PlainTree<cow_String> model, halfModel;
+  for (int i = 1; i <= size; ++i)
+  {
+    map.Insert(Name("I-", i), i);
+    model.Insert(Name("I-", i), i);
+    if (i == size / 2)
     {
-      int const kinds[] = {static_cast<int>(random() % 60), -static_cast<int>(random() % 20),
-                           static_cast<int>(random() % 8) << 20, 999999999};
-      return kinds[random() % 4];
-    });
-  HoldAgainstStandardMap<cow_String>(
-    [](std::mt19937& random)
-    {
-      cow_String key;
-      for (auto n = random() % 5; n != 0; --n)
-        key.Append(static_cast<char>('a' + static_cast<char>(random() % 3)));
-      return key;
-    });
+      half = map;
+      halfModel = model;
+      third = std::move(map);
+      EXPECT_TRUE(map.Empty() && !map.IsMember("I-1") &&
+                  EntriesOf(cow_ConstMapIterator<cow_String, int>(map)).empty());
+      map = third;
+    }
+  }
+  ExpectSame(map, model, 0);
+  ExpectSame(half, halfModel, 1);
+
+  third.Insert("I-1", -1);
+  third.Get("I-2") = -2;
+  EXPECT_EQ(half.ConstGet("I-1") + half.ConstGet("I-2"), 3);
+  EXPECT_EQ(third.ConstGet("I-1") + third.ConstGet("I-2"), -3);
+  int shared = 0;
+  for (int i = 1; i <= size / 2; ++i)
+    shared += half.ConstFind(Name("I-", i)) == third.ConstFind(Name("I-", i)) ? 1 : 0;
+  EXPECT_GT(shared, size / 2 - 100) << "a write copies what is near the key";
+
+  EXPECT_TRUE(map.Remove("I-1") && model.Remove("I-1"));
+  ExpectSame(map, model, 2);
+}
+
+namespace
+{
+
+// Keys that all go the same way, and tell how often they are compared.
+struct Counted
+{
+  int number;
+  static int comparisons;
+  friend bool operator==(Counted const& a, Counted const& b)
+  {
+    ++comparisons;
+    return a.number == b.number;
+  }
+  friend int cow_CompareKeys(Counted const& a, Counted const& b)
+  {
+    ++comparisons;
+    return cow_CompareKeys(a.number, b.number);
+  }
+  friend int cow_MapBit(Counted const&, int) { return 0; }
+  friend int cow_MapBitsEnd(Counted const&) { return 0; }
+};
+int Counted::comparisons = 0;
+
+} // namespace
+
+TEST(cow_Map, FindsKeysOfOneLongPathWithoutWalkingIt)
+{
+  static_assert(sizeof(Texts) == 3 * sizeof(void*), "a keyword has one, mostly of a few entries");
+  int const size = 20000;
+  cow_Map<Counted, int> map;
+  for (int i = 0; i < size; ++i)
+    map.Insert({i * 7919 % size}, i);
+  for (int i = 0; i < size; ++i)
+    map.Get({i}) += map.ConstGet({i});
+  EXPECT_LT(Counted::comparisons, 150 * size);
 }
 
 // Every byte of these keys is even, so that they hang in one chain of left children. A small stack

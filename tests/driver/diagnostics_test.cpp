@@ -221,7 +221,7 @@ TEST_F(Diagnostics, TimingsNameTheStages)
     EXPECT_EQ(word, "timing:");
     names.push_back(name);
   }
-  EXPECT_EQ(names, (std::vector<std::string>{"parse", "expand", "total", "peak"}));
+  EXPECT_EQ(names, (std::vector<std::string>{"parse", "expand", "encoding", "total", "peak"}));
 }
 
 } // namespace

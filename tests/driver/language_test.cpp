@@ -47,6 +47,14 @@ TEST_F(Language, ShowsTheWordsOfParametersAndWhereThingsAreNamed)
      "    DEFINITION     ACTUATOR, BUBBLE, DECAY, EQUALLYSPACED, MODULATED, PERIODIC,\n"
      "                   HICKS, SOLUTIONDEPENDENT, TABULAR, SMOOTHSTEP, USER\n"
      "    FIXEDINTERVAL\n"},
+    {"rigid body", "  holds         *DESIGNVARIATION\n"
+                   "  requires      REFNODE\n"
+                   "  and one of    ANALYTICALSURFACE, ELSET, PINNSET, TIENSET\n"
+                   "  with a value  REFNODE, ANALYTICALSURFACE\n"
+                   "  parameters\n"},
+    {"instance", "  requires      NAME, PART\n"},
+    {"nmap", "  refused       in an assembly of part instances\n"},
+    {"user element", "  refused       in an assembly of part instances with FILE\n"},
     {"fastener", "  names\n"
                  "    nodes or node sets in REFERENCENODESET\n"
                  "    elements or element sets in ELSET\n"
@@ -94,7 +102,14 @@ TEST_F(Language, AsJsonHoldsTheTables)
   EXPECT_EQ(one["rules"], json::parse(R"([{"handler": "VisitBucklingReductionFactors",
                              "parameters": ["axis1", "axis2"],
                              "enumerated": [{"parameters": ["axis1", "axis2"],
-                                             "values": ["TYPE1", "TYPE2", "TYPE3"]}]}])"));
+                                             "values": ["TYPE1", "TYPE2", "TYPE3"]}],
+                             "required": [], "oneRequired": [], "valueRequired": [],
+                             "refusedInAssembly": false, "refusedInAssemblyWith": []}])"));
+  json const element = json::parse(Run({"language", "--json", "*USER ELEMENT"}).out)["rules"][0];
+  EXPECT_EQ(element["refusedInAssemblyWith"], json{"file"});
+  json const body = json::parse(Run({"language", "--json", "*RIGID BODY"}).out)["rules"][0];
+  EXPECT_EQ(body["required"], json{"refnode"});
+  EXPECT_EQ(body["valueRequired"], (json{"refnode", "analyticalsurface"}));
   EXPECT_EQ(one["elementTypes"], json::array());
 }
 

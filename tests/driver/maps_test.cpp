@@ -1,6 +1,7 @@
 #include "Inpdeck.h"
 
 #include <algorithm>
+#include <fstream>
 #include <nlohmann/json.hpp>
 
 namespace
@@ -116,6 +117,34 @@ TEST_F(Maps, ASummaryShowsTheAssemblyOnOneScreen)
                      "  Steps                     1\n"
                      "      Step-1  *STATIC\n"
                      "  Findings                  0\n");
+}
+
+/// The most memory that a process has held, in kilobytes.
+long PeakMemory(pid_t process)
+{
+  std::ifstream status("/proc/" + std::to_string(process) + "/status");
+  for (std::string word; status >> word;)
+    if (long kilobytes = 0; word == "VmHWM:" && status >> kilobytes)
+      return kilobytes;
+  return -1;
+}
+
+// A range is bits in memory; its ids as a list would take 800 MB.
+TEST_F(Maps, IdsOfARangeAreWrittenOneByOne)
+{
+  files.Write("deck.inp", "*PART, NAME=P\n*NSET, NSET=ALL, GENERATE\n1, 200000000\n*END PART\n"
+                          "*ASSEMBLY, NAME=A\n*END ASSEMBLY\n");
+  int ends[2];
+  ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+  Program const program = InFolder().OutputTo(ends[1]);
+  pid_t const child = program.Start({"dump", "--what", "maps", "deck.inp"});
+  ::close(ends[1]);
+  std::string text(200, '\0');
+  EXPECT_EQ(::read(ends[0], text.data(), text.size()), 200);
+  EXPECT_NE(text.find("\"ALL\": [1, 2, 3, 4"), std::string::npos) << text;
+  EXPECT_LT(PeakMemory(child), 500000);
+  ::close(ends[0]);
+  EXPECT_EQ(program.Finish(child).status, 2);
 }
 
 TEST_F(Maps, LongListsShareTheScreen)

@@ -59,7 +59,7 @@ TEST(inp_ExpansionFiles, DataFilesFollowTheRowsOfTheDeck)
   DeckExpansion const expansion("*MPC, INP=a\n1, x\n*EQUATION, INPUT=\"sub/a b\"\n"
                                 "*NODE, INPUT=\"sub/a b\"\n",
                                 In(files));
-  EXPECT_EQ(expansion.keywords, "mpc: 1|x / 2|b c\nequation: 3\nnode: 3|0.|0.|0.|0.|0.|0.\n");
+  EXPECT_EQ(expansion.keywords, "mpc: 1|X / 2|BC\nequation: 3\nnode: 3|0.|0.|0.|0.|0.|0.\n");
   EXPECT_EQ(expansion.messages, "");
   EXPECT_EQ(Joined(expansion.visitor.GetIncludedFiles()), "a;sub/a b;sub/a b;");
   EXPECT_EQ(Joined(expansion.visitor.GetMissingIncludedFiles()), "");
@@ -73,19 +73,19 @@ TEST(inp_ExpansionFiles, ReadsRowsOfDataFiles)
     std::string data;
     char const* rows;
   } const cases[] = {
-    {"verbatim", " 1 , b c ,\"D,e\"\n2,\n", ": 1|b c|\"D,e\" / 2|\n"},
+    {"without case and blanks, but for quoted text", " 1 , b c ,\"D, e\"f \"g\n2,\n",
+     ": 1|BC|\"D, e\"F\"g / 2|\n"},
     {"no line feed at the end", "1\n2", ": 1 / 2\n"},
-    {"carriage returns", "1,a\r\n2\r\n", ": 1|a\r / 2\r\n"},
+    {"carriage returns", "1,a\r\n2\r\n", ": 1|A / 2\n"},
     {"comments go", "** first\n1\n**\n2\n** last, no line feed", ": 1 / 2\n"},
     {"a lone asterisk is a row", "1\n*\n", ": 1 / *\n"},
     {"an asterisk behind blanks too", " *NODE\n", ": *NODE\n"},
     {"empty", "", "\n"},
-    {"blank rows stay between others", "1,a\n\n \t\n2,b\n", ": 1|a /  /  / 2|b\n"},
-    {"an empty last line is the end", "1,a b\n\n", ": 1|a b\n"},
-    {"blank rows at the end go, and with them case and blanks", "1,a b,\"c d\"\n\n \n",
-     ": 1|AB|\"c d\"\n"},
+    {"blank rows stay between others", "1,a\n\n \t\n2,b\n", ": 1|A /  /  / 2|B\n"},
+    {"an empty last line is the end", "1,a b\n\n", ": 1|AB\n"},
+    {"blank rows at the end go", "1,a b,\"c d\"\n\n \n", ": 1|AB|\"c d\"\n"},
     {"also above a comment", "1,a b\n\n** end\n", ": 1|AB\n"},
-    {"cells without text are no blank row", "1,a b\n,,\n", ": 1|a b / ||\n"},
+    {"cells without text are no blank row", "1,a b\n,,\n", ": 1|AB / ||\n"},
     {"none but blank rows", "\n\n\n", "\n"},
   };
   for (auto const& c : cases)
@@ -100,13 +100,13 @@ TEST(inp_ExpansionFiles, DataFilesHoldNoKeywords)
 {
   EXPECT_EQ(RowsOf("1\n*NODE\n2\n", HoldsKeyword("MPC")), ": 1\n");
   EXPECT_EQ(RowsOf("*1\n", HoldsKeyword("MPC")), "\n");
-  EXPECT_EQ(RowsOf("1,a b\n\n\n* x\n", HoldsKeyword("MPC")), ": 1|a b /  / \n")
-    << "rows stay as read";
+  EXPECT_EQ(RowsOf("1,a b\n\n\n* x\n", HoldsKeyword("MPC")), ": 1|AB\n")
+    << "the rows so far are as clean as ever";
 }
 
 TEST(inp_ExpansionFiles, LongLines)
 {
-  std::string const item(255, 'x');
+  std::string const item(255, 'X');
   auto const cut = [](std::string const& line)
   { return "1 warning: Line #" + line + " of data file \"data\" has been truncated.\n"; };
   auto const leftOut = [](std::string const& line)

@@ -83,26 +83,6 @@ Places Repeated(std::string const& stem, std::vector<std::string> const& entries
 }
 } // namespace
 
-// A lost comma joins two entries in silence and changes a count.
-TEST(inp_ExpansionRules, CountsStand)
-{
-  int unreached = 0;
-  std::size_t parameters = 0, tables = 0, words = 0;
-  for (Rule const& rule : rules)
-  {
-    unreached += !rule.isReached;
-    parameters += rule.parameters.size();
-    tables += rule.tables.size();
-    for (Table const& table : rule.tables)
-      words += table.words.size();
-  }
-  EXPECT_EQ(rules.size(), 521u);
-  EXPECT_EQ(unreached, 6);
-  EXPECT_EQ(parameters, 2624u);
-  EXPECT_EQ(tables, 797u);
-  EXPECT_EQ(words, 2248u);
-}
-
 TEST(inp_ExpansionRules, ARuleBelongsToOneKeywordUnlessItSaysThatNoneReachesIt)
 {
   std::set<std::string> keywords, stems;

@@ -57,9 +57,11 @@ constexpr Rule c_rules[] = {
 #include "inp_ExpansionRules.def"
 };
 
-/// What the walk says of a keyword; what a handler of its own misses beside its tables does not count.
+/// What the walk says of a keyword; what it misses beside parameters and words does not count.
 std::string Objections(Rule const& rule, inp_Keyword& keyword)
 {
+  bool const hasMore =
+    rule.isByHand || inp_ExpansionRuleOf(rule.keyword)->requirements->kind != inp_Requirement::none;
   inp_KeywordExpansionVisitor visitor;
   visitor.Visit(keyword);
   std::string objections;
@@ -68,7 +70,7 @@ std::string Objections(Rule const& rule, inp_Keyword& keyword)
     for (atr_String const& message : *list)
     {
       std::string const code = message.Origin()->code;
-      if (!rule.isByHand || code == "UnknownParameter" || code == "AmbiguousParameter" ||
+      if (!hasMore || code == "UnknownParameter" || code == "AmbiguousParameter" ||
           code == "IllegalValue" || code == "AmbiguousValue")
         objections += " " + code;
     }
@@ -85,6 +87,9 @@ TEST(inp_KeywordExpansionVisitor, CompletesParameterNames)
     {"of several entries the first in the order of the table",
      "*ORIENTATION, D=NODES\n*DYNAMIC, I=NO\n",
      "orientation definition=NODES\ndynamic initial=NO\n", ""},
+    {"one that goes on behind the common beginning of two entries",
+     "*IMPORT, ST=Y, UPDATE=N\n*IMPORT, STE=3, UPDATE=N\n",
+     "import state=YES, update=NO\nimport step=3, update=NO\n", ""},
     {"a spelling that goes on behind an entry", "*ORIENTATION, NAME OF IT=O\n*ORNL, ABC=1\n",
      "orientation name=O\nornl a=1\n", ""},
     {"of entries that begin each other the longest that agrees",
@@ -316,6 +321,48 @@ TEST(inp_KeywordExpansionVisitor, EveryWordOfEveryRulePasses)
             "MatrixGenerate transformation=NO: UnknownParameter\n"
             "PMLCoefficient type=LINEAR: UnknownParameter\n"
             "PMLCoefficient type=QUADRATIC: UnknownParameter\n");
+}
+
+// What the tables call required is missed when it is absent, by handlers with a body too, and
+// nothing else is.
+TEST(inp_KeywordExpansionVisitor, MissesWhatTheTablesRequire)
+{
+  auto const misses = [](inp_Keyword keyword)
+  {
+    inp_KeywordExpansionVisitor visitor;
+    visitor.Visit(keyword);
+    int count = 0;
+    for (auto const* list : {&visitor.GetErrorList(), &visitor.GetFatalErrorList()})
+      for (atr_String const& message : *list)
+      {
+        std::string const code = message.Origin()->code;
+        count += code.find("Required") != code.npos || code.ends_with("Missing") ||
+                 code == "RigidBodyEmpty";
+      }
+    return count;
+  };
+  for (Rule const& rule : c_rules)
+  {
+    inp_Keyword all(rule.keyword);
+    std::vector<cow_String> required;
+    for (inp_Requirement const* row = inp_ExpansionRuleOf(rule.keyword)->requirements;
+         row->kind != inp_Requirement::none; ++row)
+      for (char const* name : row->words)
+        if (name != nullptr && row->kind <= inp_Requirement::required && !all.HasParameter(name))
+        {
+          all.parameters.Insert(name, inp_Item::Text("A"));
+          required.push_back(name);
+          if (row->kind == inp_Requirement::demandedOne)
+            break;
+        }
+    EXPECT_EQ(misses(all), 0) << rule.stem;
+    for (cow_String const& name : required)
+    {
+      inp_Keyword incomplete = all;
+      incomplete.parameters.Remove(name);
+      EXPECT_EQ(misses(incomplete), 1) << rule.stem << " without " << name;
+    }
+  }
 }
 
 TEST(inp_KeywordExpansionVisitor, RefusesTheNameOfTheEndOfTheFile)

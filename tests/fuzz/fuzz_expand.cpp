@@ -1,51 +1,20 @@
-// Takes any bytes as a deck through the stages that read it and complete its keywords, as an
-// analysis does it and with every switch the other way. What stands behind the first NUL byte is
-// the file "d.inp", which the deck may name. Only bad rows of *NODE and a file in UTF-16 may raise;
-// no deck may assert, overrun or fail to come to an end.
+// Takes any bytes as a deck through the stages that read it and complete its keywords, as an analysis
+// does it and with every switch the other way. What was completed without a word must print to a deck
+// that completes to the same. Only bad rows of *NODE and a file in UTF-16 may raise; no deck may
+// assert, overrun or fail to come to an end.
 
-#include "FuzzedFiles.h"
-#include "aio_ostream.h"
-#include "eli_eostream.h"
-#include "inp_DistributionTableDB.h"
-#include "inp_InputFile.h"
-#include "inp_KeywordEnm.h"
+#include "DeckWords.h"
+#include "FuzzedDeck.h"
 #include "inp_KeywordExpansionVisitor.h"
 
-#include <cstdint>
-#include <sstream>
+inp_KeywordEnm const fuzzedKeywords[] = {inp_kwUndefined};
 
 namespace
 {
 
-void Print(inp_InputFile const& input)
-{
-  std::ostringstream text;
-  eli_eostream stream(text);
-  input.Print(stream);
-  for (inp_Keyword const& keyword : input.keywords)
-  {
-    Require(!keyword.Is(inp_kwUndefined));
-    keyword.Print(true);
-  }
-}
-
-void RunStages(inp_InputFile& input)
-{
-  thr_ThreadSingleton<inp_DistributionTableDB>::Finalize();
-  if (Runs([&] { input.ExpandKeywords(); }))
-  {
-    input.setModelParameters();
-    Print(input);
-  }
-}
-
 /// Rows that no analysis would take stay text, and manifests are followed.
 void ExpandForListing(cow_List<inp_Keyword> keywords, cow_String const& folder, bool readsData)
 {
-  for (int i = 0; i < keywords.Length(); ++i)
-  {
-    keywords.Get(i) = keywords.ConstGet(i).DeepCopy();
-  }
   inp_KeywordExpansionVisitor visitor;
   visitor.SetIncludePath(folder);
   visitor.SetBulkConversion(false);
@@ -57,20 +26,46 @@ void ExpandForListing(cow_List<inp_Keyword> keywords, cow_String const& folder, 
   }
 }
 
+/// Of an input that completed in silence, without data files.
+void RequireSameAgain(inp_InputFile const& input)
+{
+  static MemoryFile const file("listing");
+  std::string const listing = Listing(input.keywords);
+  file.Write(listing);
+  inp_InputFile again;
+  again.Parse(file.Name().c_str());
+  again.ExpandKeywords();
+  RequireEqual(Listener::Instance().TakeMessages(), "");
+  RequireEqual(Listing(again.keywords), listing);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
-  static FuzzedFiles const files("fuzz_expand");
-  files.Fill(data, size);
+  static FuzzedDeck const deck;
+  deck.Fill(data, size);
 
-  inp_InputFile input;
-  input.includePath = files.folder.Name();
-  if (Runs([&] { input.Parse(files.deck.Name()); }))
+  inp_InputFile read;
+  read.includePath = deck.Folder();
+  if (Runs([&] { read.Parse(deck.File()); }))
   {
-    ExpandForListing(input.keywords, files.folder.Name(), true);
-    ExpandForListing(input.keywords, files.folder.Name(), false);
-    RunStages(input);
+    ExpandForListing(DeepCopy(read.keywords), deck.Folder(), true);
+    ExpandForListing(DeepCopy(read.keywords), deck.Folder(), false);
+  }
+  inp_InputFile input;
+  if (Expand(deck, input))
+  {
+    for (inp_Keyword const& keyword : input.keywords)
+    {
+      Require(!keyword.Is(inp_kwUndefined));
+    }
+    bool const isSilent = Listener::Instance().TakeMessages().empty();
+    if (isSilent && input.expansionFacts.includedFiles.Empty() && !input.hasManifest &&
+        FitsLines(Listing(input.keywords)))
+    {
+      RequireSameAgain(input);
+    }
   }
   return 0;
 }

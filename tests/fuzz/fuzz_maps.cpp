@@ -1,15 +1,20 @@
-// Takes any bytes as a deck down the whole road: to keywords, to their hierarchy, to maps and numbers,
-// and through the rules that need them; once as an analysis does it, and once by the way of those who
-// want the keywords beside the maps. What the stages leave is walked to its end.
+// Takes any bytes as a deck down the whole road, as the program does: to keywords, to their hierarchy, to
+// maps and numbers, through the rules that need them, and to what is written of them; and by the way of
+// those who want the keywords beside the maps, which must give the same maps.
 
-#include "FuzzedFiles.h"
-#include "aio_ostream.h"
+#include "DeckWords.h"
+#include "FuzzedDeck.h"
 #include "eli_eostream.h"
-#include "inp_DistributionTableDB.h"
-#include "inp_InputFile.h"
+#include "srv_Census.h"
+#include "srv_Hints.h"
+#include "srv_JsonWriter.h"
+#include "srv_MapOutput.h"
+#include "srv_TextOutput.h"
 
-#include <cstdint>
-#include <sstream>
+inp_KeywordEnm const fuzzedKeywords[] = {
+  inp_kwPart,        inp_kwEndPart, inp_kwAssembly, inp_kwEndAssembly, inp_kwInstance,
+  inp_kwEndInstance, inp_kwNode,    inp_kwElement,  inp_kwNset,        inp_kwElset,
+  inp_kwSurface,     inp_kwNgen,    inp_kwElgen,    inp_kwRigidBody,   inp_kwUndefined};
 
 namespace
 {
@@ -17,13 +22,7 @@ namespace
 void WalkNodes(inp_CoordMap const& nodes)
 {
   inp_MapInt2Coord const placed = nodes.ConstGet();
-  inp_MapInt2CoordSIT node(placed);
-  int count = 0;
-  for (node.First(); !node.IsDone(); node.Next())
-  {
-    Require(nodes.IsMember(node.CurrentKey()));
-    ++count;
-  }
+  int count = placed.Size();
   for (cow_String const& instance : nodes.Instances())
   {
     WalkNodes(nodes.ConstGet(instance));
@@ -32,66 +31,80 @@ void WalkNodes(inp_CoordMap const& nodes)
   Require(count == nodes.Count());
 }
 
-void WalkElements(inp_MapInt2Element const& elements)
+class TextInMemory : public srv_TextOutput
 {
-  inp_MapInt2ElementSIT element(elements);
-  for (element.First(); !element.IsDone(); element.Next())
+public:
+  std::string Text() { return m_text + m_buffer; }
+
+protected:
+  void WriteOut() override
   {
-    inp_Element const& record = element.CurrentValue();
-    for (int i = 0; i < record.numNodesPerElement(); ++i)
-    {
-      Require(record.topology()[i] >= -999999999 && record.topology()[i] <= 999999999);
-    }
+    m_text += m_buffer;
+    m_buffer.clear();
   }
+
+private:
+  std::string m_text;
+};
+
+std::string Maps(inp_InputFile const& input,
+                 inpM_InstanceMap<inp_MapInt2Element> const& partElements)
+{
+  TextInMemory output;
+  srv_JsonWriter json(output.Buffer(), srv_JsonWriter::compact);
+  json.BeginObject();
+  srv_WriteMaps(input, partElements, json, output);
+  json.EndObject();
+  return output.Text();
 }
 
-void Walk(inp_InputFile const& input)
+std::string MapsBehindAll(inp_InputFile& input)
 {
+  inpM_InstanceMap<inp_MapInt2Element> const partElements = input.partElementMap;
+  input.NumberModel();
+  input.CheckOutOfPlace();
   WalkNodes(input.partCoordMap);
   WalkNodes(input.assemblyCoordMap);
-  for (cow_String const& instance : input.assemblyElementMap.Instances())
-  {
-    WalkElements(input.assemblyElementMap.ConstGet(instance));
-  }
   Require(input.nodeIdMap.NumberIds() == input.assemblyCoordMap.Count());
-  std::ostringstream text;
-  eli_eostream listing(text);
-  input.Print(listing);
-  aio_ostream stream(text);
-  input.assemblyNsetMap.Print(stream);
-  input.assemblyElsetMap.Print(stream);
+  srv_CountMesh(input);
+  return Maps(input, partElements);
 }
 
-bool Begin(inp_InputFile& input, FuzzedFiles const& files)
+/// The first few messages get their hints, which look at the whole vocabulary.
+void Hint(cow_String const& folder)
 {
-  thr_ThreadSingleton<inp_DistributionTableDB>::Finalize();
-  input.includePath = files.folder.Name();
-  return Runs([&] { input.Parse(files.deck.Name()); }) && Runs([&] { input.ExpandKeywords(); });
+  Listener::Instance().also = [folder, count = 0](atr_Origin const& origin) mutable
+  {
+    if (++count < 4)
+    {
+      srv_HintFor(origin, std::string(folder.View()));
+    }
+  };
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
-  static FuzzedFiles const files("fuzz_maps");
-  files.Fill(data, size);
+  static FuzzedDeck const deck;
+  Hint(deck.Folder());
+  deck.Fill(data, size);
 
-  inp_InputFile input;
-  if (Begin(input, files))
+  inp_InputFile checked;
+  if (!Expand(deck, checked))
   {
-    input.setModelParameters();
-    input.Classify(false);
-    input.NumberModel();
-    input.CheckOutOfPlace();
-    Walk(input);
+    return 0;
   }
-  inp_InputFile listed;
-  if (Begin(listed, files))
-  {
-    listed.setModelParameters();
-    listed.ReorganizeKeywords(true);
-    listed.ExtractMaps(true);
-    listed.CheckOutOfPlace();
-  }
+  inp_InputFile dumped = checked;
+  dumped.keywords = DeepCopy(checked.keywords);
+  srv_CountKeywords(checked.keywords);
+  checked.Classify(false);
+  std::string const maps = MapsBehindAll(checked);
+
+  dumped.ReorganizeKeywords(true);
+  cow_List<inp_Keyword> const keywords = dumped.keywords;
+  dumped.ExtractMaps(true);
+  RequireEqual(MapsBehindAll(dumped), maps);
+  Listing(keywords);
   return 0;
 }

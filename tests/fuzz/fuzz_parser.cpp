@@ -1,14 +1,16 @@
-// Reads any bytes as a deck, both as an analysis and as a host that only shows decks would, and
-// prints what came of them. No deck may raise, assert, overrun or fail to come to an end.
+// Reads any bytes as a deck, both as an analysis and as a host that only shows decks would, and prints
+// what came of them. What one file gave without a word must print to text that reads and prints the same.
+// No deck may raise, assert, overrun or fail to come to an end.
 
-#include "MemoryFile.h"
-#include "aio_ostream.h"
+#include "DeckWords.h"
+#include "FuzzedDeck.h"
 #include "inp_Parser.h"
 #include "inp_ParserExceptions.h"
 
-#include <cstdint>
-#include <sstream>
-#include <string_view>
+#include <algorithm>
+
+inp_KeywordEnm const fuzzedKeywords[] = {inp_kwInclude, inp_kwHeading,   inp_kwStep,
+                                         inp_kwNode,    inp_kwParameter, inp_kwUndefined};
 
 namespace
 {
@@ -30,22 +32,46 @@ void ReadCells(inp_DataArray const& data)
   Require(!data.HasValue(data.Rows(), 0));
 }
 
-void ReadAndPrint(cow_String const& file, bool strict, int lines)
+struct Reading
 {
-  inp_Parser parser(file, "", cow_List<cow_String>(), "", strict, true, !strict, 0, 0);
-  cow_List<inp_Keyword> const keywords = parser.Parse(strict);
-  if (parser.GetIncludedFiles().Length() == 0)
+  Reading(cow_String const& file, cow_String const& folder, bool strict)
   {
-    Require(keywords.Length() <= lines);
+    inp_Parser parser(file, folder, cow_List<cow_String>(), "", strict, true, !strict, 0, 0);
+    keywords = parser.Parse(strict);
+    isPlain = parser.GetIncludedFiles().Empty() && parser.GetMissingIncludeFiles().Empty();
+    isSilent = parser.GetErrors().Empty() && parser.GetFatalErrors().Empty() &&
+               parser.GetWarnings().Empty() && parser.NumberSkippedDataLines() == 0;
     Require(parser.GetErrors().Length() <= 27 && parser.GetFatalErrors().Length() <= 27);
   }
-  std::ostringstream text;
-  aio_ostream stream(text);
-  for (inp_Keyword const& keyword : keywords)
+
+  cow_List<inp_Keyword> keywords;
+  bool isPlain;
+  bool isSilent;
+};
+
+void RequireSameAgain(std::string const& listing)
+{
+  static MemoryFile const file("listing");
+  file.Write(listing);
+  Reading const again(file.Name().c_str(), "", true);
+  RequireEqual(Listing(again.keywords), listing);
+  Require(again.isSilent);
+}
+
+void ReadAndPrint(FuzzedDeck const& deck, bool strict, int lines)
+{
+  Reading const reading(deck.File(), deck.Folder(), strict);
+  Require(!reading.isPlain || reading.keywords.Length() <= lines);
+  for (inp_Keyword const& keyword : reading.keywords)
   {
-    keyword.Print(stream, true);
     keyword.Print(true);
-    ReadCells(keyword.DeepCopy().data);
+    ReadCells(keyword.data);
+  }
+  std::string const listing = Listing(reading.keywords);
+  RequireEqual(Listing(DeepCopy(reading.keywords)), listing);
+  if (strict && reading.isSilent && reading.isPlain && FitsLines(listing))
+  {
+    RequireSameAgain(listing);
   }
 }
 
@@ -53,21 +79,10 @@ void ReadAndPrint(cow_String const& file, bool strict, int lines)
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
-  static MemoryFile const file("fuzz_parser");
-  file.Fill(data, size);
-  int lines = 1;
-  for (std::size_t i = 0; i < size; ++i)
-  {
-    lines += data[i] == '\n';
-  }
-  try
-  {
-    ReadAndPrint(file.Name(), true, lines);
-    ReadAndPrint(file.Name(), false, lines);
-  }
-  catch (nex_AtrException const& refused)
-  {
-    Require(std::string_view(refused.GetCode()) == "FileIsUtf16");
-  }
+  static FuzzedDeck const deck;
+  deck.Fill(data, size);
+  int const lines = static_cast<int>(std::count(data, data + size, '\n')) + 1;
+  Runs([&] { ReadAndPrint(deck, true, lines); });
+  Runs([&] { ReadAndPrint(deck, false, lines); });
   return 0;
 }

@@ -56,6 +56,29 @@ TEST(inp_Keyword, IsMadeByNameOrAbbreviationAndGivesParametersOfTheRightTypeOnly
   EXPECT_FALSE(keyword.HasParameter("absent"));
 }
 
+TEST(inp_Keyword, TellsWhatAParameterGivesAsAName)
+{
+  std::pair<inp_Item, char const*> const cases[] = {
+    {inp_Item(cow_String("\"a b\"")), "given \"a b\""},
+    {inp_Item(7), "given 7"},
+    {inp_Item(1.5), "given 1.5"},
+    {inp_Item(true), "switch "},
+    {inp_Item::Text(""), "empty "},
+    {inp_Item(cow_String("-")), "no name "},
+  };
+  char const* const states[] = {"given", "absent", "switch", "empty", "no name"};
+  inp_Keyword keyword(inp_kwNode);
+  for (auto const& [item, expected] : cases)
+  {
+    keyword.parameters.Insert("name", item);
+    inp_NameParameter const name = keyword.ReadName("name");
+    EXPECT_EQ(std::string(states[name.state]) + " " + name.text.CStr(), expected);
+    EXPECT_EQ(name.IsGiven(), name.text.Length() > 0) << expected;
+  }
+  EXPECT_EQ(keyword.ReadName("nset").state, inp_NameParameter::c_absent);
+  EXPECT_EQ(keyword.NameIn("nset"), "");
+}
+
 TEST(inp_Keyword, PrintsAsTextAndAsDeckLines)
 {
   inp_Keyword keyword = Made(inp_kwElset, {"Left end, 1 2 ,\"a b\",", "", "xy"});

@@ -254,3 +254,23 @@ TEST(inp_Utils, GeneratesScopedNumbers)
     EXPECT_EQ(Joined(unsortedErrors), c.errors);
   }
 }
+
+TEST(inp_Utils, ListsNoMoreNumbersThanMemoryHolds)
+{
+  inp_DataArray rows;
+  for (char const* row : {"3, 1, -2", "1, 999999999", "a.1, a.900000000"})
+    rows.Append(row);
+  cow_List<atr_String> errors;
+  EXPECT_EQ(Joined(inp_Utils::GenerateScopedIds(rows, "NSET", errors)), "1 3");
+  EXPECT_EQ(Joined(inp_Utils::GenerateUnsortedScopedIds(rows, "NSET", errors)), "3 1");
+  EXPECT_EQ(Joined(inp_Utils::GenerateUnsortedSetRow(Numbers({1, 999999999}), "NSET", errors)), "");
+  EXPECT_EQ(Joined(inp_Utils::GenerateUnsortedSetIds(rows, "NSET", errors)), "3 1 0");
+  ASSERT_EQ(errors.Length(), 6);
+  for (int const last : {0, 2, 4, 5})
+    EXPECT_EQ(errors[last].View(),
+              "The range from 1 to 999999999 with a step of 1 on NSET holds more "
+              "ids than a set can. It is left out.");
+  EXPECT_EQ(errors[1].View(),
+            "The range from A.1 to A.900000000 with a step of 1 on NSET holds more "
+            "ids than a set can. It is left out.");
+}

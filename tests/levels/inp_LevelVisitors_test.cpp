@@ -1,13 +1,13 @@
 #include "ElementDeck.h"
 #include "LevelDeck.h"
-#include "inp_AssyLevelElemVisitor.h"
+#include "inp_NodeNumbers.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
 
-// A part of one spring and one mass; keywords of an instance and of the assembly go where they belong.
+// A part of one spring; keywords of an instance and of the assembly go where they belong.
 std::string Deck(std::string const& inInstance, std::string const& inAssembly = "",
                  std::string const& position = "")
 {
@@ -143,115 +143,77 @@ TEST(inp_LevelVisitors, PartsShareTypesOfUsersButNoLocalSystem)
   EXPECT_EQ("", deck.messages);
 }
 
-namespace
-{
-
-struct AssemblyElements
-{
-  explicit AssemblyElements(std::string const& keywords)
-  {
-    ids.Insert(7, 70);
-    ids.Get("I").Insert(5, 105);
-    ids.Get("I").Insert(6, 106);
-    ids.Get("J").Insert(5, 205);
-    cow_List<inp_Keyword> list = DeckKeywords(keywords);
-    inp_AssyLevelElemVisitor visitor(ids);
-    visitor.VisitList(list);
-    if (visitor.GetElements().HasValue())
-      elements = ElementsText(visitor.GetElements().ConstGet());
-    sets = SetsText(visitor.GetSets().ConstGetMap());
-    for (auto const* messageList : {&visitor.GetWarningList(), &visitor.GetErrorList()})
-      for (atr_String const& message : *messageList)
-        messages += std::string(message.View().substr(message.View().find(": ") + 2)) + "\n";
-  }
-
-  inpM_IdMap ids;
-  std::string elements;
-  std::string sets;
-  std::string messages;
-};
-
-} // namespace
-
-TEST(inp_AssyLevelElemVisitor, PutsNumbersForTheNodesOfInstances)
-{
-  DeckCase const cases[] = {
-    {"instances and the assembly", "*ELEMENT, TYPE=conn3d2\n1, I.5, 7\n2, J.5, I.6\n",
-     "1 CONN3D2: 105 70; 2 CONN3D2: 205 106", ""},
-    {"a place without node", "*ELEMENT, TYPE=CONN3D2\n1, , I.5\n2, I.5,\n3, I.6\n",
-     "1 CONN3D2: 0 105; 2 CONN3D2: 105; 3 CONN3D2: 106", ""},
-    {"keywords that others have read",
-     "*USER ELEMENT\n*FASTENER, ELSET=X.Y\n*ELEMENT, TYPE=MASS\n1, 7\n", "1 MASS: 70", ""},
-    {"other kinds",
-     "*ELEMENT, TYPE=MASS\n1, I.5\n*ELEMENT, TYPE=SPRINGA\n2, I.5, J.5\n"
-     "*ELEMENT, TYPE=DASHPOT2\n3, 7, 7\n*ELEMENT, TYPE=ROTARYI\n4, 7\n"
-     "*ELEMENT, TYPE=HEATCAP\n5, 7\n",
-     "1 MASS: 105; 2 SPRINGA: 105 205; 3 DASHPOT2: 70 70; 4 ROTARYI: 70; 5 HEATCAP: 70", ""},
-    {"no solids", "*ELEMENT, TYPE=C3D4\n1, 7, 7, 7, 7\n", "",
-     "Only connector, spring, dashpot, mass, rotary inertia, and capacitance elements can be "
-     "created at the assembly level.\n"},
-    {"no type", "*ELEMENT\n1, 7\n", "", "Element type is required\n"},
-    {"no number", "*ELEMENT, TYPE=MASS\n0, 7\nX, 7\n1, 7\n", "1 MASS: 70",
-     "element number is not defined or is zero for element of type MASS\n"
-     "element number is not defined or is zero for element of type MASS\n"},
-    {"nodes that are not there",
-     "*ELEMENT, TYPE=SPRINGA\n1, I.SET, TIP\n2, 8, K.5\n3, I.7, A.B.C.1\n4, 2.5, I.5\n5, I.5, "
-     "J.5\n",
-     "5 SPRINGA: 105 205",
-     "Connectivity item I.SET appears to be a node set. This is not allowed.\n"
-     "Connectivity item TIP appears to be a node set. This is not allowed.\n"
-     "Connectivity item 8 is an undefined assembly level node.\n"
-     "Unknown instance name K\n"
-     "Unknown local ID 7 in instance I\n"
-     "Connectivity item A.B.C.1 is unrecognizable as a scoped ID ( <instanceName>.<integer ID> ).\n"
-     "*Element: an unrecognizable item (neither integer nor text string) is detected in the "
-     "connectivity list for element 4 of type \"SPRINGA\". The item in question is: 2.5\n"},
-    {"no nodes", "*ELEMENT, TYPE=MASS\n1\n", "",
-     "*Element: topology information is missing for element 1 of type \"MASS\"\n"},
-    {"too many, too few", "*ELEMENT, TYPE=SPRINGA, ELSET=S\n1, 7\n2, I.5, I.6, 7\n",
-     "1 SPRINGA: 70; 2 SPRINGA: 105 106",
-     "Too many nodes for element(s) of type \"SPRINGA\":\n2\n"
-     "Too few nodes for element(s) of type \"SPRINGA\":\n1\n"},
-  };
-  for (auto const& c : cases)
-  {
-    AssemblyElements const found(c.deck);
-    EXPECT_EQ(c.made, found.elements) << c.what;
-    EXPECT_EQ(c.messages, found.messages) << c.what;
-    EXPECT_EQ("{}", found.sets) << c.what;
-  }
-}
-
 TEST(inp_AssyLevelElemVisitor, ListsNoMoreElementsThanThoseOfParts)
 {
-  std::string rows;
+  std::string rows, listed;
   for (int i = 1; i <= 1001; ++i)
-    rows += std::to_string(i) + ", 7\n";
-  std::string const messages = AssemblyElements("*ELEMENT, TYPE=SPRINGA\n" + rows).messages;
-  EXPECT_NE(std::string::npos, messages.find("999"));
-  EXPECT_EQ(std::string::npos, messages.find("1000"));
+  {
+    rows += std::to_string(i) + ", ARM-1.1\n";
+    listed += (i == 1 ? "" : i < 1000 ? ", " : "") + (i < 1000 ? std::to_string(i) : "");
+  }
+  LevelDeck const deck(Deck("", "*ELEMENT, TYPE=SPRINGA\n" + rows));
+  EXPECT_EQ(Error(c_firstLine + 1, "Too few nodes for element(s) of type \"SPRINGA\":\n" + listed),
+            deck.messages);
+  EXPECT_EQ(1001, deck.elements->GetElements().ConstGet().Size());
 }
 
-TEST(inp_AssyLevelElemVisitor, ReadsWhatTheWalkOverTheAssemblySetAside)
+TEST(inp_AssyLevelElemVisitor, ReadsTheSameAloneAndWithinTheWalkOverTheAssembly)
 {
-  LevelDeck const deck(Deck("",
-                            "*NODE\n7, 0., 0., 0.\n"
-                            "*ELEMENT, TYPE=CONN3D2, ELSET=JOINTS\n1, ARM-1.2, 7\n2, 7, ARM-1.1\n"
-                            "*ELSET, ELSET=SOME\n2, JOINTS\n"));
-  EXPECT_EQ("", deck.messages);
-  EXPECT_EQ("{\"JOINTS\": [1, 2], \"SOME\": [1, 2]}",
-            SetsText(deck.elements->GetSets().ConstGetMap()));
-  inp_MapInt2Element const& known = deck.elements->GetElements().ConstGet();
-  EXPECT_EQ(0, known.ConstGet(2).numNodesPerElement());
+  LevelDeck deck(Deck("", "*NODE\n7, 0., 0., 0.\n"
+                          "*ELEMENT, TYPE=SPRINGA, ELSET=S\n1, ARM-1.1, ALL.ARM-1.2, 7\n2, 8, 7\n"
+                          "*ELSET, ELSET=T, INTERNAL\n2, S\n"));
+  std::string const tooMany = "Too many nodes for element(s) of type \"SPRINGA\":\n1";
+  std::string const missing = "Connectivity item 8 is an undefined assembly level node.";
+  EXPECT_EQ(std::to_string(c_firstLine + 3) + " warning: " + tooMany + "\n" +
+              Error(c_firstLine + 3, missing),
+            deck.messages);
+  inpM_BaseSetMap const& sets = deck.elements->GetSets().ConstGetMap();
+  EXPECT_EQ("{\"S\": [1], \"T\": [1]}", SetsText(sets));
+  EXPECT_TRUE(sets.ConstGet("T").IsPicked());
+  EXPECT_EQ("1 SPRINGA: 2 3", ElementsText(deck.elements->GetElements().ConstGet()));
 
-  inp_CoordMap nodes = deck.nodes->GetCoordMap();
-  inpM_IdMap const ids = nodes.Renumber(1, false); // 7 is 1, then ARM-1.1 and ARM-1.2
-  cow_List<inp_Keyword> setAside = deck.elements->GetKeywords();
-  inp_AssyLevelElemVisitor visitor(ids);
-  visitor.VisitList(setAside);
-  EXPECT_FALSE(visitor.IsError()) << visitor.Errors().View();
-  EXPECT_EQ("1 CONN3D2: 3 1; 2 CONN3D2: 1 2", ElementsText(visitor.GetElements().ConstGet()));
-  EXPECT_EQ("{\"JOINTS\": [1, 2]}", SetsText(visitor.GetSets().ConstGetMap()));
+  inp_AssyLevelElemVisitor alone;
+  alone.VisitList(deck.list);
+  inp_NodeNumbers numbers(deck.nodes->GetCoordMap());
+  alone.PutNumbers(numbers);
+  EXPECT_EQ("1 SPRINGA: 2 3", ElementsText(alone.GetElements().ConstGet()));
+  EXPECT_EQ(deck.messages, MessagesText(alone, deck.list.ConstGet(0).fileName));
+}
+
+// Instances that share the nodes of a part, one with nodes of its own, one with a level below, one without.
+TEST(inp_NodeNumbers, AreThoseOfTheWholeNumbering)
+{
+  inp_CoordMap part, coords;
+  for (int const label : {3, 4, 5, 900, 999999999})
+    part.Insert(label, inp_Coord());
+  inp_CoordMap other = part;
+  other.Insert(1, inp_Coord());
+  inp_CoordMap nested = part;
+  nested.Insert("BELOW", other);
+  coords.Insert(70, inp_Coord());
+  coords.Insert(7, inp_Coord());
+  for (auto const& [name, nodes] : {std::pair<char const*, inp_CoordMap>{"D", part},
+                                    {"A", part},
+                                    {"B", other},
+                                    {"C", nested},
+                                    {"AA", inp_CoordMap()}})
+    coords.Insert(name, nodes);
+  inp_NodeNumbers numbers(coords);
+  inp_CoordMap numbered = coords;
+  inpM_IdMap const ids = numbered.Renumber(1, false);
+  for (char const* name : {"D", "", "A", "AA", "B", "C", "D"})
+  {
+    inpM_IdMap const& expected = *name == '\0' ? ids : ids.ConstGet(name);
+    EXPECT_TRUE(numbers.HasInstance(name));
+    for (int const label : {0, 1, 3, 4, 5, 7, 8, 70, 900, 999999999})
+    {
+      int number = -1;
+      EXPECT_EQ(expected.IsMember(label), numbers.Find(name, label, number)) << name << label;
+      EXPECT_EQ(expected.IsMember(label) ? expected.ConstGet(label) : -1, number) << name << label;
+    }
+  }
+  int number = 0;
+  EXPECT_FALSE(numbers.HasInstance("E") || numbers.Find("E", 3, number));
 }
 
 TEST(inp_LevelVisitors, RigidSurfacesBelongIntoParts)
@@ -262,7 +224,6 @@ TEST(inp_LevelVisitors, RigidSurfacesBelongIntoParts)
   inp_AssemblySurfaceVisitor visitor(inpM_SetMap(), inpM_SetMap(), {}, inp_CoordMap(),
                                      inpM_SurfaceMap());
   visitor.VisitList(list);
-  ASSERT_EQ(1, visitor.GetErrorList().Length());
-  EXPECT_TRUE(visitor.GetErrorList().ConstGet(0).View().ends_with(
-    "line 3: There should not be any Analytical Surfaces at the assembly level."));
+  EXPECT_EQ(Error(3, "There should not be any Analytical Surfaces at the assembly level."),
+            MessagesText(visitor, list.ConstGet(0).fileName));
 }

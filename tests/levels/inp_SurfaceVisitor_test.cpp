@@ -110,6 +110,37 @@ TEST(inp_SurfaceVisitor, CombinesSurfacesOfAPart)
   }
 }
 
+// Each keyword may copy whole surfaces, and a deck may have as many as it has lines.
+TEST(inp_SurfaceVisitor, CombinesNoMoreThanAWalkMay)
+{
+  class Walk : public inp_PartSurfaceVisitor
+  {
+  public:
+    using inp_PartSurfaceVisitor::inp_PartSurfaceVisitor;
+    using inp_SurfaceVisitor::copiesLeft;
+  };
+  std::string const ab = ", COMBINE=UNION\nA, B\n";
+  LevelDeck deck(
+    InPart("*SURFACE, NAME=A\nALL, S1\n1, S2\n*SURFACE, NAME=B\nENDS, S1\n*SURFACE, NAME=U" + ab +
+           "*SURFACE, NAME=V" + ab +
+           "*SURFACE, NAME=D, COMBINE=DIFFERENCE\nA, B\n"
+           "*SURFACE, NAME=I, COMBINE=INTERSECTION\nB, A\n"
+           "*SURFACE, NAME=ONE, COMBINE=UNION\nA, A\n*SURFACE, NAME=W" +
+           ab));
+  Walk walk(deck.partNodes->GetSets(), deck.partElements.GetSets(), deck.partElements.GetElements(),
+            deck.partNodes->GetCoordMap());
+  walk.copiesLeft = 24;
+  walk.VisitList(deck.list);
+  EXPECT_EQ(SurfacesText(walk.GetSurfaces().ConstGetPartInstanceSurfaceMap("BAR")),
+            "A {S1: 1 2 3, S2: 1} B {S1: 1 3} D {S1: 2, S2: 1} I {S1: 1 3} ONE {S1: 1 2 3, S2: 1} "
+            "U {S1: 1 2 3, S2: 1} V {S1: 1 2 3, S2: 1} W {S1: 1 2 3, S2: 1}");
+  EXPECT_EQ(
+    walk.Errors().View().substr(walk.Errors().View().find(": ")),
+    ": The following surfaces hold more than can be added to the combined surface W. They are left "
+    "out:\n    B\n");
+  EXPECT_EQ(walk.copiesLeft, 0);
+}
+
 TEST(inp_SurfaceVisitor, ReadsRowsOfTheAssembly)
 {
   int const line = 47;

@@ -100,7 +100,8 @@ TEST(inp_ElementVisitor, RowsAreChecked)
   };
   ExpectElements(texts, inFlatDeck);
   DeckCase const assembly[] = {
-    {"taken as they are", "*ELEMENT, TYPE=SPRING2\n1, 5, 6\n2, 5, -6\n3, 0, 6\n", "1 SPRING2: 5 6",
+    {"taken as they are", "*ELEMENT, TYPE=SPRING2\n1, 5, 6\n2, 5, -6\n3, 0, 6\n4, 5, 9.5\n",
+     "1 SPRING2: 5 6; 4 SPRING2: 5 9",
      "1 error: Node numbers must be positive in element 2:\n5, -6\n"
      "1 error: Node numbers must be positive in element 3:\n0, 6\n"},
   };

@@ -1,4 +1,5 @@
 #include "NodePlaces.h"
+#include "inp_KeywordEnm.h"
 
 TEST(inp_NodeVisitor, NodeRowsGiveNodesAndASet)
 {
@@ -74,11 +75,25 @@ TEST(inp_NodeVisitor, LocalSystemsThatAreNoneAreReportedAxisByAxis)
      "1 error: The y-axis of the local coordinate system is not defined.\n"
      "1 error: The x-axis and the y-axis of the local coordinate system are parallel or almost "
      "parallel.\n"},
-    {"nan\n*NODE\n5, 1.\n",
+    {"1e308\n*NODE\n5, 1e308\n",
      "3 error: Invalid nodal coordinate values were specified for the following nodes: 5\n"},
   };
   for (auto const& [rows, messages] : cases)
     EXPECT_EQ(MeshDeck(std::string("*SYSTEM\n") + rows).messages, messages) << rows;
+}
+
+TEST(inp_NodeVisitor, APointIsThreeFieldsOfWhichSomeMayBeMissing)
+{
+  inp_Keyword keyword(inp_kwNcopy);
+  keyword.data.Append("7, 1., , 3., 4.");
+  auto const point = [&](int row, int column)
+  {
+    gsl_Point const p = inp_NodeVisitor::ReadPointFromKeywordData(keyword, row, column);
+    return std::vector<double>{p.X(), p.Y(), p.Z()};
+  };
+  EXPECT_EQ(point(0, 1), (std::vector<double>{1.0, 0.0, 3.0}));
+  EXPECT_EQ(point(0, 4), (std::vector<double>{4.0, 0.0, 0.0}));
+  EXPECT_EQ(point(1, 0), (std::vector<double>{0.0, 0.0, 0.0}));
 }
 
 TEST(inp_NodeVisitor, RoundingOfALocalSystemLeavesNoDust)

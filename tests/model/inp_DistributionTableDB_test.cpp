@@ -150,6 +150,23 @@ TEST_F(inp_DistributionTableDB_, DeclaresANameOnceWithOrWithoutQuotes)
   EXPECT_EQ(0, db.getDistTableSize("T", found));
 }
 
+TEST_F(inp_DistributionTableDB_, BeginsAnewWithEachDeck)
+{
+  for (int deck = 0; deck < 2; ++deck)
+  {
+    Declare("A", {inp_distLabelAngle});
+    Declare("AXES", {inp_distLabelCoord3D, inp_distLabelCoord3D});
+    EXPECT_EQ(2, db.getNumberDistTable());
+    EXPECT_EQ(0, Validate(inp_distTypeCoordinateSystem, "AXES"));
+    db.setTableSize("A", 3 + deck);
+    EXPECT_EQ(3 + deck, db.getTableSize("A"));
+    db.forgetDistTables();
+    EXPECT_EQ(0, db.getNumberDistTable());
+    EXPECT_EQ(2, Validate(inp_distTypeCoordinateSystem, "AXES"));
+    EXPECT_EQ(0, db.getTableSize("A"));
+  }
+}
+
 TEST_F(inp_DistributionTableDB_, KnowsColumnsByNameInEitherCase)
 {
   struct

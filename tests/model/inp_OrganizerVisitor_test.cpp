@@ -1,6 +1,5 @@
 #include "inp_OrganizerVisitor.h"
 
-#include "DebugOutput.h"
 #include "DeckKeywords.h"
 #include "KeywordTree.h"
 #include "MessageText.h"
@@ -195,17 +194,6 @@ TEST(inp_OrganizerVisitor, OrganizedKeywordsStayAsTheyAreAndKeepTheirRows)
   EXPECT_EQ(&list.ConstGet(1).data.Impl(),
             &twice.keywords.ConstGet(0).suboptions.ConstGet(0).data.Impl())
     << "moved, not copied";
-}
-
-TEST(inp_OrganizerVisitor, TellsItsStepsUnderTheDebugFlag)
-{
-  cow_List<inp_Keyword> const list = DeckKeywords("*MATERIAL\n*ELASTIC\n*HEADING\n");
-  DebugOutput const output(1);
-  Organized const organized(list, assembly);
-  EXPECT_EQ("OrganizerVisitor - Push: material\nOrganizerVisitor - Push: elastic\n"
-            "OrganizerVisitor - Pop: heading\nOrganizerVisitor - Pop: heading\n"
-            "OrganizerVisitor - Push: heading\n",
-            output.Text());
 }
 
 // Decks of which every keyword stands at one place, or at none: no work may grow with what stands

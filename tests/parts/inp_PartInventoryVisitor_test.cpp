@@ -159,7 +159,8 @@ TEST(inp_PartInventoryVisitor, ARigidBodyTakesAllOfItsPartOrNothing)
     {"but one that is a spring", Part(ten + "*ELEMENT, TYPE=SPRING1\n10\n" + body), ""},
     {"a set of as many labels is not looked into",
      Part("*ELEMENT, TYPE=S4\n1\n2\n*ELSET, ELSET=E\n2, 3\n" + body), ""},
-    {"an unknown set is for others to report", Part("*ELEMENT, TYPE=S4\n1\n" + body), ""},
+    {"an unknown set holds none", Part("*ELEMENT, TYPE=S4\n1\n" + body),
+     At(4, inp_msgRigidBodyElsetNotInPart, "E", "P") + At(4, inp_msgPartRigidBodyIncomplete, "P")},
     {"a body of the assembly on a part that has one",
      Part(ten + body) +
        "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n*RIGID BODY, ELSET=I.E\n"
@@ -184,7 +185,16 @@ TEST(inp_PartInventoryVisitor, ASurfaceAndItsRigidBodyStandAtOneLevel)
     {"with the assembly's name in front",
      Deck(define, "", "*RIGID BODY, REF NODE=1, ANALYTICAL SURFACE=A.I.S\n"), ""},
     {"surface in the instance, body in the part", Deck(refer, define, ""),
+     At(2, inp_msgPartSurfaceUndefined, "S", "P") +
+       At(6, inp_msgSurfaceOnOtherLevel, "S", "P", "I")},
+    {"surface in the part, body in the instance", Deck(define, refer, ""),
      At(6, inp_msgSurfaceOnOtherLevel, "S", "P", "I")},
+    {"both in the instance, beside a surface of the part", Deck(define, define + refer, ""),
+     At(2, inp_msgPartSurfaceUnused, "S", "P")},
+    {"the assembly's body takes the instance's own surface", Deck(define, define, referScoped),
+     At(2, inp_msgPartSurfaceUnused, "S", "P")},
+    {"both in the instance, beside a body of the part", Deck(refer, define + refer, ""),
+     At(2, inp_msgPartSurfaceUndefined, "S", "P")},
     {"an unknown instance", Deck(define + refer, "", "*RIGID BODY, ANALYTICAL SURFACE=J.S\n"),
      At(8, inp_msgAssemblySurfaceUndefined, "S", "J")},
     {"surfaces behind an instance are the assembly's again", Deck("", define + refer, define),

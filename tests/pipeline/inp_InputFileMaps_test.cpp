@@ -22,6 +22,11 @@ namespace
 struct Road
 {
   explicit Road(std::string const& deck, bool lumen = false)
+    : Road(deck, [lumen](inp_InputFile& made) { made.Classify(lumen); })
+  {
+  }
+  template <class Stage>
+  Road(std::string const& deck, Stage const& lastStage)
   {
     DeckFiles const files;
     files.Write("deck.inp", deck);
@@ -29,13 +34,21 @@ struct Road
     input.Parse(files.Path("deck.inp").c_str());
     input.ExpandKeywords();
     input.setModelParameters();
-    input.Classify(lumen);
+    lastStage(input);
     messages = sink.Lines();
   }
 
   inp_InputFile input;
   std::vector<std::string> messages;
 };
+
+std::string Printed(cow_List<inp_Keyword> const& keywords)
+{
+  std::string text;
+  for (inp_Keyword const& keyword : keywords)
+    text += keyword.Print(true).View();
+  return text;
+}
 
 using Place = std::array<double, 3>;
 
@@ -236,6 +249,20 @@ TEST(inp_InputFile, RowsOfPartsAreGivenUpUnlessTheyAreToStay)
   }
 }
 
+TEST(inp_InputFile, WhoTakesTheMapsFromOrganizedKeywordsKeepsThoseAsTheyAre)
+{
+  std::string const deck = AssemblyDeck("*NSET, NSET=ENDS, INSTANCE=PLAIN\n1, 6\n");
+  Road const road(deck);
+  Road whole(deck, [](inp_InputFile& input) { input.ReorganizeKeywords(false); });
+  std::string const before = Printed(whole.input.keywords);
+  whole.input.ExtractMaps(false);
+  EXPECT_EQ(before, Printed(whole.input.keywords));
+  EXPECT_NE(before, Printed(road.input.keywords));
+  EXPECT_EQ(SetsText(road.input.assemblyNsetMap.ConstGetMap()),
+            SetsText(whole.input.assemblyNsetMap.ConstGetMap()));
+  EXPECT_EQ(road.input.assemblyCoordMap.Count(), whole.input.assemblyCoordMap.Count());
+}
+
 TEST(inp_InputFile, ADeckWithoutPartsIsOnlyChecked)
 {
   Road const road("*NODE\n1, 0., 0., 0.\n*NSET, NSET=A.B\n1\n*IMPORT, UPDATE=NO\n");
@@ -273,10 +300,14 @@ TEST(inp_InputFile, ManyInstancesOfALargePartCostNoMoreThanTheirKeywords)
     surface += name + ".ALL\n";
   }
   long const before = MostMegabytes();
-  Road const road(deck + surface + "*END ASSEMBLY\n");
+  Road const road(deck + surface +
+                  "*ELEMENT, TYPE=SPRINGA\n1, P-10.50001, P-3999.1\n*END ASSEMBLY\n");
   EXPECT_LT(MostMegabytes() - before, 1000);
   EXPECT_THAT(road.messages, IsEmpty());
   EXPECT_EQ(50001 * instances, road.input.assemblyCoordMap.Count());
+  int const* const spring = road.input.assemblyElementMap.ConstGet().ConstGet(1).topology();
+  EXPECT_THAT(std::vector<int>(spring, spring + 2),
+              ElementsAre(3 * 50001, 3333 * 50001 + 1)); // third by name, and the one behind P-3998
   inpM_AssemblyInstanceSurface const& made =
     road.input.assemblySurfaceMap.ConstGetAssemblyInstanceSurface("S");
   EXPECT_EQ(instances, made.ConstGetInstance2PartInstanceSurfaceMap().Size());

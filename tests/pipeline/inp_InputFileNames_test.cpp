@@ -85,12 +85,40 @@ TEST(inp_InputFileNames, PeriodsGoFromDefinitionsAndReferences)
             "endstep\n");
 }
 
+// Names whose definitions stay: materials and distribution tables.
+TEST(inp_InputFileNames, DefinitionsAndReferencesLoseTheirPeriodsAlike)
+{
+  EXPECT_EQ(WithoutPeriods("*ELEMENT, TYPE=MASS, ELSET=A.B\n1, 1\n"
+                           "*NSET, NSET=N, ELSET=A.B\n"
+                           "*DISTRIBUTION TABLE, NAME=T.1\nLENGTH, LENGTH\n"
+                           "*DISTRIBUTION, NAME=D.1, LOCATION=ELEMENT, TABLE=T.1\n"
+                           ", 1., 1.\nA.B, 2., 1.\n"
+                           "*MATERIAL, NAME=M.1\n*DENSITY\nD.1\n"
+                           "*SOLID SECTION, ELSET=A.B, MATERIAL=M.1\n"
+                           "*EULERIAN SECTION, ELSET=A.B\nM.1, M.1_I, O.1\n"
+                           "*INITIAL CONDITIONS, TYPE=VOLUME FRACTION\nA.B, M.1, 1.\n"
+                           "*PARTICLE GENERATOR, NAME=G.1, TYPE=PC3D\n"
+                           "*PARTICLE GENERATOR FLOW, GENERATOR=G.1\n"),
+            "element elset=A_B, type=MASS: 1|1\n"
+            "nset elset=A_B, nset=N\n"
+            "distributiontable name=T.1: LENGTH|LENGTH\n"
+            "distribution location=ELEMENT, name=D_1, table=T.1: |1.|1. / A_B|2.|1.\n"
+            "material name=M.1\n"
+            "density: D_1\n"
+            "solidsection elset=A_B, material=M.1\n"
+            "euleriansection elset=A_B: M.1|M.1_I|O_1\n"
+            "initialconditions type=VOLUMEFRACTION: A_B|M.1|1.\n"
+            "particlegenerator name=G_1, type=PC3D\n"
+            "particlegeneratorflow generator=G_1\n");
+}
+
 TEST(inp_InputFileNames, TheAssemblysNameGoesFromNamesOfTheModel)
 {
   EXPECT_EQ(Unscoped("*PART, NAME=P\n*NSET, NSET=S\n1\n*END PART\n"
                      "*ASSEMBLY, NAME=Assy\n*INSTANCE, NAME=P-1, PART=P\n*END INSTANCE\n"
                      "*TIE, NAME=T, TIEDNSET=ASSY.P-1.S\nASSY.S, ASSY.T\n*END ASSEMBLY\n"
                      "*NSET, NSET=ALL\nassy.P-1.7, 8\n"
+                     "*NSET, NSET=OF, ELSET=Assy.E\n"
                      "*NSET, NSET=RUN, GENERATE\nAssy.P-1.1, Assy.P-1.5, 2\n"
                      "*STEP, NAME=S\n"
                      "*BOUNDARY\nAssy.P-1.S, 1\nOther.S, 1\nP-1.S, 1\nASSY, 1\n"
@@ -105,6 +133,7 @@ TEST(inp_InputFileNames, TheAssemblysNameGoesFromNamesOfTheModel)
             "tie name=T, tiednset=ASSY.P-1.S: ASSY.S|ASSY.T\n" // within the assembly they stay
             "endassembly\n"
             "nset nset=ALL: P-1.7|8\n"
+            "nset elset=E, nset=OF\n"
             "nset generate, nset=RUN: P-1.1|P-1.5|2\n"
             "step name=S\n"
             "boundary: P-1.S|1 / Other.S|1 / P-1.S|1 / ASSY|1\n"

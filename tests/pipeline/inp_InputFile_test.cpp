@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include "CapturingSink.h"
-#include "DebugOutput.h"
 #include "DeckFiles.h"
 #include "DeckKeywords.h"
 #include "KeywordText.h"
@@ -159,9 +158,13 @@ TEST(inp_InputFile, TellsWhetherAModelCanBeDividedIntoParts)
   EXPECT_FALSE(found.partConvertible);
 }
 
-TEST(inp_InputFile, CountsStepsOnFromEarlierJobs)
+TEST(inp_InputFile, TakesWhatTheDriverGivesAndCountsStepsOnFromEarlierJobs)
 {
   inp_InputFile input;
+  EXPECT_FALSE(input.InOdbConverter() || input.GetIncludePath().Length() > 0);
+  input.inOdbConverter = true;
+  input.includePath = "there";
+  EXPECT_TRUE(input.InOdbConverter() && input.GetIncludePath() == "there");
   input.numberSteps = 3;
   input.numberRestartSteps = 7;
   input.keywords = DeckKeywords("*STEP\n*RESTART, READ\n*STEP\n");
@@ -192,18 +195,6 @@ TEST(inp_InputFile, ReportsWhatItHasFoundBeforeBadNodesEndIt)
   EXPECT_THROW(input.ExpandKeywords(), nex_AtrException);
   ASSERT_EQ(sink.Lines().size(), 1u);
   EXPECT_THAT(sink.Lines()[0], testing::HasSubstr("line 1: The NAME parameter is required."));
-}
-
-TEST(inp_InputFile, PrintsTheTimeOfEachStageWhenDebugging)
-{
-  DebugOutput const output(1);
-  inp_InputFile input;
-  input.ExpandKeywords();
-  input.setModelParameters();
-  EXPECT_THAT(
-    output.Text(),
-    testing::MatchesRegex("Expand Keywords - Elapsed time: [0-9.e-]+  CPU time: [0-9.e-]+\n"
-                          "Set Model Parameters - Elapsed time: [0-9.e-]+  CPU time: [0-9.e-]+\n"));
 }
 
 // Three names each, all of them twice: a search through the names met so far would take a minute.

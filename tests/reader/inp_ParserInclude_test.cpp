@@ -123,7 +123,7 @@ TEST(inp_ParserInclude, ReadsARangeOfLines)
     {", STARTLINE=3, ENDLINE=2", whole, "",
      "1 error EndLineBelowStartLine(include): Parameter \"endLine\" must be endLine >=startLine; "
      "endLine=2, startLine=3\n"},
-    {", STARTLINE, ENDLINE=2", "", "",
+    {", STARTLINE, ENDLINE=x", "", "", // the first one is said
      "1 error ValueNotInteger(include): Value cannot be converted to an integer: TRUE\n"},
     {", STARTL=2, ENDL=2", whole, "", ""}, // no abbreviations
   };

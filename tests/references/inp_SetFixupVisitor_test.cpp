@@ -32,6 +32,7 @@ public:
     return value == "GONE" ? cow_String() : value;
   }
 
+  using inp_SetFixupVisitor::mostListed;
   std::string heard;
 };
 
@@ -63,10 +64,11 @@ TEST(inp_SetFixupVisitor, TellsPlaceTypeAndParameter)
 
 TEST(inp_SetFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
 {
-  cow_List<inp_Keyword> keywords = DeckKeywords("*NODE OUTPUT, NSET=BAD\n"
-                                                "*PRESSURE PENETRATION\nbad, gone, 1\nGONE, 2\n"
-                                                "*CLOAD\nBAD, 1\nGONE, 1\n"
-                                                "*SLIDE LINE, GENERATE\n1, 2, 3\n5, 6\n");
+  cow_List<inp_Keyword> keywords =
+    DeckKeywords("*NODE OUTPUT, NSET=BAD\n"
+                 "*PRESSURE PENETRATION\nbad, gone, 1\nGONE, 2\n"
+                 "*CLOAD\nBAD, 1\nGONE, 1\n"
+                 "*SLIDE LINE, GENERATE, ELSET=BAD\n1, 2, 3\n5, 6\n");
   inp_ModelParameters const model;
   Listening visitor(model);
   visitor.VisitList(keywords);
@@ -75,14 +77,32 @@ TEST(inp_SetFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
             "2 error: No such set.\n"
             "5 error: No such set.\n"
             "8 error: untitled: Increment of 3 cannot be used to step from 1 to 2 "
-            "on slideline keyword.\n");
+            "on slideline keyword.\n"
+            "8 error: No such set.\n");
   EXPECT_EQ(KeywordText(keywords.ConstGet(0)), "nodeoutput nset=BAD");
   EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "pressurepenetration: bad||1 / |2");
   EXPECT_EQ(KeywordText(keywords.ConstGet(2)), "cload: BAD|1 / |1");
-  EXPECT_EQ(KeywordText(keywords.ConstGet(3)), "slideline: 5|6");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(3)), "slideline elset=BAD, generate: 1|2|3 / 5|6");
 
   keywords = DeckKeywords("*BOUNDARY\nMEMORY\n");
   EXPECT_THROW(visitor.VisitList(keywords), inp_MemoryException);
+}
+
+TEST(inp_SetFixupVisitor, WritesOutNoMoreRangesThanAWalkMay)
+{
+  cow_List<inp_Keyword> keywords =
+    DeckKeywords("*SLIDE LINE, GENERATE\n1, 5\n*SLIDE LINE, GENERATE\n1, 2\n7, 9\n"
+                 "*SLIDE LINE, GENERATE\n3, 2, -1\n3, 3\n4, 4\n");
+  inp_ModelParameters const model;
+  Listening visitor(model);
+  visitor.mostListed = 9;
+  visitor.VisitList(keywords);
+  EXPECT_EQ(ErrorsOf(visitor),
+            "3 error: untitled: The range from 7 to 9 with a step of 1 on slideline "
+            "holds more ids than a set can. It is left out.\n");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(0)), "slideline: 1|2|3|4|5");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "slideline generate: 1|2 / 7|9");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(2)), "slideline: 2|3|3|4");
 }
 
 TEST(inp_SetFixupVisitor, LeavesWhatComesBackUnchangedAsWritten)
@@ -133,7 +153,10 @@ TEST(inp_NameFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
     DeckKeywords("*SPRING, ORIENTATION=BAD\n*CONTACT PAIR\nS, T, bad, O\n");
   visitor.VisitList(keywords);
   EXPECT_EQ(ErrorsOf(visitor),
-            "1 error: untitled: There are errors in the *spring data lines: No such name.\n"
-            "2 error: untitled: There are errors in the *contactpair data lines: No such name.\n");
+            "1 error: untitled: There are errors in the *spring data lines: No such name. "
+            "(\"BAD\" in ORIENTATION)\n"
+            "2 error: untitled: There are errors in the *contactpair data lines: No such name. "
+            "(\"BAD\" in field 3 of data line 1)\n");
+  EXPECT_EQ(visitor.GetErrorList().ConstGet(1).Origin()->subject, "BAD");
   EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "contactpair: S|T|bad|O#O");
 }

@@ -49,7 +49,7 @@ TEST(references, FieldsOfEveryLine)
 {
   Case const cases[] = {
     {"*BOUNDARY, ORIENTATION=O\n p-1.15, 1, 3\nseta ,2\n,3\n",
-     "boundary orientation=O#O: P-1.15#N|1|3 / SETA#N|2 / #N|3"},
+     "boundary orientation=O#O: P-1.15#N|1|3 / SETA#N|2 / |3"},
     {"*BOUNDARY, PHANTOM=EDGE\n1, 2, 3\n", "boundary phantom=EDGE: 1#N|2#N|3"},
     {"*FILM\n5, F1, 20., \"a, b\"\n\"x.y\", F2\n", "film: 5#E|F1|20.|\"a, b\" / \"x.y\"#E|F2"},
     {"*DSLOAD, REFNODE=7\nS, P, 1.\n", "dsload refnode=7#N: S#S|P|1."},
@@ -134,7 +134,7 @@ TEST(references, Distributions)
   thr_ThreadSingleton<inp_DistributionTableDB>::Instance().setTableSize("T#D", 2);
   Case const cases[] = {
     {"*DISTRIBUTION, NAME=D, TABLE=T, LOCATION=ELEMENT\n, 1.\n2.\nE, 3.\n4.\n",
-     "distribution location=ELEMENT, name=D#D, table=T#D: #E|1. / 2. / E#E|3. / 4."},
+     "distribution location=ELEMENT, name=D#D, table=T#D: |1. / 2. / E#E|3. / 4."},
     {"*DISTRIBUTION, NAME=D, TABLE=T, LOCATION=NODE\n1\n2\n3\n",
      "distribution location=NODE, name=D#D, table=T#D: 1#N / 2 / 3#N"},
     {"*DISTRIBUTION, NAME=D, TABLE=U, LOCATION=NODE\n1\n",
@@ -156,6 +156,55 @@ TEST(references, Distributions)
   EXPECT_EQ(2., visitor.GetDefaultDataDouble("D#D", 2));
   EXPECT_EQ(0., visitor.GetDefaultDataDouble("D#D", 3));
   EXPECT_EQ(0., visitor.GetDefaultDataDouble("D", 0));
+}
+
+// Places that a manual's lists leave out, though the keywords take them.
+TEST(references, FurtherPlaces)
+{
+  Case const cases[] = {
+    {"*SURFACE OUTPUT, SURFACE=S\n", "surfaceoutput surface=S#S"},
+    {"*FLUID SECTION, ELSET=E\n", "fluidsection elset=E#E"},
+    {"*FLUID BOUNDARY, SURFACE=S, ELSET=E, ORIENTATION=O, DISTRIBUTION=D\n",
+     "fluidboundary distribution=D, elset=E#E, orientation=O#O, surface=S#S"},
+    {"*STEADY STATE TRANSPORT, ELSET=E\n1.\n", "steadystatetransport elset=E#E: 1."},
+    {"*SUBSTRUCTURE GENERATE, ELSET=E, NSET=N\n", "substructuregenerate elset=E#E, nset=N#N"},
+    {"*SUBSTRUCTURE OUTPUT, ELSET=E\n", "substructureoutput elset=E#E"},
+    {"*SUBSTRUCTURE PROPERTY, ELSET=E\n", "substructureproperty elset=E#E"},
+    {"*MATRIX ASSEMBLE, NSET=N\n", "matrixassemble nset=N#N"},
+    {"*FLUID CAVITY, NAME=C, REFNODE=N, SURFACE=S, EULERIANELSET=E\n",
+     "fluidcavity eulerianelset=E#E, name=C, refnode=N#N, surface=S#S"},
+    {"*EULERIAN SECTION, ELSET=E, ORIENTATION=O\nM, I, O\n",
+     "euleriansection elset=E#E, orientation=O#O: M#M|I|O#O"},
+    {"*SPOT WELD, ORIENTATION=O\nS\n", "spotweld orientation=O#O: S#S"},
+    {"*PARTICLE GENERATOR, NAME=G, FLUIDCAVITYREFNODE=N\n",
+     "particlegenerator fluidcavityrefnode=N#N, name=G#M"},
+    {"*PARTICLE GENERATOR FLOW, GENERATOR=G, FLUIDINFLATORPROPERTY=P\n",
+     "particlegeneratorflow fluidinflatorproperty=P#O, generator=G#M"},
+    {"*EULERIAN INFLATOR PROPERTY, NAME=P\n", "eulerianinflatorproperty name=P#O"},
+    {"*SHELL GENERAL SECTION, COMPOSITE\nD, 3, STEEL, O\n",
+     "shellgeneralsection composite: D#D|3|STEEL|O#O#D"},
+  };
+  Check(cases);
+}
+
+TEST(references, WhatIsNoNameStays)
+{
+  Case const cases[] = {
+    {"*SURFACE, NAME=S, REFNODE\n", "surface name=S#S, refnode"},
+    {"*SURFACE, NAME, TYPE=NODE\n, 1.\n1.5, 2.\n7\n",
+     "surface name, type=NODE: |1. / 1.5|2. / 7#N"},
+    {"*NODE OUTPUT, NSET\n", "nodeoutput nset"},
+    {"*MONITOR, NODE=1.5\n", "monitor node=1.5"},
+    {"*EMBEDDED ELEMENT, HOSTELSET=1.\n1.5, , E\n", "embeddedelement hostelset=1.: 1.5||E#E"},
+    {"*PERIODIC MEDIA\n2., 1.5D0, 3.\n", "periodicmedia: 2.|1.5D0|3."},
+    {"*CONTACT PRINT, MASTER, SLAVE=1.5\n", "contactprint master, slave=1.5"},
+    {"*SPRING, ORIENTATION\n", "spring orientation"},
+    {"*SPRING, ORIENTATION=7\n", "spring orientation=7"},
+    {"*CONTACT PAIR\n1., S, , 7\n", "contactpair: 1.|S#S||7"},
+    {"*SHELL SECTION, SHELLTHICKNESS=0.5, OFFSET=2\n", "shellsection offset=2, shellthickness=0.5"},
+    {"*PARTICLE GENERATOR FLOW, GENERATOR\n", "particlegeneratorflow generator"},
+  };
+  Check(cases);
 }
 
 TEST(references, KeywordsWithConditions)
@@ -199,7 +248,15 @@ TEST(references, KeywordsWithConditions)
      "initialconditions type=VOLUMEFRACTION: E#E|M#M|1."},
     {"*FASTENER, ELSET=E\n1.5D0\nS, T,, 3\n", "fastener elset=E#E: 1.5D0 / S#S|T#S||3#S"},
     {"*SPOT WELD, REFERENCENODESET=N\n1.\nS\n", "spotweld referencenodeset=N#N: 1. / S#S"},
-    {"*SPOT WELD\n1.D0\nS\n", "spotweld: 1.D0#S / S#S"},
+    {"*SPOT WELD\n1.D0, T\nS\n", "spotweld: 1.D0|T#S / S#S"},
+    {"*TIE, NAME=T, TIEDNSET=N\nS, M\nS2, M2, 0.5\n",
+     "tie name=T#S, tiednset=N#N: S#S|M#S / S2#S|M2#S|0.5"},
+    {"*INITIAL CONDITIONS, TYPE=CONTACT\nS, M, N\nS, M\n",
+     "initialconditions type=CONTACT: S#S|M#S|N#N / S#S|M#S"},
+    {"*SURFACE, NAME=S, COMBINE=UNION, CROP=T\nA, B\n",
+     "surface combine=UNION, crop=T, name=S#S: A#S|B#S"},
+    {"*SURFACE, NAME=S, CROP=T\n0., 0.\n", "surface crop=T#S, name=S#S: 0.|0."},
+    {"*ORIENTATION, NAME=O\nD, D\nD, D2\n1, D3\n", "orientation name=O#O: D#D|D / D|D2#D / 1|D3#D"},
     {"*SHELL SECTION, COMPOSITE\n1., 3, STEEL, O\nD, 3, STEEL, 45\n",
      "shellsection composite: 1.|3|STEEL|O#O#D / D#D|3|STEEL|45"},
   };

@@ -24,19 +24,19 @@ public:
   {
     std::vector<std::string> lines;
     for (wip_Message const& message : m_messages)
-      lines.push_back(Word(message) + ": " + std::string(message.text.View()));
+      lines.push_back(Severity(message) + ": " + std::string(message.text.View()));
     return lines;
   }
 
   void Clear() { m_messages.clear(); }
 
-private:
-  static std::string Word(wip_Message const& message)
+  static std::string Severity(wip_Message const& message)
   {
     if (message.isWarning)
       return "warning";
     return message.level == wip_error ? "error" : "fatal" + std::to_string(message.level);
   }
 
+private:
   std::vector<wip_Message> m_messages;
 };

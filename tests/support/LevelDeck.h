@@ -5,6 +5,7 @@
 #include "inp_AssemblyElementVisitor.h"
 #include "inp_AssemblyNodeVisitor.h"
 #include "inp_AssemblySurfaceVisitor.h"
+#include "inp_NodeNumbers.h"
 #include "inp_OrganizerVisitor.h"
 #include "inp_PartElementVisitor.h"
 #include "inp_PartNodeVisitor.h"
@@ -74,7 +75,7 @@ public:
     messages = m_expansion.messages;
     for (wip_Message const& message : sink.Messages())
       messages +=
-        MessageText(message.isWarning ? "warning" : "error", message.text, m_deckFile) + "\n";
+        MessageText(CapturingSink::Severity(message).c_str(), message.text, m_deckFile) + "\n";
   }
 
   cow_List<inp_Keyword> list; ///< organized
@@ -128,6 +129,8 @@ private:
                   partNodes->GetSets(), inpM_SetMap(), true);
     nodes->setInstanceNames(parts.Instances());
     nodes->VisitListAndReport(list);
+    inp_NodeNumbers numbers(nodes->GetCoordMap());
+    elements->PutNumbers(numbers);
     surfaces.emplace(nodes->GetSets(), elements->GetSets(), elements->GetElements(),
                      nodes->GetCoordMap(), partSurfaces->GetSurfaces());
     surfaces->setInstancePartNames(parts);

@@ -2,6 +2,7 @@
 
 #include "inp_DataArray.h"
 #include "inp_Element.h"
+#include "mem_Budget.h"
 
 #include <cstdint>
 
@@ -11,7 +12,7 @@
 struct inp_ElementGeneration
 {
   /// What the generators of a walk may make: more could hardly be held, and no model comes near.
-  static constexpr int c_mostElements = 50000000;
+  static constexpr int c_mostElements = mem_Budget(50000000);
   static constexpr int c_directions = 3;
   static constexpr int c_fields = 1 + 3 * c_directions;
 
@@ -59,6 +60,10 @@ private:
 
 /// A row without fields, or with a blank one alone.
 bool inp_IsBlankRow(inp_DataArray const& data, int row);
+
+/// An element as its generators copy it: the midside nodes of a gasket that the deck left out have no
+/// label again, even when the original's have got theirs by now.
+inp_Element inp_AsGiven(inp_Element const& element);
 
 /// The nodes that go with a copy of an element: all but those at the end that orient a cross section.
 int inp_MovableNodesInGeneration(inp_Element const& element, bool allNodes);

@@ -16,7 +16,8 @@ class inp_RawDataArrayImpl;
 ///
 /// A row that stands behind such a field is yet a new element when the nodes so far are enough and it
 /// would bring more than the type takes. Blank rows at the end count for nothing. Rows are read as they
-/// are kept, as numbers or as text; numbers do not tell a blank field from a 0.
+/// are kept, as numbers or as text, and their faults are the same in both: among numbers a 0 is a blank
+/// field, as rows in which the deck has a 0 stay text.
 ///
 ///     inp_ElementRows rows(keyword.data, family, inp_ElementRows::c_checked, c_dropBlanks);
 ///     while (rows.Next())
@@ -43,7 +44,7 @@ public:
   enum faultEnm
   {
     c_noFault,
-    c_notInteger,
+    c_notInteger,          ///< or blank
     c_notIntegerContinued, ///< on a row behind the first one
     c_negative,
     c_zero
@@ -66,8 +67,8 @@ public:
   int GivenNodes() const { return static_cast<int>(m_nodes.size()) + m_surplus; }
   /// What is wrong in the nodes: the first fault.
   faultEnm Fault() const { return m_fault; }
-  /// The field with that fault, as text.
-  cow_String FaultText() const { return m_data.AsString(m_faultRow, m_faultColumn); }
+  /// The field with that fault, as text; empty for a blank one.
+  cow_String FaultText() const;
 
 private:
   struct Row
@@ -84,6 +85,7 @@ private:
   Row ReadText(int row, int columns);
   Row ReadAnyForm(int row, int columns);
   void ReadLabel(Row const& row);
+  bool IsBlankCell(int cell) const;
   void ReadContinuation(bool goesOn);
   bool LacksConnectorNode() const;
   void AddNodes(Row const& row, int from, int rowNumber);

@@ -2,7 +2,27 @@
 
 #include "inp_KeywordEnmFwd.h"
 
-/// What a keyword may carry. The tables are static, and arrays end with a null pointer.
+/// Something that a keyword must have, or that an assembly of part instances does not take.
+struct inp_Requirement
+{
+  enum kindEnm
+  {
+    none,           ///< closes a rule's requirements
+    demanded,       ///< each of the parameters must be given
+    demandedOne,    ///< one of them must
+    demandedByHand, ///< each must, and the handler says so
+    required,       ///< each must, in other words than those of `demanded`
+    valued,         ///< each that is given must have a value
+    refused,        ///< words[0] says what; with words[1], only where that parameter is given
+    refusedThis     ///< the same in other words
+  };
+  static constexpr int c_words = 4;
+
+  kindEnm kind = none;
+  char const* words[c_words] = {};
+};
+
+/// What a keyword may carry, and what it must. The tables are static, and arrays end with a null pointer.
 struct inp_ExpansionRule
 {
   char const* handler;           ///< "VisitNode"
@@ -10,6 +30,7 @@ struct inp_ExpansionRule
   /// Runs of a parameter's name, its words and a null, ended by a null in the place of a name. A
   /// parameter with two runs takes the words of both.
   char const* const* values;
+  inp_Requirement const* requirements; ///< in the order in which they are looked at
 };
 
 /// All rules in table order, ended by one without a handler.

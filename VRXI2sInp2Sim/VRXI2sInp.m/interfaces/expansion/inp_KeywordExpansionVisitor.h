@@ -94,13 +94,16 @@ protected:
     ExpandByRule(keyword, *inp_ExpansionRuleOf(keyword.keyword));
   }
 
+  /// Says what the keyword lacks of its rule's requirements; false when a parameter is missing.
+  bool MeetsRequirements(inp_Keyword& keyword);
+
   /// Reads the file of "input" and removes the parameter.
   void ProcessInputParameter(inp_Keyword& keyword);
   void ReadInputParameter(cow_String const& file, inp_Keyword& keyword);
   void ReadManifestFile(cow_String const& file, inp_Keyword& keyword);
 
   void checkRequiredParameter(inp_Keyword& keyword, cow_String parameter);
-  void checkRequiredParameterValue(inp_Keyword& keyword, cow_String parameter);
+  void checkRequiredParameterValue(inp_Keyword const& keyword, cow_String parameter);
   void checkRequiredDataline(inp_Keyword& keyword);
   void TruncateEachDataLineBeyondItemN(inp_Keyword& keyword, int n);
 
@@ -138,8 +141,8 @@ private:
                       inp_Keyword const& keyword);
   void NoteMissing(cow_List<cow_String> const& names);
   bool ReadDataLines(cow_String const& path, cow_String const& file, inp_Keyword& keyword);
+  static void CleanRows(inp_Keyword& keyword);
   bool AppendDataLines(aio_ifstream& stream, cow_String const& file, inp_Keyword& keyword);
-  static void DropTrailingBlankRows(inp_Keyword& keyword);
   bool ParseManifest(cow_String const& path, inp_Keyword const& keyword,
                      cow_List<inp_Keyword>& keywords);
   void TakeOver(inp_KeywordExpansionVisitor const& nested);
@@ -156,10 +159,11 @@ private:
   template <int Places, class... Arguments>
   void Refuse(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
               Arguments const&... arguments);
-  /// An error unless the keyword has the parameter.
-  template <int Places>
-  bool Demand(inp_Keyword const& keyword, cow_String const& parameter,
-              atr_MessageRow<Places> const& row);
+  bool Meets(inp_Keyword& keyword, inp_Requirement const& requirement);
+  bool MeetsFor(inp_Keyword& keyword, inp_Requirement::kindEnm kind, char const* name);
+  bool DemandOne(inp_Keyword const& keyword, inp_Requirement const& requirement);
+  void RefuseOption(inp_Keyword const& keyword, inp_Requirement const& requirement,
+                    atr_MessageRow<1> const& row);
 
   template <class Accepts, int Places>
   void CheckType(inp_Keyword const& keyword, cow_String const& parameter, Accepts accepts,
@@ -227,16 +231,4 @@ void inp_KeywordExpansionVisitor::Refuse(atr_MessageRow<Places> const& row,
 {
   cow_List<atr_String>& list = featureEnhanced ? m_errorList : deferredErrors;
   list.Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...)));
-}
-
-template <int Places>
-bool inp_KeywordExpansionVisitor::Demand(inp_Keyword const& keyword, cow_String const& parameter,
-                                         atr_MessageRow<Places> const& row)
-{
-  bool const has = keyword.HasParameter(parameter);
-  if (!has)
-  {
-    Say(row, keyword);
-  }
-  return has;
 }

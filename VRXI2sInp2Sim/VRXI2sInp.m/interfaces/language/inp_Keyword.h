@@ -6,6 +6,7 @@
 #include "inp_DataArray.h"
 #include "inp_Item.h"
 #include "inp_KeywordEnmFwd.h"
+#include "inp_NameParameter.h"
 
 class aio_ostream;
 class eli_eostream;
@@ -42,6 +43,10 @@ public:
   /// Takes integers too.
   double GetParameterAsDouble(cow_String const& name, double defaultValue) const;
   cow_String GetParameterAsString(cow_String const& name, cow_String const& defaultValue) const;
+  /// A parameter that names something, whatever the type of its value.
+  inp_NameParameter ReadName(cow_String const& parameter) const;
+  /// The name alone; empty where there is none.
+  cow_String NameIn(cow_String const& parameter) const { return ReadName(parameter).text; }
   /// Some keyword directly below is `other`.
   bool hasSuboption(inp_KeywordEnm const& other) const;
 

@@ -5,8 +5,10 @@
 #include "cow_List.h"
 #include "cow_String.h"
 #include "inpM_OmiSet.h"
+#include "inp_ScopedRange.h"
 
 #include <string_view>
+#include <vector>
 
 class inp_DataArray;
 class inp_Keyword;
@@ -75,7 +77,8 @@ public:
                                     cow_List<atr_String>& errors);
   static inpM_OmiSet GenerateSetIds(inp_DataArray const& data, cow_String const& keywordName,
                                     cow_List<atr_String>& errors);
-  /// The same for rows whose start and end may be scoped by an instance; in ascending order a row.
+  /// The same for rows whose start and end may be scoped by an instance; in ascending order a row. A row
+  /// of one field gives nothing, unsaid; ranges that are more than memory may hold are left out.
   static cow_List<cow_String> GenerateScopedIds(inp_DataArray const& data,
                                                 cow_String const& keywordName,
                                                 cow_List<atr_String>& errors);
@@ -90,4 +93,12 @@ public:
   static cow_List<cow_String> GenerateUnsortedScopedIds(inp_DataArray const& data,
                                                         cow_String const& keywordName,
                                                         cow_List<atr_String>& errors);
+
+  /// The ranges of rows whose start and end may be scoped, ascending, without a text for each number.
+  /// Whatever is wrong in a row is reported; blank rows are passed over.
+  static std::vector<inp_ScopedRange> ReadScopedRanges(inp_DataArray const& data,
+                                                       cow_String const& keywordName,
+                                                       cow_List<atr_String>& errors);
+  /// Says that a range is more than can be listed.
+  static atr_String RangeTooLarge(inp_ScopedRange const& range, cow_String const& keywordName);
 };

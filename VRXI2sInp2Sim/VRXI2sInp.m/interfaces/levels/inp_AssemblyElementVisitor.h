@@ -1,6 +1,6 @@
 #pragma once
 
-#include "inp_ElementVisitor.h"
+#include "inp_AssyLevelElemVisitor.h"
 
 /// Reads what stands outside of *PART: elements and element sets within instances, and sets of the
 /// assembly.
@@ -8,18 +8,22 @@
 /// Needs:    a list that is organized; the elements and element sets of the parts.
 /// Produces: for each instance a share of its part's elements and element sets, and what is new. An
 ///           instance costs O(1) until it gets elements of its own; then it has a table of its own.
-///           Elements of the assembly itself are known by label, with their type and without nodes:
-///           their keywords are set aside for inp_AssyLevelElemVisitor, since they name nodes of
-///           instances, which are to be numbered first.
-/// Reports:  an instance that defines an element set of its part again.
+///           Elements of the assembly itself are read by inp_AssyLevelElemVisitor. They name nodes of
+///           instances, so they have none until PutNumbers.
+/// Reports:  an instance that defines an element set of its part again, and what is wrong in the rows of
+///           elements of the assembly. Nodes of theirs that are not there PutNumbers reports.
 class inp_AssemblyElementVisitor : public inp_ElementVisitor
 {
 public:
   inp_AssemblyElementVisitor(inpM_InstanceMap<inp_MapInt2Element> const& partElements,
                              inpM_SetMap const& partElementSets, bool computesConnectivity);
 
-  /// The keywords that were set aside, in deck order.
+  /// The *ELEMENT keywords of the assembly itself, in deck order.
   cow_List<inp_Keyword> const& GetKeywords() const { return m_keywords; }
+
+  /// Behind the walk, when all nodes are there: gives the elements of the assembly their nodes, reports
+  /// nodes that are not there, and takes elements that are left out from the sets of the assembly.
+  void PutNumbers(inp_NodeNumbers& numbers);
 
   void Visit(inp_Keyword& keyword) override;
   void VisitInstance(inp_Keyword& keyword) override;
@@ -31,10 +35,11 @@ protected:
   bool IsValidInstanceName(cow_String const& name) const override { return IsInstance(name); }
 
 private:
-  void SetAside(inp_Keyword const& keyword);
+  void ReadOwnElements(inp_Keyword const& keyword);
 
   inpM_InstanceMap<inp_MapInt2Element> m_partElements;
   inpM_SetMap m_partElementSets;
   cow_String m_part; ///< of the current instance
   cow_List<inp_Keyword> m_keywords;
+  inp_AssyLevelElemVisitor m_own; ///< reads the elements of the assembly itself
 };

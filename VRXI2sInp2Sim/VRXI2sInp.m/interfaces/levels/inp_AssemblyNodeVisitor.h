@@ -14,8 +14,9 @@
 /// Produces: for each instance a share of its part's nodes, with the position that is applied to what is
 ///           read, and of its part's node sets; the position itself; and the nodes and sets that are new.
 ///           An instance costs O(1), whatever its part holds, until it gets nodes of its own.
-/// Reports:  an instance that defines a node set of its part again, and an axis without a direction,
-///           which leaves the instance moved and not turned.
+/// Reports:  an instance that defines a node set of its part again; fields of a position that are no
+///           numbers; a rotation that cannot be read as a whole, or whose axis has no direction, which
+///           leaves the instance moved and not turned.
 class inp_AssemblyNodeVisitor : public inp_NodeVisitor
 {
 public:
@@ -38,6 +39,7 @@ protected:
 
 private:
   void ReadPosition(inp_Keyword const& keyword);
+  void ReadRotation(inp_Keyword const& keyword);
 
   inp_CoordMap m_partCoordMap;
   inpM_SetMap m_partNodeSets;

@@ -18,21 +18,21 @@ class inp_Keyword;
 /// the box goes from the origin of coordinates to the second corner, and the first one plays no part.
 /// Missing numbers are 0. The bounds belong to the box.
 ///
-/// A keyword without a name or the second row, and one whose directions make no orientation, which
-/// draws a warning, gives a box that is not valid: nothing is to be taken from the surface then.
+/// A keyword without a name or the second row gives a box that is not valid, and nothing is to be taken
+/// from the surface then. So does one whose directions make no orientation, which draws a warning, and
+/// one with a field that is no number, which is an error.
 class inp_CropDefinition
 {
 public:
   explicit inp_CropDefinition(inp_Keyword const& keyword);
 
   bool IsValid() const { return valid; }
-  bool IsOriented() const { return oriented; }
 
   /// Tells whether a node, in its position, lies in a valid box.
   bool IsInBox(inp_Coord const& node) const;
 
 private:
-  bool ReadOrientation(inp_Keyword const& keyword);
+  bool Orient(inp_Keyword const& keyword, gsl_Vector a, gsl_Vector const& b);
 
   bool valid = false;
   bool oriented = false; ///< there is a third row

@@ -124,6 +124,8 @@ private:
 
   bool GenerateElements(inp_Keyword const& keyword, inp_ElementGeneration const& generation,
                         cow_List<int>& labels);
+  void MakeBlock(inp_Keyword const& keyword, inp_ElementGeneration const& generation,
+                 inp_Element const& pattern, cow_List<int>& labels);
   bool CheckCount(inp_Keyword const& keyword, std::int64_t count, int nodesOfElement);
   inpM_BaseSet const* CheckExistenceOfOldSet(inp_Keyword const& keyword, cow_String const& name);
   bool CopyElement(inp_Keyword const& keyword, inp_MapInt2Element& target, int label, int newLabel,

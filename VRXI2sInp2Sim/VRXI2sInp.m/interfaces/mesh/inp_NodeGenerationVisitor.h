@@ -8,6 +8,8 @@
 #include "inp_Visitor.h"
 
 #include <cstdint>
+#include <unordered_map>
+#include <vector>
 
 /// Makes the nodes that elements imply and no keyword lists: those of the layers of layered elements,
 /// each where its bottom node is, and the midside nodes of quadratic gaskets.
@@ -17,8 +19,9 @@
 ///     nodes.GetCoordMap();
 ///
 /// Needs:    the elements that inp_ElementVisitor made of the same keywords, and the nodes of the level.
-/// Produces: the nodes with those added. A node that exists stays as it is. Midside nodes get labels
-///           above those of the part, which are written into the elements, in the table that others
+/// Produces: the nodes with those added. A node that exists stays as it is. Elements may stand on nodes
+///           that others make, in any order. Midside nodes get labels above those of all nodes and all
+///           connectivity of the part, which are written into the elements, in the table that others
 ///           share.
 /// Reports:  errors with the keyword's place; the walk goes on.
 class inp_NodeGenerationVisitor : public inp_Visitor
@@ -55,9 +58,10 @@ protected:
   /// point of a quadrilateral with eight nodes.
   void BiquadraticInterpolator(double const& r, double const& s, double* weights) const;
 
-  /// Puts the nodes 17 and 18, as far as they are new, into the middle of both faces of a gasket.
+  /// Puts the nodes 17 and 18, as far as they are new, into the middle of both faces of a gasket, or
+  /// lets them wait for the nodes of the face.
   void GenerateGasketGK3D18MidsideNodes(inp_CoordMap& coords, int const* nodes, bool isFirstNew,
-                                        bool isSecondNew) const;
+                                        bool isSecondNew);
   /// The point (r, s) of a face of which `nodes` are the eight nodes; false when one of them is missing.
   bool GenerateGasketGK3D18MidsideNodes(inp_CoordMap const& coords, int const* nodes, double r,
                                         double s, inp_Coord& point) const;
@@ -78,12 +82,26 @@ protected:
 private:
   using ShortRow = atr_MessageRow<2>;
 
+  /// Nodes that can be made once others are there: those above a bottom node, or the one in the middle
+  /// of a face.
+  struct Implied
+  {
+    int const* nodes; ///< of the element, from the bottom node on; or the eight of the face
+    int step;         ///< from a layer to the next one; 0 for a face
+    int layers;       ///< or for a face the label of the node in its middle
+  };
+
   bool IsInScope() const;
   void BeginScope();
   void CompleteElement(inp_Keyword const& keyword, int label, ShortRow const& tooFewNodes);
   void AddMidsideNodes(inp_Keyword const& keyword, int label, inp_Element& element,
                        inp_CoordMap& coords);
-  int NewLabel(inp_CoordMap const& coords);
+  int NewLabel();
+  int LargestLabelOfConnectivity() const;
+  void Make(Implied const& implied, inp_CoordMap& coords);
+  void MakeColumn(Implied const& implied, inp_CoordMap& coords);
+  void MakeMiddle(Implied const& implied, inp_CoordMap& coords);
+  void InsertNode(int label, inp_Coord const& coord, inp_CoordMap& coords);
   void AddLayers(inp_Keyword const& keyword, inp_Element const& element,
                  inp_ElementFamily const& family, inp_CoordMap& coords,
                  ShortRow const& tooFewNodes);
@@ -92,5 +110,7 @@ private:
   bool m_isRestart;
   bool m_isInParts;
   bool lumenCompatible = false;
-  std::int64_t m_generated = 0; ///< elements of *ELGEN so far
+  std::int64_t m_generated = 0;                            ///< elements of *ELGEN so far
+  std::unordered_map<int, std::vector<Implied>> m_waiting; ///< by the label that is missing
+  std::vector<Implied> m_ready;                            ///< to be made next
 };

@@ -34,6 +34,10 @@ public:
 
   inp_CoordMap const& GetCoordMap() const { return coordMap; }
 
+  /// Adds to the sets of *NSET with ELSET, and to those that name them, the midside nodes that elements
+  /// have got since the walk: their labels are given out when all other nodes are known.
+  void FinishNodeSets();
+
   void VisitNcopy(inp_Keyword& keyword) override;
   void VisitNfill(inp_Keyword& keyword) override;
   void VisitNgen(inp_Keyword& keyword) override;
@@ -94,6 +98,7 @@ private:
   struct FillRow;
   struct Motion;
   struct Mapping;
+  struct NodesOfElements;
 
   /// The map of the scope; null, with an error, when there is no such part or instance.
   inp_CoordMap* TargetMap(inp_Keyword const& keyword);
@@ -128,11 +133,17 @@ private:
   void ReadMapping(inp_Keyword const& keyword, cow_String const& type, Mapping& mapping);
   void SetMappingAxes(inp_Keyword const& keyword, Mapping& mapping);
 
-  void AddNodesOfElements(inp_Keyword& keyword, cow_String const& name, bool internal);
+  void ReadNodeSet(inp_Keyword const& keyword, cow_String const& name);
+  void AddNodesOfElements(inp_Keyword const& keyword, cow_String const& name);
   bool AddNodesOfScope(inp_Keyword const& keyword, cow_String const& elset, cow_String const& scope,
-                       inpM_BaseSet& nodes);
-  bool AddNodesOfAssembly(inp_Keyword const& keyword, cow_String const& elset, inpM_BaseSet& nodes);
+                       NodesOfElements& found);
+  bool AddNodesOfAssembly(inp_Keyword const& keyword, cow_String const& elset,
+                          NodesOfElements& found);
+  void InheritUnfinished(inp_Keyword const& keyword, cow_String const& name);
+  void InheritUnfinishedOf(cow_String const& field, cow_String const& name);
+  void FinishNodeSets(cow_String const& scope, inpM_BaseSetMap const& unfinished);
   bool IsImportedWithoutElements(inp_Keyword const& keyword, cow_String const& instanceName);
 
+  inpM_SetMap m_unfinished; ///< by scope and node set, elements whose nodes are not all made
   double m_generated = 0.0; ///< nodes so far, those included that replace others
 };

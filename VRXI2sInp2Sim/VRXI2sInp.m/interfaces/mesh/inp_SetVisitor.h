@@ -3,6 +3,7 @@
 #include "inpM_CreateSet.h"
 #include "inpM_SetMap.h"
 #include "inp_Visitor.h"
+#include "mem_Budget.h"
 
 #include <cstddef>
 
@@ -58,22 +59,47 @@ protected:
     return m_instanceName.Length() > 0 ? m_instanceName : m_partName;
   }
 
-  // Enters a set into the scope. A set of that name gains the members and keeps kind and type; with
-  // `accumulate` it is replaced instead. A name that is none, or too long, is refused.
+  /// Tells whether a set may have the name, with a message when it may not. To be asked before the rows
+  /// of a keyword are read.
+  bool CheckSetName(inp_Keyword const& keyword, cow_String const& name);
+
+  // Enters a set into the scope, in `sets` or another map, unless its name is refused. MergeSet adds the
+  // members to the set of that name, which keeps its kind and type; ReplaceSet puts the set in its place.
+  void MergeSet(inpM_SetMap& setMap, inp_Keyword const& keyword, cow_String const& name,
+                inpM_SetHandle const& set);
+  void MergeSet(inp_Keyword const& keyword, cow_String const& name, inpM_SetHandle const& set)
+  {
+    MergeSet(sets, keyword, name, set);
+  }
+  void ReplaceSet(inpM_SetMap& setMap, inp_Keyword const& keyword, cow_String const& name,
+                  inpM_SetHandle const& set);
+  void ReplaceSet(inp_Keyword const& keyword, cow_String const& name, inpM_SetHandle const& set)
+  {
+    ReplaceSet(sets, keyword, name, set);
+  }
+
+  // The same by a flag, for a part and for the assembly. `accumulate` says that the set holds the members
+  // of the old one already.
+  void AddPartSet(inpM_SetMap& setMap, inp_Keyword const& keyword, cow_String const& name,
+                  inpM_SetHandle const& set, bool accumulate)
+  {
+    accumulate ? ReplaceSet(setMap, keyword, name, set) : MergeSet(setMap, keyword, name, set);
+  }
   void AddPartSet(inp_Keyword const& keyword, cow_String const& name, inpM_SetHandle const& set,
                   bool accumulate)
   {
     AddPartSet(sets, keyword, name, set, accumulate);
   }
-  void AddPartSet(inpM_SetMap& setMap, inp_Keyword const& keyword, cow_String const& name,
-                  inpM_SetHandle const& set, bool accumulate);
+  void AddAssySet(inpM_SetMap& setMap, inp_Keyword const& keyword, cow_String const& name,
+                  inpM_SetHandle const& set, bool accumulate)
+  {
+    AddPartSet(setMap, keyword, name, set, accumulate);
+  }
   void AddAssySet(inp_Keyword const& keyword, cow_String const& name, inpM_SetHandle const& set,
                   bool accumulate)
   {
-    AddAssySet(sets, keyword, name, set, accumulate);
+    AddPartSet(sets, keyword, name, set, accumulate);
   }
-  void AddAssySet(inpM_SetMap& setMap, inp_Keyword const& keyword, cow_String const& name,
-                  inpM_SetHandle const& set, bool accumulate);
 
   // New sets from the rows of a keyword. With `includeAll` a name is searched at the own level of
   // `sets`, then in each instance, and otherwise in the scope.
@@ -89,8 +115,7 @@ protected:
   inpM_SetHandle GenerateSet(inp_Keyword const& keyword, bool internal, bool unsorted);
   inpM_SetHandle GenerateAssemblySet(inp_Keyword const& keyword, bool internal, bool unsorted);
 
-  // The same with the members of the set that has this name already, for AddPartSet and AddAssySet
-  // with `accumulate`. An old set keeps its kind, but becomes sorted when the keyword is. It gains
+  // The same with the members of the set that has this name already, for ReplaceSet. An old set keeps its kind, but becomes sorted when the keyword is. It gains
   // the members where it is, so that a set of many keywords is not copied for each.
   inpM_SetHandle ReadIdsAndSetNamesAccumulate(inp_Keyword const& keyword, cow_String const& name,
                                               bool internal, bool unsorted, bool includeAll);
@@ -112,9 +137,6 @@ protected:
   /// name them before the program fills them. Those that exist are reported.
   void MakeMixtureSets(inp_Keyword const& keyword);
 
-  /// A name given by a parameter; empty when there is none, or it has no value.
-  static cow_String NameParameter(inp_Keyword const& keyword, char const* parameter);
-
   /// As Say, with a list of items behind the words.
   template <class T, int Places, class... Arguments>
   void SayItems(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
@@ -129,7 +151,8 @@ protected:
   cow_List<cow_String> instanceNames; ///< ascending
   cow_List<cow_String> importedInstances; ///< ascending
   bool lumenCompatible = false;
-  std::size_t mostBytes = std::size_t{3} << 30; ///< of the sets that rows of the walk make
+  std::size_t mostBytes =
+    mem_Budget(std::size_t{3} << 30); ///< of the sets that rows of the walk make
 
 private:
   struct Faults;
@@ -137,9 +160,7 @@ private:
   template <class Read>
   inpM_SetHandle Accumulate(inpM_SetMap& setMap, cow_String const& name, bool internal,
                             bool unsorted, Read const& read);
-  void AddSet(inpM_SetMap& setMap, cow_String const& scope, cow_String const& name,
-              inpM_SetHandle const& set, bool accumulate);
-  bool CheckSetName(inp_Keyword const& keyword, cow_String const& name);
+  void PrintAdding(inpM_SetMap const& setMap, cow_String const& name) const;
   inpM_SetHandle ReadPart(inp_Keyword const& keyword, bool internal, bool unsorted,
                           bool includeAll);
   inpM_SetHandle ReadAssembly(inpM_SetMap const& setMap, inp_Keyword const& keyword, bool internal,

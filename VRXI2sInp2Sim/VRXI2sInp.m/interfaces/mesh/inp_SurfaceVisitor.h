@@ -6,6 +6,9 @@
 #include "inp_CoordMap.h"
 #include "inp_MapInt2Element.h"
 #include "inp_Visitor.h"
+#include "mem_Budget.h"
+
+#include <cstdint>
 
 class inpM_ElementFaceIdSurface;
 class inp_CropDefinition;
@@ -78,7 +81,8 @@ protected:
   inpM_InstanceMap<inp_MapInt2Element> elements;
   inp_CoordMap coordMap;
   inpM_InstanceMap<cow_String> instanceParts;
-  bool isNodeSurface = false; ///< kind of the keyword at hand
+  bool isNodeSurface = false;          ///< kind of the keyword at hand
+  std::int64_t copiesLeft = 500000000; ///< of facets, by combinations of this walk
 
 private:
   class Faults;
@@ -99,7 +103,7 @@ private:
   void SayNames(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
                 cow_List<cow_String> const& names);
 
-  static constexpr std::size_t c_mostOfSet = 50000000;
+  static constexpr std::size_t c_mostOfSet = mem_Budget(50000000);
   static constexpr std::size_t c_mostAdded = 4 * c_mostOfSet;
   std::size_t m_added = 0; ///< ids of sets, by this walk
 };

@@ -38,8 +38,8 @@ struct inp_distTable : mem_AllocationOperators
 /// valid for each kind of use, the tables declared so far, and how many items each of them holds.
 ///
 /// Reached as thr_ThreadSingleton<inp_DistributionTableDB>::Instance(). Nothing is parsed here:
-/// visitors and the driver feed it, and what it holds stays until the thread ends or finalizes it.
-/// Double quotes at both ends of a table's name are no part of the name.
+/// visitors and the driver feed it, and what it holds stays until a deck is parsed, or the thread ends or
+/// finalizes it. Double quotes at both ends of a table's name are no part of the name.
 class inp_DistributionTableDB : public thr_ThreadSingletonBase<inp_DistributionTableDB>
 {
 public:
@@ -54,6 +54,8 @@ public:
   /// the name is declared.
   int addDistTables(cow_String const& name, int numLabels, int numComponents,
                     inp_distTableLabelEnum const* labels);
+  /// Back to no table, declared or of recorded size: a new deck begins. What is valid stays.
+  void forgetDistTables();
   /// Labels of a declared table. `found` becomes 1, or 0 with the result 0.
   int getDistTableSize(cow_String const& name, int& found) const;
   /// Components of a declared table. `found` becomes 1, or 0 with the result 0.

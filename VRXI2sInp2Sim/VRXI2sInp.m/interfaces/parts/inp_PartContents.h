@@ -7,11 +7,10 @@
 /// What is known of an analytical surface under the name that it has at one level.
 struct inp_SurfaceUses
 {
-  unsigned int count = 0;      ///< rigid bodies of this level that refer to it
-  bool isDefined = false;      ///< at this level
-  bool isUsedAbove = false;    ///< a rigid body of a level above refers to it
-  bool isDefinedAbove = false; ///< an instance of the part defines one of its name
-  cow_String instanceName;     ///< empty in a part
+  unsigned int count = 0;   ///< rigid bodies of this level that refer to it
+  bool isDefined = false;   ///< at this level
+  bool isUsedAbove = false; ///< a rigid body of a level above refers to it, and to no other
+  cow_String instanceName;  ///< empty in a part
   cow_String surfaceName;
   atr_Origin place; ///< of the definition, or else of the first reference
 };

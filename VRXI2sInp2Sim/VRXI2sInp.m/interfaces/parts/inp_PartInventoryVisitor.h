@@ -85,7 +85,7 @@ private:
   void CheckRigidBodyOfPart(inp_Keyword const& keyword);
   void CheckRigidBodyOfAssembly(inp_Keyword const& keyword);
   void CheckReferencedPart(inp_Keyword const& keyword, char const* parameter);
-  bool HasElementOutside(inp_MapInt2Element const& partElements, inpM_BaseSet const& set) const;
+  bool HasElementOutside(inp_MapInt2Element const& partElements, inpM_OmiSet const& ids) const;
   void CheckRigidSurfaceElements(inp_Keyword const& keyword, cow_String const& elset,
                                  inpM_BaseSet const* set,
                                  inpM_InstanceMap<inp_MapInt2Element> const& levels);

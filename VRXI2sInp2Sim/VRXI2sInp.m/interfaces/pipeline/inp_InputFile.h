@@ -20,22 +20,29 @@ class inp_KeywordExpansionVisitor;
 ///
 ///     Parse(fileName)         text to a flat list of keywords, in file order
 ///     ExpandKeywords()        parameters completed, values checked, data files read
+///     CheckTextEncoding()     names and titles are UTF-8
 ///     setModelParameters()    section points and model-wide flags, from the flat list
 ///     Classify(lumen)         the hierarchy, and the maps of parts and instances
-///     NumberModel()           numbers across the model, and the elements between instances
+///     NumberModel()           numbers across the model, for those who want all of them
 ///     CheckOutOfPlace()       the rules of parts and rigid bodies, from hierarchy and maps
 ///
 /// Stages return nothing. What they have to say goes to the sink (wip_WIP) when a stage ends:
 /// warnings, errors (level 1), fatal errors (level 2; those of the reader level 0). A stage goes on
 /// behind its faults, so that one run shows all of them. No stage guards against a call out of
 /// order. With debug flag 30 at level 1 each stage prints its time to pnt_debugPrint.
+///
+/// Two stages end the life of what has served: Classify that of the rows of parts, and CheckOutOfPlace that
+/// of their element maps. Who wants these to the end calls ReorganizeKeywords and ExtractMaps in place of
+/// the one, CheckParts in place of the other.
 class inp_InputFile
 {
 public:
-  /// Reads the deck. Raises nex_PrimException when the file cannot be opened.
+  /// Reads the deck. The distribution tables of an earlier deck are forgotten. Raises nex_PrimException when the file cannot be opened.
   void Parse(cow_String fileName);
   /// Checks and completes every keyword; rejected ones leave the list.
   void ExpandKeywords();
+  /// Tells of names that are not well-formed UTF-8, and empties titles that are not.
+  void CheckTextEncoding();
   void setModelParameters();
   /// A flat deck: periods in names of sets, surfaces, orientations, distributions and materials
   /// become "_", so that a period can separate scopes; names in double quotes keep theirs.
@@ -45,14 +52,14 @@ public:
   void ModifyScopedNames();
   void ModifyScopedNames(cow_String const& assemblyName);
   /// Makes a hierarchy of the list, and fills the maps: part... by part, assembly... by instance and,
-  /// at their top, for the assembly itself. `lumen`: the results are to stay fit for the Lumen
-  /// pre-processor, so the rows of parts stay with their keywords. A deck without parts is only checked:
-  /// see FlatRoadMissing.
+  /// at their top, for the assembly itself. Releases the rows of parts once their maps hold them, unless
+  /// `lumen` is set: the results are to stay fit for the Lumen pre-processor then. A deck without parts is
+  /// only checked: see FlatRoadMissing.
   void Classify(bool lumen);
   /// The same without the maps, for those who want the keywords.
   void ReorganizeKeywords(bool lumen);
-  /// The maps of a list that ReorganizeKeywords has organized, for those who want the keywords with all
-  /// their rows and then the maps. A deck without parts has none.
+  /// The maps of a list that ReorganizeKeywords has organized, and that stays as it is. A deck without
+  /// parts has none.
   void ExtractMaps(bool lumen);
   /// The deck has no parts of its own, and there is no way yet to divide it into parts: behind
   /// ExpandKeywords no stage takes it further. Known after ExpandKeywords.
@@ -60,12 +67,14 @@ public:
   /// *IMPORT beside *MAP SOLUTION, and *IMPORT in a job that continues none, unless the results are
   /// to stay fit for the Lumen pre-processor. Looks at the top level.
   void CheckImportValidity(bool lumen);
-  /// The rules that span keywords. Gives up the element maps of the parts: they have served.
+  /// The rules that span keywords, and then an end to the element maps of parts.
   void CheckOutOfPlace();
+  /// The rules that span keywords.
+  void CheckParts();
   /// Numbers nodes and elements across the assembly, each from 1 up: the assembly's own ones first, then
-  /// by instance in name order (nodeIdMap, elementIdMap). The other maps keep the user's labels, except
-  /// that the elements of the assembly, which are read here from assemblyKeywords, name their nodes by
-  /// number, as such a node may be any instance's.
+  /// by instance in name order (nodeIdMap, elementIdMap). O(nodes and elements of all instances). The other
+  /// maps keep the user's labels, except that the elements of the assembly name their nodes by these
+  /// numbers, as such a node may be any instance's.
   void NumberModel();
 
   /// Writes every keyword as deck lines, in list order.
@@ -105,8 +114,7 @@ public:
   inpM_InstanceMap<gsl_Matrix> transformationMap; ///< position by instance
   inpM_IdMap nodeIdMap; ///< the user's labels to the model's own numbers, once it is numbered
   inpM_IdMap elementIdMap;
-  cow_List<inp_Keyword>
-    assemblyKeywords; ///< elements of the assembly, for inp_AssyLevelElemVisitor
+  cow_List<inp_Keyword> assemblyKeywords;         ///< the *ELEMENT keywords of the assembly itself
   inpM_InstanceMap<cow_String> instancePartNames; ///< instance to part
   inp_ModelParameters modelParameters;
 
@@ -140,8 +148,14 @@ private:
   void Reorganize();
   /// Reports the first name with a period outside quotes; see inp_FindPeriodInNames.
   void ProhibitPeriodInNames(cow_List<inp_Keyword> const& list);
+  /// Leaves out, with an error, instances that only an import could fill where there is none, and those
+  /// whose name another one has. Warns of an instance that has the assembly's name. Wants the hierarchy.
+  void CheckInstances();
   /// What Classify and ReorganizeKeywords have in common behind the check of imports.
   void OrganizeAssembly();
   void ExtractPartMaps(bool lumen);
+  void MakePartMaps(bool lumen);
+  void ReleasePartRows(bool lumen);
+  void ReleasePartElements() { partElementMap = inpM_InstanceMap<inp_MapInt2Element>(); }
   void ExtractAssemblyMaps(bool lumen);
 };

@@ -37,6 +37,10 @@ public:
   static inp_ReferencePlace const* Places(inp_KeywordEnm keyword);
 
 protected:
+  bool Serves(inp_referenceEnm what) const override
+  {
+    return what == inp_refDistribution || what == inp_refTable;
+  }
   cow_String FixupName(cow_String const& name) override { return FixupDistributionName(name); }
 
   inp_ModelParameters const* modelParameters;

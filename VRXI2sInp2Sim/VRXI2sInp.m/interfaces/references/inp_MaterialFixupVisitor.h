@@ -16,5 +16,9 @@ public:
   static inp_ReferencePlace const* Places(inp_KeywordEnm keyword);
 
 protected:
+  bool Serves(inp_referenceEnm what) const override
+  {
+    return what == inp_refMaterial || what == inp_refGenerator;
+  }
   cow_String FixupName(cow_String const& name) override { return FixupMaterialName(name); }
 };

@@ -29,6 +29,10 @@ public:
   static inp_ReferencePlace const* Places(inp_KeywordEnm keyword);
 
 protected:
+  bool Serves(inp_referenceEnm what) const override
+  {
+    return what == inp_refOrientation || what == inp_refInflator;
+  }
   cow_String FixupName(cow_String const& name) override { return FixupOrientationName(name); }
 
   Defaults defaultsByName;

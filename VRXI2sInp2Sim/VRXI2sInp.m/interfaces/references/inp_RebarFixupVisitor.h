@@ -12,5 +12,6 @@ public:
   virtual cow_String FixupRebarName(cow_String const& name) = 0;
 
 protected:
+  bool Serves(inp_referenceEnm) const override { return false; }
   cow_String FixupName(cow_String const& name) override { return FixupRebarName(name); }
 };

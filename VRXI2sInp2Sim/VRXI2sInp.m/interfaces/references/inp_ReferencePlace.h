@@ -10,17 +10,11 @@ enum inp_referenceEnm
   inp_refElements, ///< elements and element sets
   inp_refSurface,
   inp_refOrientation,
+  inp_refInflator, ///< fluid inflators and their properties
   inp_refDistribution,
-  inp_refMaterial
-};
-
-/// What a parameter's value must be for the parameter to count.
-enum inp_valueEnm
-{
-  inp_anyValue,
-  inp_textValue,
-  inp_unlessReal,
-  inp_unlessRealOrNone
+  inp_refTable, ///< the tables of distributions
+  inp_refMaterial,
+  inp_refGenerator ///< particle generators
 };
 
 /// From which line of a record to the first of the next one: a number, or one that follows from the
@@ -67,17 +61,16 @@ struct inp_PlaceCondition
 
 /// A place of a keyword where something is named: a parameter, or fields of data lines. Fields and
 /// lines count from 1, as in a manual. A row of a table is written as a chain of the functions
-/// below.
+/// below. What can be no name (see inp_ReferenceVisitor) stays wherever it stands.
 struct inp_ReferencePlace
 {
   static constexpr int c_conditions = 3;
 
   inp_referenceEnm what = inp_noReference;
   char const* parameter = nullptr; ///< null: data lines
-  inp_valueEnm value = inp_anyValue;
   inp_Columns columns;
   bool byValue = false;       ///< each field by itself (see inp_SetFixupVisitor)
-  bool isText = false;        ///< a field that reads as a number stays
+  bool isText = false;        ///< what reads as a number stays
   bool isId = false;          ///< one field that holds a number, scoped or not; sets stay
   bool viaDefinition = false; ///< through VisitSurfaceDefinition
   int firstLine = 1;
@@ -126,21 +119,9 @@ struct inp_ReferencePlace
     return place;
   }
 
-  constexpr inp_ReferencePlace Parameter(char const* name, inp_valueEnm kind = inp_anyValue) const
+  constexpr inp_ReferencePlace Parameter(char const* name) const
   {
-    return With(&inp_ReferencePlace::parameter, name).With(&inp_ReferencePlace::value, kind);
-  }
-  constexpr inp_ReferencePlace TextParameter(char const* name) const
-  {
-    return Parameter(name, inp_textValue);
-  }
-  constexpr inp_ReferencePlace ParameterUnlessReal(char const* name) const
-  {
-    return Parameter(name, inp_unlessReal);
-  }
-  constexpr inp_ReferencePlace ParameterUnlessRealOrNone(char const* name) const
-  {
-    return Parameter(name, inp_unlessRealOrNone);
+    return With(&inp_ReferencePlace::parameter, name);
   }
 
   template <class... Numbers>
@@ -148,7 +129,6 @@ struct inp_ReferencePlace
   {
     return With(&inp_ReferencePlace::columns, inp_Columns::OfFields(fields...));
   }
-  /// Blank fields excepted.
   constexpr inp_ReferencePlace AllFields() const
   {
     return With(&inp_ReferencePlace::columns, inp_Columns::All());

@@ -8,7 +8,7 @@
 
 /// All places of a keyword that the visitors of this floor know: nodes and elements first, then
 /// surfaces, orientations, distributions and materials, each in the order in which they are
-/// rewritten. Empty for most keywords. The parameters that define sets are not among them.
+/// rewritten, and those of inp_FurtherReferences.def behind. Empty for most keywords. The parameters that define sets are not among them.
 std::vector<inp_ReferencePlace> inp_ReferencePlaces(inp_KeywordEnm keyword);
 
 /// What a place names: "nodes or node sets".

@@ -10,6 +10,9 @@
 // A period separates scopes in names, so a flat deck's names lose theirs before there are any
 // scopes: each becomes "_", but for those in double quotes. What reads as a real number stays.
 //
+// A definition and its references change together or not at all: the definitions of materials and
+// of distribution tables keep their periods, and so do the references to them.
+//
 // inp_RemovePeriod<kind>Visitor, for each kind of inp_NameKinds.def.
 
 /// Takes the keywords that define sets as well: inp_SetDefinitions.def.
@@ -54,6 +57,11 @@ protected:
     cow_String operation(__VA_ARGS__) override;                                                    \
                                                                                                    \
   protected:                                                                                       \
+    bool Serves(inp_referenceEnm what) const override                                              \
+    {                                                                                              \
+      return what != inp_refMaterial && what != inp_refTable &&                                    \
+             inp_##kind##FixupVisitor::Serves(what);                                               \
+    }                                                                                              \
     bool RewriteInPlace(char* cell) override;                                                      \
     char NameMark() const override { return '.'; }                                                 \
   };

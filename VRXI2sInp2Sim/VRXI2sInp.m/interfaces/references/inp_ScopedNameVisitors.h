@@ -14,7 +14,8 @@
 //
 // inp_ScopedName<kind>Visitor, for each kind of inp_NameKinds.def.
 
-/// Also takes the members of *NSET and *ELSET; of GENERATE rows, start and end.
+/// Also takes the members of *NSET and *ELSET, of GENERATE rows start and end, and the element set
+/// of which *NSET takes the nodes.
 class inp_ScopedNameSetVisitor : public inp_SetFixupVisitor
 {
 public:

@@ -14,8 +14,6 @@ class inp_ModelParameters;
 ///     parameter, field  ->  ReplaceNodeOrNset...      ->  ReplaceIdOrSet...  ->  FixupIdOrSet
 ///                           ReplaceElementOrElset...
 ///
-/// Where a whole column counts, its blank fields go in too, as "".
-///
 /// Reports:  an exception that FixupIdOrSet raises, with its keyword's place; the field or
 ///           parameter stays and the walk goes on with the next. Memory failures and
 ///           inp_ElementUndefinedNodesError leave the walk.
@@ -61,7 +59,6 @@ public:
   virtual void ReplaceIdOrSetData(inp_Keyword& keyword, inp_Columns const& columns,
                                   inpM_SetMap const& setMap, inpM_IdMap const& idMap, int rowStep,
                                   inp_SetType setType);
-  /// Blank fields excepted.
   virtual void ReplaceIdOrSetAllData(inp_Keyword& keyword, inpM_SetMap const& setMap,
                                      inpM_IdMap const& idMap);
   virtual void ReplaceIdOrSetParameter(inp_Keyword& keyword, cow_String const& name,
@@ -83,6 +80,10 @@ public:
   static inp_ReferencePlace const* Places(inp_KeywordEnm keyword);
 
 protected:
+  bool Serves(inp_referenceEnm what) const override
+  {
+    return what == inp_refNodes || what == inp_refElements;
+  }
   void ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place) override;
 
   inpM_SetMap nsets;
@@ -91,12 +92,16 @@ protected:
   inpM_IdMap elementIdMap;
   bool lumenCompatible = false;
   inp_ModelParameters const* modelParameters;
+  std::int64_t mostListed = 20000000; ///< numbers that take the place of ranges in the walk
 
 private:
+  static Fields OneField(int row, int column);
   cow_String Fixed(inp_Keyword const& keyword, cow_String const& value, inpM_SetMap const& setMap,
                    inpM_IdMap const& idMap, inp_SetType setType, cow_String const& parameterName);
   void ReplaceWholeColumns(inp_Keyword& keyword, inp_ReferencePlace const& place);
   void ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlace const& place);
   cow_String ReplaceValue(inp_Keyword& keyword, inp_referenceEnm what, cow_String const& value);
-  static void ExpandGenerated(inp_Keyword& keyword, cow_List<atr_String>& errors);
+  bool ExpandGenerated(inp_Keyword& keyword);
+
+  std::int64_t m_listed = 0; ///< of mostListed
 };

@@ -7,7 +7,7 @@
 /// Finds every place where a surface is named, and stores what FixupSurfaceName makes of the name.
 /// The places stand in inp_SurfaceReferences.def.
 ///
-/// Blank fields stay. Reports nothing: what FixupSurfaceName raises leaves the walk.
+/// Reports nothing: what FixupSurfaceName raises leaves the walk.
 class inp_SurfaceFixupVisitor : public inp_ReferenceVisitor
 {
 public:
@@ -31,6 +31,7 @@ public:
   static inp_ReferencePlace const* Places(inp_KeywordEnm keyword);
 
 protected:
+  bool Serves(inp_referenceEnm what) const override { return what == inp_refSurface; }
   void ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place) override;
 
   inpM_SurfaceMap surfaces;

@@ -1,6 +1,7 @@
 #include "inp_ElementGeneration.h"
 
 #include "inpM_LabelRange.h"
+#include "inp_ElementFamily.h"
 #include "inp_ElementInfo.h"
 
 #include <algorithm>
@@ -9,6 +10,7 @@ namespace
 {
 
 constexpr int c_nodesOfElbowSection = 2;
+constexpr int c_nodesOfGasketFaces = 16;
 
 bool IsElbow(inp_Element const& element) { return element.type().View().starts_with("ELBOW"); }
 
@@ -88,6 +90,23 @@ std::int64_t inp_ElementGeneration::Elements() const
     elements = std::min<std::int64_t>(elements * count, c_mostElements + 1);
   }
   return std::min<std::int64_t>(elements, c_mostElements + 1);
+}
+
+inp_Element inp_AsGiven(inp_Element const& element)
+{
+  inp_Element copy(element);
+  if (!inp_IsGasketWithMidsideNodes(element.type()) || element.nodeOffset() > 0)
+  {
+    return copy;
+  }
+  // The nodes of a solid element say nothing of those of the gasket, and give it none in its middle.
+  int const given = element.solidElementNumbering() > 0 ? 0 : element.numNodesDefined();
+  int const nodes = element.numNodesPerElement();
+  for (int place = std::max(given, c_nodesOfGasketFaces); place < nodes; ++place)
+  {
+    copy.topology()[place] = 0;
+  }
+  return copy;
 }
 
 bool inp_IsBlankRow(inp_DataArray const& data, int row)

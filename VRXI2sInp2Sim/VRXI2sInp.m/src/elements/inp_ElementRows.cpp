@@ -150,7 +150,7 @@ bool inp_ElementRows::Next()
 
 void inp_ElementRows::ReadLabel(Row const& row)
 {
-  int cell = row.count > 0 ? row.cells[0] : m_numbers != nullptr ? 0 : c_blankCell;
+  int const cell = row.count == 0 || IsBlankCell(row.cells[0]) ? c_blankCell : row.cells[0];
   m_labelState = !IsInteger(cell) ? c_labelNotInteger : cell < 1 ? c_labelNotPositive : c_good;
   m_label = m_labelState == c_good ? cell : 0;
 }
@@ -173,6 +173,17 @@ void inp_ElementRows::ReadContinuation(bool goesOn)
     AddNodes(row, 0, m_row++);
     goesOn = row.goesOn;
   }
+}
+
+bool inp_ElementRows::IsBlankCell(int cell) const
+{
+  return cell == c_blankCell || (cell == 0 && m_numbers != nullptr);
+}
+
+cow_String inp_ElementRows::FaultText() const
+{
+  return m_data.IsNone(m_faultRow, m_faultColumn) ? cow_String()
+                                                  : m_data.AsString(m_faultRow, m_faultColumn);
 }
 
 bool inp_ElementRows::LacksConnectorNode() const
@@ -204,7 +215,7 @@ void inp_ElementRows::AddNodes(Row const& row, int from, int rowNumber)
 void inp_ElementRows::AddNode(int cell, int row, int column)
 {
   bool const isConnector = m_family.kind == inp_ElementFamily::c_connector;
-  bool const isBlank = cell == c_blankCell || (cell == 0 && m_numbers != nullptr);
+  bool const isBlank = IsBlankCell(cell);
   int const place = static_cast<int>(m_nodes.size());
   if (place >= m_family.maxNodes)
   {
@@ -225,7 +236,7 @@ void inp_ElementRows::AddNode(int cell, int row, int column)
   {
     m_nodes.push_back(cell == c_blankCell || cell == c_badCell ? m_data.AsInt(row, column) : cell);
   }
-  else if (!IsInteger(cell))
+  else if (isBlank || !IsInteger(cell))
   {
     SetFault(row == m_firstRow ? c_notInteger : c_notIntegerContinued, row, column);
   }

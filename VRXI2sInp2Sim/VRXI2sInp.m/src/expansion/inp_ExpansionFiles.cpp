@@ -3,12 +3,14 @@
 #include "VRXBasUtlFilePath.h"
 #include "aio_ifstream.h"
 #include "inp_ExpansionMessages.h"
+#include "inp_KeywordEnm.h"
 #include "inp_KeywordExpansionVisitor.h"
 #include "inp_Parser.h"
 #include "inp_ParserExceptions.h"
 #include "inp_RawDataArrayImpl.h"
 #include "utl_CommandLine.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace
@@ -17,7 +19,7 @@ namespace
 constexpr int c_longestLine = 256;
 constexpr int c_longestItem = 255;
 
-bool IsBlankRow(inp_DataArray const& data, int row)
+bool IsBlankRow(inp_RawDataArrayImpl const& data, int row)
 {
   return data.Cols(row) == 0 || (data.Cols(row) == 1 && data.IsNone(row, 0));
 }
@@ -34,6 +36,39 @@ bool HasTooLongItem(inp_RawDataArrayImpl const& rows, int row)
     }
   }
   return false;
+}
+
+/// Makes of a cell, in place, what AsString gives: upper case and no blanks outside of quotes. It
+/// keeps its length, with blanks behind. Gives the NUL that ends it.
+char* CleanCell(char* from)
+{
+  // Most cells are clean, but for blanks in front, which do no harm.
+  while (*from == ' ')
+  {
+    ++from;
+  }
+  auto const isClean = [](unsigned char c) { return c > ' ' && c != '"' && (c < 'a' || c > 'z'); };
+  while (isClean(static_cast<unsigned char>(*from)))
+  {
+    ++from;
+  }
+  bool inQuotes = false;
+  char* to = from;
+  for (; *from != '\0'; ++from)
+  {
+    char const c = *from;
+    inQuotes ^= c == '"';
+    if (inQuotes)
+    {
+      *to++ = c;
+    }
+    else if (c != ' ' && c != '\t' && c != '\r')
+    {
+      *to++ = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    }
+  }
+  std::fill(to, from, ' ');
+  return from;
 }
 
 } // namespace
@@ -63,9 +98,10 @@ void inp_KeywordExpansionVisitor::ReadInputParameter(cow_String const& file, inp
     return;
   }
   includedFiles.Append(name);
-  if (bulkDataProcess && ReadDataLines(path, name, keyword))
+  if (bulkDataProcess)
   {
-    DropTrailingBlankRows(keyword);
+    ReadDataLines(path, name, keyword);
+    CleanRows(keyword);
   }
 }
 
@@ -180,36 +216,34 @@ bool inp_KeywordExpansionVisitor::AppendDataLines(aio_ifstream& stream, cow_Stri
   return true;
 }
 
-/// Where blank rows end the data, the rows before them are made anew from their cleaned items.
-void inp_KeywordExpansionVisitor::DropTrailingBlankRows(inp_Keyword& keyword)
+/// Takes away the blank rows that end the data, and cleans the others' cells. Nodes and elements are
+/// numbers, which are clean as read.
+void inp_KeywordExpansionVisitor::CleanRows(inp_Keyword& keyword)
 {
-  inp_DataArray const& data = keyword.data;
-  int rows = data.Rows();
-  while (rows > 0 && IsBlankRow(data, rows - 1))
-  {
-    --rows;
-  }
-  if (rows == data.Rows())
+  inp_RawDataArrayImpl* const rows = dynamic_cast<inp_RawDataArrayImpl*>(&keyword.data.Impl());
+  if (rows == nullptr)
   {
     return;
   }
-  inp_DataArray kept;
-  for (int row = 0; row < rows; ++row)
+  while (rows->Rows() > 0 && IsBlankRow(*rows, rows->Rows() - 1))
   {
-    cow_String line;
-    for (int column = 0; column < data.Cols(row); ++column)
-    {
-      line.Append(column > 0 ? "," : "").Append(data.AsString(row, column));
-    }
-    kept.Append(line.CStr());
+    rows->RemoveLastRow();
   }
-  keyword.data = kept;
+  bool const areNumbers = keyword.Is(inp_kwNode) || keyword.Is(inp_kwElement);
+  for (int row = 0; row < rows->Rows() && !areNumbers; ++row)
+  {
+    char* cell = rows->RowText(row);
+    for (int cells = rows->Cols(row); cells > 0; --cells)
+    {
+      cell = CleanCell(cell) + 1;
+    }
+  }
 }
 
 void inp_KeywordExpansionVisitor::VisitManifest(inp_Keyword& keyword)
 {
   Expand(keyword);
-  Demand(keyword, "evolution", inp_msgEvolutionRequired);
+  MeetsRequirements(keyword);
   hasManifest = true;
   if (!expandManifest)
   {

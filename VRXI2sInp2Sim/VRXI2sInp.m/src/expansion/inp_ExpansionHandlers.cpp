@@ -22,110 +22,12 @@ bool IsWord(inp_Keyword const& keyword, cow_String const& parameter, char const*
 
 } // namespace
 
-// ---- parameters that must be there ----
-
-#define DEMANDING(stem, parameter, row)                                                            \
-  void inp_KeywordExpansionVisitor::Visit##stem(inp_Keyword& keyword)                              \
-  {                                                                                                \
-    Expand(keyword);                                                                               \
-    Demand(keyword, parameter, row);                                                               \
-  }
-
-DEMANDING(ConnectorDerivedComponent, "name", inp_msgNameRequired)
-DEMANDING(ContactClearance, "name", inp_msgNameRequired)
-DEMANDING(FastenerProperty, "name", inp_msgNameRequired)
-DEMANDING(SpotWeldProperty, "name", inp_msgNameRequired)
-DEMANDING(Capacity, "type", inp_msgTypeRequired)
-DEMANDING(ConnectorDamageEvolution, "type", inp_msgTypeRequired)
-DEMANDING(DamageEvolution, "type", inp_msgTypeRequired)
-DEMANDING(FluidInteractionLaw, "type", inp_msgTypeRequired)
-DEMANDING(GapConvection, "type", inp_msgTypeRequired)
-DEMANDING(SurfacePropertyAssignment, "property", inp_msgPropertyRequired)
-DEMANDING(SpotWeldInteraction, "interactionname", inp_msgInteractionNameRequired)
-DEMANDING(HeatCap, "elset", inp_msgElsetRequired)
-DEMANDING(Transform, "nset", inp_msgNsetRequired)
-
-#undef DEMANDING
-
-void inp_KeywordExpansionVisitor::VisitAmplitude(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  ProcessInputParameter(keyword);
-  Demand(keyword, "name", inp_msgNameRequired);
-}
-
-void inp_KeywordExpansionVisitor::VisitSpatialDistribution(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  ProcessInputParameter(keyword);
-  Demand(keyword, "name", inp_msgNameRequired);
-}
-
-void inp_KeywordExpansionVisitor::VisitFastener(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  Demand(keyword, "property", inp_msgPropertyRequired);
-  Demand(keyword, "interactionname", inp_msgInteractionNameRequired);
-}
-
-void inp_KeywordExpansionVisitor::VisitSpotWeld(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  Demand(keyword, "property", inp_msgPropertyRequired);
-  Demand(keyword, "referencenodeset", inp_msgReferenceNodeSetRequired);
-}
-
-void inp_KeywordExpansionVisitor::VisitCoSimulationControls(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  checkRequiredParameter(keyword, "name");
-}
-
-void inp_KeywordExpansionVisitor::VisitCoupling(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  checkRequiredParameter(keyword, "constraintname");
-  checkRequiredParameter(keyword, "refnode");
-  checkRequiredParameter(keyword, "surface");
-  checkRequiredParameterValue(keyword, "orientation");
-}
-
-void inp_KeywordExpansionVisitor::VisitImport(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  checkRequiredParameter(keyword, "update");
-  if (keyword.HasParameter("hourglass"))
-  {
-    Say(inp_msgImportHourglass, keyword);
-  }
-}
-
-void inp_KeywordExpansionVisitor::VisitIntegratedOutputSection(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  checkRequiredParameter(keyword, "name");
-  checkRequiredParameter(keyword, "surface");
-}
-
-void inp_KeywordExpansionVisitor::VisitRigidBody(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  checkRequiredParameter(keyword, "refnode");
-  checkRequiredParameterValue(keyword, "refnode");
-  checkRequiredParameterValue(keyword, "analyticalsurface");
-  if (!keyword.HasParameter("analyticalsurface") && !keyword.HasParameter("elset") &&
-      !keyword.HasParameter("pinnset") && !keyword.HasParameter("tienset"))
-  {
-    Say(inp_msgRigidBodyEmpty, keyword);
-  }
-}
-
 // ---- keywords that are useless without a name or a file ----
 
 void inp_KeywordExpansionVisitor::VisitNset(inp_Keyword& keyword)
 {
   Expand(keyword);
-  if (!Demand(keyword, "nset", inp_msgNsetRequired))
+  if (!MeetsRequirements(keyword))
   {
     keyword = inp_Keyword();
     return;
@@ -136,7 +38,7 @@ void inp_KeywordExpansionVisitor::VisitNset(inp_Keyword& keyword)
 void inp_KeywordExpansionVisitor::VisitElset(inp_Keyword& keyword)
 {
   Expand(keyword);
-  if (!Demand(keyword, "elset", inp_msgElsetRequired))
+  if (!MeetsRequirements(keyword))
   {
     keyword = inp_Keyword();
     return;
@@ -147,9 +49,21 @@ void inp_KeywordExpansionVisitor::VisitElset(inp_Keyword& keyword)
 void inp_KeywordExpansionVisitor::VisitInclude(inp_Keyword& keyword)
 {
   Expand(keyword);
-  if (!Demand(keyword, "input", inp_msgInputRequired))
+  if (!MeetsRequirements(keyword))
   {
     keyword = inp_Keyword();
+  }
+}
+
+// ---- more about parameters and rows ----
+
+void inp_KeywordExpansionVisitor::VisitImport(inp_Keyword& keyword)
+{
+  Expand(keyword);
+  MeetsRequirements(keyword);
+  if (keyword.HasParameter("hourglass"))
+  {
+    Say(inp_msgImportHourglass, keyword);
   }
 }
 
@@ -211,7 +125,7 @@ void inp_KeywordExpansionVisitor::VisitElement(inp_Keyword& keyword)
 void inp_KeywordExpansionVisitor::VisitNmap(inp_Keyword& keyword)
 {
   Expand(keyword);
-  Refuse(inp_msgRefusedOption, keyword, "*NMAP");
+  MeetsRequirements(keyword);
   if (IsWord(keyword, "type", "BLENDED"))
   {
     nmapBlended = true;
@@ -219,44 +133,6 @@ void inp_KeywordExpansionVisitor::VisitNmap(inp_Keyword& keyword)
 }
 
 // ---- what an assembly of parts does not take ----
-
-#define REFUSING(stem, row, option)                                                                \
-  void inp_KeywordExpansionVisitor::Visit##stem(inp_Keyword& keyword)                              \
-  {                                                                                                \
-    Expand(keyword);                                                                               \
-    Refuse(row, keyword, option);                                                                  \
-  }
-
-REFUSING(MatrixAssemble, inp_msgRefusedOption, "*MATRIX ASSEMBLE")
-REFUSING(SubstructureCopy, inp_msgRefusedThisOption, "*SUBSTRUCTURE COPY")
-REFUSING(SubstructureDelete, inp_msgRefusedOption, "*SUBSTRUCTURE DELETE")
-REFUSING(SubstructureDirectory, inp_msgRefusedOption, "*SUBSTRUCTURE DIRECTORY")
-REFUSING(SubstructureGenerate, inp_msgRefusedOption, "*SUBSTRUCTURE GENERATE")
-REFUSING(SubstructurePath, inp_msgRefusedOption, "*SUBSTRUCTURE PATH")
-REFUSING(SubstructureProperty, inp_msgRefusedOption, "*SUBSTRUCTURE PROPERTY")
-REFUSING(SymmetricModelGeneration, inp_msgRefusedOption, "*SYMMETRIC MODEL GENERATION")
-REFUSING(SymmetricResultsTransfer, inp_msgRefusedOption, "*SYMMETRIC RESULTS TRANSFER")
-
-#undef REFUSING
-
-void inp_KeywordExpansionVisitor::VisitUserElement(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  if (keyword.HasParameter("file"))
-  {
-    Refuse(inp_msgRefusedOption, keyword, "*USER ELEMENT, FILE=");
-  }
-}
-
-void inp_KeywordExpansionVisitor::VisitParameterShapeVariation(inp_Keyword& keyword)
-{
-  Expand(keyword);
-  ProcessInputParameter(keyword);
-  if (keyword.HasParameter("file"))
-  {
-    Refuse(inp_msgRefusedThisOption, keyword, "*PARAMETER SHAPE VARIATION, FILE=");
-  }
-}
 
 void inp_KeywordExpansionVisitor::VisitElastic(inp_Keyword& keyword)
 {
@@ -315,7 +191,7 @@ void inp_KeywordExpansionVisitor::VisitPlastic(inp_Keyword& keyword)
 {
   Expand(keyword);
   CheckBackstresses(keyword);
-  if (IsWord(keyword, "hardening", "USER") && keyword.GetParameterAsInt("properties", 0) > 0)
+  if (IsWord(keyword, "hardening", "USER") && keyword.GetParameterAsDouble("properties", 0.) > 0.)
   {
     checkRequiredDataline(keyword);
   }
@@ -342,7 +218,7 @@ void inp_KeywordExpansionVisitor::CheckBeginsWithLetter(inp_Keyword const& keywo
 void inp_KeywordExpansionVisitor::VisitMaterial(inp_Keyword& keyword)
 {
   Expand(keyword);
-  Demand(keyword, "name", inp_msgNameRequired);
+  MeetsRequirements(keyword);
   CheckBeginsWithLetter(keyword, inp_msgMaterialNameInvalid);
 }
 
@@ -356,15 +232,14 @@ void inp_KeywordExpansionVisitor::VisitMatrixInput(inp_Keyword& keyword)
 {
   Expand(keyword);
   ProcessInputParameter(keyword);
-  Refuse(inp_msgRefusedOption, keyword, "*MATRIX INPUT");
-  Demand(keyword, "name", inp_msgNameRequired);
+  MeetsRequirements(keyword);
   CheckBeginsWithLetter(keyword, inp_msgMatrixNameInvalid);
 }
 
 void inp_KeywordExpansionVisitor::VisitSurface(inp_Keyword& keyword)
 {
   Expand(keyword);
-  Demand(keyword, "name", inp_msgNameRequired);
+  MeetsRequirements(keyword);
   if (keyword.HasParameter("refnode"))
   {
     Say(inp_msgSurfaceRefNodeDeprecated, keyword);

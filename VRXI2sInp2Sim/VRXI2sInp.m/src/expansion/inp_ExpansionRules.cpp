@@ -14,10 +14,22 @@ namespace
   constexpr char const* const valuesOf##stem[] = {__VA_ARGS__ nullptr};
 #include "inp_ExpansionRules.def"
 
-constexpr inp_ExpansionRule c_rules[] = {
-#define INP_RULE(stem, parameters, ...) {"Visit" #stem, parametersOf##stem, valuesOf##stem},
+#define DEMANDS(...) {inp_Requirement::demanded, {__VA_ARGS__}},
+#define DEMANDS_ONE(...) {inp_Requirement::demandedOne, {__VA_ARGS__}},
+#define DEMANDS_BY_HAND(...) {inp_Requirement::demandedByHand, {__VA_ARGS__}},
+#define REQUIRES(...) {inp_Requirement::required, {__VA_ARGS__}},
+#define REQUIRES_VALUE(...) {inp_Requirement::valued, {__VA_ARGS__}},
+#define REFUSED(...) {inp_Requirement::refused, {__VA_ARGS__}},
+#define REFUSED_THIS(...) {inp_Requirement::refusedThis, {__VA_ARGS__}},
+#define INP_RULE(stem, parameters, ...)                                                            \
+  constexpr inp_Requirement requirementsOf##stem[] = {__VA_ARGS__{}};
 #include "inp_ExpansionRules.def"
-  {nullptr, nullptr, nullptr}};
+
+constexpr inp_ExpansionRule c_rules[] = {
+#define INP_RULE(stem, parameters, ...)                                                            \
+  {"Visit" #stem, parametersOf##stem, valuesOf##stem, requirementsOf##stem},
+#include "inp_ExpansionRules.def"
+  {nullptr, nullptr, nullptr, nullptr}};
 
 /// Index of each rule in the table.
 enum ruleEnm : int

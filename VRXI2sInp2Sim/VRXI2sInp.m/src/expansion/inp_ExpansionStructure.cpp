@@ -107,9 +107,7 @@ void inp_KeywordExpansionVisitor::VisitAssembly(inp_Keyword& keyword)
   MarkFeatureEnhanced();
   Expand(keyword);
   SetAssemblyName(keyword);
-  inp_Item const* const item = keyword.parameters.ConstFind("name");
-  cow_String const name =
-    item != nullptr && item->Type() != inp_Types::inp_BOOLEAN ? item->AsString() : cow_String();
+  cow_String const name = keyword.NameIn("name");
   if (name.Length() == 0)
   {
     Say(inp_msgAssemblyNameRequired, keyword);
@@ -132,13 +130,13 @@ void inp_KeywordExpansionVisitor::VisitStep(inp_Keyword& keyword)
   long long const count = numberSteps + 1LL;
   cow_String const number(std::string_view(std::to_string(count)));
   cow_String name = cow_String("Step-") + number;
-  if (inp_Item const* const item = keyword.parameters.ConstFind("name"))
+  if (inp_NameParameter const given = keyword.ReadName("name"); given.IsGiven())
   {
-    if (item->Type() == inp_Types::inp_INTEGER)
+    if (keyword.parameters.ConstGet("name").Type() == inp_Types::inp_INTEGER)
     {
       Say(inp_msgStepNameIsNumber, keyword);
     }
-    name = item->AsString();
+    name = given.text;
     if (stepNames.count(name) > 0)
     {
       SayFirst(inp_msgStepDefinedTwice, keyword, name);
@@ -148,6 +146,7 @@ void inp_KeywordExpansionVisitor::VisitStep(inp_Keyword& keyword)
   }
   else
   {
+    checkRequiredParameterValue(keyword, "name");
     keyword.parameters.Insert("name", inp_Item::Text(name));
   }
   stepNames.insert(name);
@@ -185,5 +184,6 @@ void inp_KeywordExpansionVisitor::VisitParameter(inp_Keyword&) { parameterized =
 
 void inp_KeywordExpansionVisitor::VisitConflicts(inp_Keyword& keyword)
 {
+  Expand(keyword);
   Say(inp_msgConflictsKeyword, keyword);
 }

@@ -256,33 +256,7 @@ void inp_KeywordExpansionVisitor::ExpandEnumData(inp_Keyword& keyword, int row, 
   }
 }
 
-// ---- what must be there ----
-
-void inp_KeywordExpansionVisitor::checkRequiredParameter(inp_Keyword& keyword, cow_String parameter)
-{
-  if (!keyword.HasParameter(parameter))
-  {
-    Say(inp_msgRequiredParameter, keyword, parameter.ToUpper());
-  }
-}
-
-void inp_KeywordExpansionVisitor::checkRequiredParameterValue(inp_Keyword& keyword,
-                                                              cow_String parameter)
-{
-  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  if (item != nullptr && item->HasNoValue())
-  {
-    Say(inp_msgRequiredParameterValue, keyword, parameter.ToUpper());
-  }
-}
-
-void inp_KeywordExpansionVisitor::checkRequiredDataline(inp_Keyword& keyword)
-{
-  if (keyword.data.Rows() == 0)
-  {
-    Say(inp_msgDatalineRequired, keyword);
-  }
-}
+// ---- data lines ----
 
 void inp_KeywordExpansionVisitor::TruncateEachDataLineBeyondItemN(inp_Keyword& keyword, int n)
 {
@@ -314,12 +288,17 @@ void inp_KeywordExpansionVisitor::TruncateEachDataLineBeyondItemN(inp_Keyword& k
 // ---- the uniform handlers ----
 
 #define INP_RULE(stem, ...)                                                                        \
-  void inp_KeywordExpansionVisitor::Visit##stem(inp_Keyword& keyword) { Expand(keyword); }
+  void inp_KeywordExpansionVisitor::Visit##stem(inp_Keyword& keyword)                              \
+  {                                                                                                \
+    Expand(keyword);                                                                               \
+    MeetsRequirements(keyword);                                                                    \
+  }
 #define INP_RULE_INPUT(stem, ...)                                                                  \
   void inp_KeywordExpansionVisitor::Visit##stem(inp_Keyword& keyword)                              \
   {                                                                                                \
     Expand(keyword);                                                                               \
     ProcessInputParameter(keyword);                                                                \
+    MeetsRequirements(keyword);                                                                    \
   }
 #define INP_RULE_BY_HAND(stem, ...)
 #define INP_RULE_UNREACHED(stem, ...)

@@ -75,6 +75,13 @@ bool QuotesCells(inp_KeywordEnm keyword)
   }
 }
 
+/// Rows of numbers keep a blank cell as a 0, which would be read as a label that is none.
+cow_String CellText(inp_DataArray const& data, int row, int column)
+{
+  cow_String const text = data.AsString(row, column);
+  return text == "0" && data.IsNone(row, column) ? cow_String() : text;
+}
+
 cow_String DeckCell(inp_DataArray const& data, int row, int column, bool quotesCells)
 {
   if (quotesCells)
@@ -85,7 +92,7 @@ cow_String DeckCell(inp_DataArray const& data, int row, int column, bool quotesC
       return "\"" + text + "\"";
     }
   }
-  return data.AsString(row, column);
+  return CellText(data, row, column);
 }
 
 } // namespace
@@ -123,6 +130,25 @@ cow_String inp_Keyword::GetParameterAsString(cow_String const& name,
   return item != nullptr && item->Type() == inp_Types::inp_STRING ? item->AsString() : defaultValue;
 }
 
+inp_NameParameter inp_Keyword::ReadName(cow_String const& parameter) const
+{
+  inp_NameParameter name;
+  inp_Item const* const item = parameters.ConstFind(parameter);
+  if (item == nullptr)
+  {
+    return name;
+  }
+  if (item->HasNoValue())
+  {
+    bool const isSwitch = item->Type() == inp_Types::inp_BOOLEAN;
+    name.state = isSwitch ? inp_NameParameter::c_switch : inp_NameParameter::c_notName;
+    return name;
+  }
+  name.text = item->AsString();
+  name.state = name.text.Empty() ? inp_NameParameter::c_empty : inp_NameParameter::c_given;
+  return name;
+}
+
 bool inp_Keyword::hasSuboption(inp_KeywordEnm const& other) const
 {
   for (inp_Keyword const& suboption : suboptions)
@@ -157,7 +183,7 @@ cow_String inp_Keyword::Print(bool withSuboptions) const
   {
     for (int column = 0; column < data.Cols(row); ++column)
     {
-      text.Append(column > 0 ? ", " : "").Append(data.AsString(row, column));
+      text.Append(column > 0 ? ", " : "").Append(CellText(data, row, column));
     }
     text.Append("\n");
   }

@@ -1,19 +1,19 @@
 #include "inp_DataArray.h"
 #include "inp_GenerationMessages.h"
 #include "inp_Numbers.h"
+#include "inp_Types.h"
 #include "inp_Utils.h"
+
+#include <cstdint>
 
 namespace
 {
 
-/// A sequence start, start + step, ..., end. Empty when the row gives none.
-struct Sequence
-{
-  bool valid = false;
-  int start = 0;
-  int end = 0;
-  int step = 1;
-};
+constexpr int c_longestLabel = 9;
+
+/// What one call lists: numbers take 4 bytes each, names some fifty.
+constexpr std::int64_t c_mostNumbers = (std::int64_t{3} << 30) / sizeof(int);
+constexpr std::int64_t c_mostNames = 20000000;
 
 /// Differences are taken in 64 bits: start and end may lie further apart than an int reaches.
 bool CanStep(long long difference, long long step)
@@ -21,28 +21,38 @@ bool CanStep(long long difference, long long step)
   return difference == 0 || (difference % step == 0 && (difference > 0) == (step > 0));
 }
 
-Sequence ReadSequence(cow_List<int> const& row, cow_String const& keywordName,
-                      cow_List<atr_String>& errors)
+/// False, with an error, when the row gives no range.
+bool ReadRange(cow_List<int> const& row, cow_String const& keywordName,
+               cow_List<atr_String>& errors, inp_ScopedRange& range)
 {
-  Sequence sequence;
   if (row.Length() < 2)
   {
     errors.Append(atr_Say(inp_msgGenerationItemsMissing, keywordName));
-    return sequence;
+    return false;
   }
-  sequence.start = row.ConstGet(0);
-  sequence.end = row.ConstGet(1);
-  if (row.Length() > 2 && row.ConstGet(2) != 0)
+  range.start = row.ConstGet(0);
+  range.end = row.ConstGet(1);
+  range.step = row.Length() > 2 && row.ConstGet(2) != 0 ? row.ConstGet(2) : 1;
+  bool const isRange = CanStep(static_cast<long long>(range.end) - range.start, range.step);
+  if (!isRange)
   {
-    sequence.step = row.ConstGet(2);
+    errors.Append(atr_Say(inp_msgGenerationIncrement, cow_String(range.step),
+                          cow_String(range.start), cow_String(range.end), keywordName));
   }
-  sequence.valid = CanStep(static_cast<long long>(sequence.end) - sequence.start, sequence.step);
-  if (!sequence.valid)
+  return isRange;
+}
+
+/// Takes the range's numbers from what is left to be listed; false, with an error, when they are more.
+bool TakeRoom(inp_ScopedRange const& range, std::int64_t& left, cow_String const& keywordName,
+              cow_List<atr_String>& errors)
+{
+  if (range.Count() > left)
   {
-    errors.Append(atr_Say(inp_msgGenerationIncrement, cow_String(sequence.step),
-                          cow_String(sequence.start), cow_String(sequence.end), keywordName));
+    errors.Append(inp_Utils::RangeTooLarge(range, keywordName));
+    return false;
   }
-  return sequence;
+  left -= range.Count();
+  return true;
 }
 
 cow_List<int> IntegersOfRow(inp_DataArray const& data, int row)
@@ -58,61 +68,134 @@ cow_List<int> IntegersOfRow(inp_DataArray const& data, int row)
   return items;
 }
 
-/// A row of scoped numbers taken apart: the sequence, and what stands before each of its numbers.
-struct ScopedRow
+/// False, with an error where ends of a row name different instances, when the row gives no range.
+bool ReadScopedRow(inp_DataArray const& data, int row, cow_String const& keywordName,
+                   cow_List<atr_String>& errors, inp_ScopedRange& range)
 {
-  bool valid = false;
-  cow_List<int> items;
-  cow_String scope;
-};
-
-ScopedRow ReadScopedRow(inp_DataArray const& data, int row, cow_String const& keywordName,
-                        cow_List<atr_String>& errors)
-{
-  ScopedRow result;
   if (data.Cols(row) < 2)
   {
-    return result;
+    return false;
   }
   cow_String const start = data.AsString(row, 0);
   cow_String const end = data.AsString(row, 1);
   cow_List<cow_String> startPieces = inp_Utils::SplitScopedSet(start);
   cow_List<cow_String> endPieces = inp_Utils::SplitScopedSet(end);
-  result.items.Append(inp_TextToInt(startPieces.Pop().CStr()));
-  result.items.Append(inp_TextToInt(endPieces.Pop().CStr()));
+  cow_List<int> items;
+  items.Append(inp_TextToInt(startPieces.Pop().CStr()));
+  items.Append(inp_TextToInt(endPieces.Pop().CStr()));
   if (startPieces.Length() > 0 && endPieces.Length() > 0 &&
       !(startPieces.ConstGet(0) == endPieces.ConstGet(0)))
   {
     errors.Append(atr_Say(inp_msgGenerationInstancesDiffer, keywordName, start, end));
-    return result;
+    return false;
   }
   if (data.Cols(row) > 2 && !data.IsNone(row, 2))
   {
-    result.items.Append(data.AsInt(row, 2));
+    items.Append(data.AsInt(row, 2));
   }
-  if (startPieces.Length() > 0)
-  {
-    result.scope = startPieces.ConstGet(0) + ".";
-  }
-  result.valid = true;
-  return result;
+  range.prefix = startPieces.Length() > 0 ? startPieces.ConstGet(0) + "." : cow_String();
+  return ReadRange(items, keywordName, errors, range);
 }
 
-/// The scoped numbers of all rows; `generate` gives the numbers of one row, in their order.
-template <class Generate>
+bool IsBlankRow(inp_DataArray const& data, int row)
+{
+  int column = 0;
+  while (column < data.Cols(row) && data.IsNone(row, column))
+  {
+    ++column;
+  }
+  return column == data.Cols(row);
+}
+
+/// What stands before the last piece of a field, and whether that piece is a label.
+struct ScopedLabel
+{
+  cow_String prefix;
+  bool isLabel;
+
+  explicit ScopedLabel(cow_String const& field)
+  {
+    cow_String const label = inp_Utils::SplitScopedSet(field).Last();
+    prefix = cow_String(field.View().substr(0, field.View().size() - label.View().size()));
+    isLabel = label.Length() <= c_longestLabel && inp_Types::IsInteger(label.View()) &&
+              inp_TextToInt(label.CStr()) > 0;
+  }
+};
+
+bool SayInvalid(cow_String const& field, cow_String const& keywordName,
+                cow_List<atr_String>& errors)
+{
+  errors.Append(atr_Say(inp_msgGenerationFieldInvalid, field, keywordName));
+  return false;
+}
+
+/// What ReadScopedRow takes as it comes is held against what a row may hold.
+bool ReadCheckedRow(inp_DataArray const& data, int row, cow_String const& keywordName,
+                    cow_List<atr_String>& errors, inp_ScopedRange& range)
+{
+  if (!data.HasValue(row, 0) || !data.HasValue(row, 1))
+  {
+    errors.Append(atr_Say(inp_msgGenerationItemsMissing, keywordName));
+    return false;
+  }
+  cow_String const startField = data.AsString(row, 0);
+  cow_String const endField = data.AsString(row, 1);
+  ScopedLabel const start(startField);
+  ScopedLabel const end(endField);
+  if (!start.isLabel || !end.isLabel)
+  {
+    return SayInvalid(start.isLabel ? endField : startField, keywordName, errors);
+  }
+  if (data.HasValue(row, 2) && data.Type(row, 2) != inp_Types::inp_INTEGER)
+  {
+    return SayInvalid(data.AsString(row, 2), keywordName, errors);
+  }
+  if (start.prefix.Length() > 0 && end.prefix.Length() > 0 && !(start.prefix == end.prefix))
+  {
+    errors.Append(atr_Say(inp_msgGenerationInstancesDiffer, keywordName, startField, endField));
+    return false;
+  }
+  bool const isRange = ReadScopedRow(data, row, keywordName, errors, range);
+  range.prefix = start.prefix;
+  return isRange;
+}
+
+void AppendNumbers(cow_List<int> const& row, cow_String const& keywordName,
+                   cow_List<atr_String>& errors, std::int64_t& left, cow_List<int>& ids)
+{
+  inp_ScopedRange range;
+  if (!ReadRange(row, keywordName, errors, range) || !TakeRoom(range, left, keywordName, errors))
+  {
+    return;
+  }
+  for (std::int64_t place = 0; place < range.Count(); ++place)
+  {
+    ids.Append(range.Number(place));
+  }
+}
+
+/// The scoped numbers of all rows, in the order of the rows; within one in ascending order or as its
+/// steps go.
 cow_List<cow_String> GenerateScoped(inp_DataArray const& data, cow_String const& keywordName,
-                                    cow_List<atr_String>& errors, Generate generate)
+                                    cow_List<atr_String>& errors, bool isAscending)
 {
   cow_List<cow_String> names;
+  std::int64_t left = c_mostNames;
   for (int row = 0; row < data.Rows(); ++row)
   {
-    ScopedRow const scoped = ReadScopedRow(data, row, keywordName, errors);
-    if (scoped.valid)
+    inp_ScopedRange range;
+    if (!ReadScopedRow(data, row, keywordName, errors, range) ||
+        !TakeRoom(range, left, keywordName, errors))
     {
-      for (int const id : generate(scoped.items))
-      {
-        names.Append(scoped.scope + cow_String(id));
-      }
+      continue;
+    }
+    if (isAscending)
+    {
+      range = range.Ascending();
+    }
+    for (std::int64_t place = 0; place < range.Count(); ++place)
+    {
+      names.Append(range.prefix + cow_String(range.Number(place)));
     }
   }
   return names;
@@ -123,11 +206,11 @@ cow_List<cow_String> GenerateScoped(inp_DataArray const& data, cow_String const&
 inpM_OmiSet inp_Utils::GenerateSetRow(cow_List<int> const& row, cow_String const& keywordName,
                                       cow_List<atr_String>& errors)
 {
-  Sequence const sequence = ReadSequence(row, keywordName, errors);
+  inp_ScopedRange range;
   inpM_OmiSet set;
-  if (sequence.valid)
+  if (ReadRange(row, keywordName, errors, range))
   {
-    set.Insert(sequence.start, sequence.end, sequence.step);
+    set.Insert(range.start, range.end, range.step);
   }
   return set;
 }
@@ -147,27 +230,16 @@ cow_List<cow_String> inp_Utils::GenerateScopedIds(inp_DataArray const& data,
                                                   cow_String const& keywordName,
                                                   cow_List<atr_String>& errors)
 {
-  return GenerateScoped(
-    data, keywordName, errors,
-    [&](cow_List<int> const& row)
-    { return GenerateSetRow(row, keywordName, errors).ConstGetArrayCounterpart(); });
+  return GenerateScoped(data, keywordName, errors, true);
 }
 
 cow_List<int> inp_Utils::GenerateUnsortedSetRow(cow_List<int> const& row,
                                                 cow_String const& keywordName,
                                                 cow_List<atr_String>& errors)
 {
-  Sequence const sequence = ReadSequence(row, keywordName, errors);
   cow_List<int> ids;
-  if (sequence.valid)
-  {
-    long long const count =
-      (static_cast<long long>(sequence.end) - sequence.start) / sequence.step + 1;
-    for (long long i = 0; i < count; ++i)
-    {
-      ids.Append(static_cast<int>(sequence.start + i * sequence.step));
-    }
-  }
+  std::int64_t left = c_mostNumbers;
+  AppendNumbers(row, keywordName, errors, left, ids);
   return ids;
 }
 
@@ -176,9 +248,10 @@ cow_List<int> inp_Utils::GenerateUnsortedSetIds(inp_DataArray const& data,
                                                 cow_List<atr_String>& errors)
 {
   cow_List<int> ids;
+  std::int64_t left = c_mostNumbers;
   for (int row = 0; row < data.Rows(); ++row)
   {
-    ids.Concatenate(GenerateUnsortedSetRow(IntegersOfRow(data, row), keywordName, errors));
+    AppendNumbers(IntegersOfRow(data, row), keywordName, errors, left, ids);
   }
   return ids;
 }
@@ -187,7 +260,27 @@ cow_List<cow_String> inp_Utils::GenerateUnsortedScopedIds(inp_DataArray const& d
                                                           cow_String const& keywordName,
                                                           cow_List<atr_String>& errors)
 {
-  return GenerateScoped(data, keywordName, errors,
-                        [&](cow_List<int> const& row)
-                        { return GenerateUnsortedSetRow(row, keywordName, errors); });
+  return GenerateScoped(data, keywordName, errors, false);
+}
+
+std::vector<inp_ScopedRange> inp_Utils::ReadScopedRanges(inp_DataArray const& data,
+                                                         cow_String const& keywordName,
+                                                         cow_List<atr_String>& errors)
+{
+  std::vector<inp_ScopedRange> ranges;
+  for (int row = 0; row < data.Rows(); ++row)
+  {
+    inp_ScopedRange range;
+    if (!IsBlankRow(data, row) && ReadCheckedRow(data, row, keywordName, errors, range))
+    {
+      ranges.push_back(range.Ascending());
+    }
+  }
+  return ranges;
+}
+
+atr_String inp_Utils::RangeTooLarge(inp_ScopedRange const& range, cow_String const& keywordName)
+{
+  return atr_Say(inp_msgGenerationTooLarge, range.prefix + cow_String(range.start),
+                 range.prefix + cow_String(range.end), cow_String(range.step), keywordName);
 }

@@ -1,8 +1,68 @@
 #include "inp_AssemblyElementVisitor.h"
 
-#include "inp_ElementRows.h"
 #include "inp_KeywordEnm.h"
 #include "inp_LevelMessages.h"
+
+namespace
+{
+
+/// The own ids of a sorted set may be a run to the largest label, which is not to be listed.
+void AddOwnIdsBut(inpM_OmiSet const& leftOut, inpM_BaseSet const& set, inpM_BaseSet& result)
+{
+  if (!set.IsUnsorted())
+  {
+    inpM_OmiSet kept = set.ConstGetOwnIds();
+    for (inpM_OmiSetIT id(leftOut); !id.IsDone(); id.Next())
+    {
+      kept.Remove(id.CurrentItem());
+    }
+    result.Add(kept);
+    return;
+  }
+  cow_List<int> kept;
+  for (int const id : set.ConstGetIds())
+  {
+    if (!leftOut.IsMember(id))
+    {
+      kept.Append(id);
+    }
+  }
+  result.Add(kept);
+}
+
+/// The set without some of its own ids.
+inpM_SetHandle Without(inpM_OmiSet const& leftOut, inpM_BaseSet const& set)
+{
+  inpM_SetHandle result = CreateSet(cow_List<int>(), set.SetType(), set.IsUnsorted());
+  AddOwnIdsBut(leftOut, set, *result.Get());
+  inpM_BaseSet::InstanceTree const instances = set.ConstGetInstanceTree();
+  cow_BtreeIterator<cow_String, inpM_OmiSet> it(instances);
+  for (it.First(); !it.IsDone(); it.Next())
+  {
+    if (set.IsUnsorted())
+    {
+      result.Get()->Add(it.CurrentKey(), set.ConstGetIds(it.CurrentKey()));
+    }
+    else
+    {
+      result.Get()->Add(it.CurrentKey(), it.CurrentValue());
+    }
+  }
+  return result;
+}
+
+bool HasAny(inpM_BaseSet const& set, inpM_OmiSet const& ids)
+{
+  inpM_OmiSet const own = set.ConstGetOwnIds();
+  bool hasAny = false;
+  for (inpM_OmiSetIT id(ids); !id.IsDone() && !hasAny; id.Next())
+  {
+    hasAny = own.IsMember(id.CurrentItem());
+  }
+  return hasAny;
+}
+
+} // namespace
 
 inp_AssemblyElementVisitor::inp_AssemblyElementVisitor(
   inpM_InstanceMap<inp_MapInt2Element> const& partElements, inpM_SetMap const& partElementSets,
@@ -25,7 +85,7 @@ void inp_AssemblyElementVisitor::Visit(inp_Keyword& keyword)
 void inp_AssemblyElementVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = NameParameter(keyword, "part");
+  m_part = keyword.NameIn("part");
   if (m_instanceName.Empty())
   {
     return;
@@ -43,7 +103,6 @@ void inp_AssemblyElementVisitor::VisitEndInstance(inp_Keyword& keyword)
 {
   DefaultAction(keyword);
   ClearInstanceName();
-  m_part.Erase();
 }
 
 void inp_AssemblyElementVisitor::VisitElement(inp_Keyword& keyword)
@@ -54,40 +113,44 @@ void inp_AssemblyElementVisitor::VisitElement(inp_Keyword& keyword)
   }
   else
   {
-    SetAside(keyword);
+    ReadOwnElements(keyword);
   }
 }
 
-// What is wrong in the keyword is for the later reading to say.
-void inp_AssemblyElementVisitor::SetAside(inp_Keyword const& keyword)
+void inp_AssemblyElementVisitor::ReadOwnElements(inp_Keyword const& keyword)
 {
   m_keywords.Append(keyword);
-  cow_String const type = NameParameter(keyword, "type").ToUpper();
-  inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(type);
-  inp_ElementFamily const family =
-    info != nullptr ? inp_FamilyOf(*info, keyword.HasParameter("offset")) : inp_ElementFamily();
-  inp_MapInt2Element& map = CurrentElements();
-  cow_List<int> labels;
-  inp_ElementRows rows(keyword.data, family, inp_ElementRows::c_asTheyAre,
-                       inp_ElementRows::c_dropBlanks);
-  while (rows.Next())
+  m_own.ReadElements(keyword, m_assemblyName);
+  m_own.MoveMessages(m_warningList, m_errorList);
+  if (!elements.HasValue() && m_own.GetElements().HasValue())
   {
-    if (rows.LabelState() == inp_ElementRows::c_good)
-    {
-      map.InsertPtr(rows.Label(), inp_Element::Make(type, 0, nullptr, 0, 0, 0));
-      labels.Append(rows.Label());
-    }
+    elements.Insert(m_own.GetElements().ConstGet()); // a share: nodes come into both
   }
-  cow_String const setName = NameParameter(keyword, "elset");
-  if (setName.Length() > 0 && labels.Length() > 0)
+  cow_String const setName = keyword.NameIn("elset");
+  if (setName.Length() > 0 && m_own.LabelsOfSet().Length() > 0)
   {
-    AddElementSet(keyword, setName, labels);
+    AddElementSet(keyword, setName, m_own.LabelsOfSet());
+  }
+}
+
+void inp_AssemblyElementVisitor::PutNumbers(inp_NodeNumbers& numbers)
+{
+  m_own.PutNumbers(numbers);
+  m_own.Report();
+  inpM_OmiSet const leftOut(m_own.LeftOut());
+  inpM_BaseSetMap const before = leftOut.IsEmpty() ? inpM_BaseSetMap() : sets.ConstGetMap();
+  for (inpM_BaseSetMapIT it(before); !it.IsDone(); it.Next())
+  {
+    if (HasAny(it.CurrentValue(), leftOut))
+    {
+      sets.InsertSet(it.CurrentKey(), Without(leftOut, it.CurrentValue()));
+    }
   }
 }
 
 void inp_AssemblyElementVisitor::VisitElset(inp_Keyword& keyword)
 {
-  cow_String const name = NameParameter(keyword, "elset");
+  cow_String const name = keyword.NameIn("elset");
   if (m_instanceName.Length() > 0 && m_part.Length() > 0 &&
       m_partElementSets.HasNestedSet(m_part, name))
   {

@@ -52,7 +52,7 @@ bool inp_AssemblyNodeVisitor::IsValidInstanceName(cow_String const& name) const
 void inp_AssemblyNodeVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = NameParameter(keyword, "part");
+  m_part = keyword.NameIn("part");
   systemTransform.FillIdentity();
   instanceTransform.FillIdentity();
   ReadPosition(keyword);
@@ -79,21 +79,39 @@ void inp_AssemblyNodeVisitor::ReadPosition(inp_Keyword const& keyword)
 {
   if (HasRow(keyword.data, 0))
   {
-    instanceTransform.SetTranslation(gsl_Vector(ReadPointFromKeywordData(keyword, 0, 0)));
+    inp_NumberFields fields(keyword);
+    instanceTransform.SetTranslation(gsl_Vector(fields.Point(0, 0)));
+    m_errorList.Concatenate(fields.Errors());
   }
-  if (!HasRow(keyword.data, 1))
+  if (HasRow(keyword.data, 1))
   {
-    return;
+    ReadRotation(keyword);
   }
-  gsl_Point const a = ReadPointFromKeywordData(keyword, 1, 0);
-  gsl_Vector axis(a, ReadPointFromKeywordData(keyword, 1, c_secondPoint));
-  if (!axis.Normalize())
+}
+
+// What cannot be read as a whole turns nothing.
+void inp_AssemblyNodeVisitor::ReadRotation(inp_Keyword const& keyword)
+{
+  inp_NumberFields fields(keyword);
+  gsl_Point const a = fields.Point(1, 0);
+  gsl_Vector axis(a, fields.Point(1, c_secondPoint));
+  double const angle = fields.Real(1, c_angle) * c_radians;
+  if (fields.Errors().Length() > 0)
+  {
+    m_errorList.Concatenate(fields.Errors());
+  }
+  else if (!axis.Normalize())
   {
     Say(inp_msgInstanceAxisUndefined, keyword);
-    return;
   }
-  double const angle = inp_RealField(keyword.data, 1, c_angle) * c_radians;
-  instanceTransform.Concatenate(gsl_Matrix::AxisRotation(a, axis, angle));
+  else if (!keyword.data.HasValue(1, c_angle))
+  {
+    Say(inp_msgInstanceAngleMissing, keyword);
+  }
+  else
+  {
+    instanceTransform.Concatenate(gsl_Matrix::AxisRotation(a, axis, angle));
+  }
 }
 
 void inp_AssemblyNodeVisitor::VisitEndInstance(inp_Keyword& keyword)
@@ -107,7 +125,7 @@ void inp_AssemblyNodeVisitor::VisitEndInstance(inp_Keyword& keyword)
 
 void inp_AssemblyNodeVisitor::VisitNset(inp_Keyword& keyword)
 {
-  cow_String const name = NameParameter(keyword, "nset");
+  cow_String const name = keyword.NameIn("nset");
   if (m_instanceName.Length() > 0 && m_part.Length() > 0 &&
       m_partNodeSets.HasNestedSet(m_part, name))
   {

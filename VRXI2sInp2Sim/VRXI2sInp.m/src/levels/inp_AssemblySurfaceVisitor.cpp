@@ -14,16 +14,37 @@ inp_AssemblySurfaceVisitor::inp_AssemblySurfaceVisitor(
 
 void inp_AssemblySurfaceVisitor::Visit(inp_Keyword& keyword)
 {
-  if (!keyword.Is(inp_kwPart))
+  if (keyword.Is(inp_kwPart))
+  {
+    NoteAnalyticalSurfaces(keyword);
+  }
+  else
   {
     inp_SurfaceVisitor::Visit(keyword);
+  }
+}
+
+void inp_AssemblySurfaceVisitor::NoteAnalyticalSurfaces(inp_Keyword const& part)
+{
+  cow_String const partName = part.GetParameterAsString("name", "");
+  for (inp_Keyword const& keyword : part.suboptions)
+  {
+    bool const isAnalytical =
+      keyword.Is(inp_kwRigidSurface) ||
+      (keyword.Is(inp_kwSurface) &&
+       inp_Utils::IsAnalyticalSurfaceType(keyword.GetParameterAsString("type", "")));
+    if (isAnalytical && keyword.HasParameter("name"))
+    {
+      m_analyticalSurfaces.emplace(partName.View(),
+                                   keyword.GetParameterAsString("name", "").View());
+    }
   }
 }
 
 void inp_AssemblySurfaceVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = keyword.GetParameterAsString("part", "");
+  m_part = keyword.NameIn("part");
   if (m_instanceName.Length() > 0 && m_partSurfaces.HasInstanceInPartInstanceSurfaceMap(m_part))
   {
     surfaces.InsertPartInstanceSurfaceMap(m_instanceName,
@@ -38,15 +59,35 @@ void inp_AssemblySurfaceVisitor::VisitEndInstance(inp_Keyword& keyword)
   m_part.Erase();
 }
 
-void inp_AssemblySurfaceVisitor::VisitSurface(inp_Keyword& keyword)
+/// The current instance's part has a surface of the keyword's name already, which is an error.
+bool inp_AssemblySurfaceVisitor::RedefinesSurfaceOfPart(inp_Keyword const& keyword)
 {
-  cow_String const name = keyword.GetParameterAsString("name", "");
-  if (m_instanceName.Length() > 0 && m_partSurfaces.IsMemberPartInstanceSurface(m_part, name))
+  cow_String const name = keyword.NameIn("name");
+  bool const isOfPart =
+    m_instanceName.Length() > 0 && name.Length() > 0 &&
+    (m_partSurfaces.IsMemberPartInstanceSurface(m_part, name) ||
+     m_analyticalSurfaces.contains({std::string(m_part.View()), std::string(name.View())}));
+  if (isOfPart)
   {
     Say(inp_msgSurfaceOfPartRedefined, keyword, name, m_part, m_instanceName);
-    return;
   }
-  inp_SurfaceVisitor::VisitSurface(keyword);
+  return isOfPart;
+}
+
+void inp_AssemblySurfaceVisitor::VisitSurface(inp_Keyword& keyword)
+{
+  if (!RedefinesSurfaceOfPart(keyword))
+  {
+    inp_SurfaceVisitor::VisitSurface(keyword);
+  }
+}
+
+void inp_AssemblySurfaceVisitor::VisitRigidSurface(inp_Keyword& keyword)
+{
+  if (!RedefinesSurfaceOfPart(keyword))
+  {
+    VisitAnalyticalSurface(keyword);
+  }
 }
 
 void inp_AssemblySurfaceVisitor::VisitAnalyticalSurface(inp_Keyword& keyword)

@@ -3,30 +3,14 @@
 #include "inp_ElementRows.h"
 #include "inp_KeywordEnm.h"
 #include "inp_LevelMessages.h"
+#include "inp_NodeNumbers.h"
 #include "inp_RawDataArrayImpl.h"
-#include "inp_SetVisitorFaults.h"
+#include "inp_ScopedField.h"
 
 #include <algorithm>
 #include <iterator>
 #include <string>
 #include <string_view>
-
-/// A field that is no plain label.
-struct inp_AssyLevelElemVisitor::Item
-{
-  cow_String text;
-  bool isText; ///< and not a number of another form
-};
-
-/// What is known of the elements of a keyword when its rows have been read.
-struct inp_AssyLevelElemVisitor::Found
-{
-  std::vector<Item> const& items;
-  inp_MapInt2Element& elements;
-  cow_List<int> labels;
-  cow_List<int> tooLong;
-  cow_List<int> tooShort;
-};
 
 namespace
 {
@@ -39,38 +23,6 @@ void AppendListed(cow_List<int>& labels, int label)
   {
     labels.Append(label);
   }
-}
-
-/// The rows with each field that is no plain label replaced by the negative of its place in `items`, from
-/// 1: rows of numbers, which are divided into elements as all others are.
-template <class Item>
-inp_DataArray WithItemsNumbered(inp_DataArray const& data, std::vector<Item>& items)
-{
-  auto* const impl = new inp_RawDataArrayImpl;
-  inp_DataArray numbered(impl);
-  std::string line;
-  for (int row = 0; row < data.Rows(); ++row)
-  {
-    line.clear();
-    for (int column = 0; column < data.Cols(row); ++column)
-    {
-      line.append(column > 0 ? "," : "");
-      inp_Types::typeEnm const type = data.Type(row, column);
-      if (type == inp_Types::inp_NONE)
-      {
-        continue;
-      }
-      if (type == inp_Types::inp_INTEGER && data.AsInt(row, column) >= 0)
-      {
-        line.append(std::to_string(data.AsInt(row, column)));
-        continue;
-      }
-      items.push_back({data.AsString(row, column), type == inp_Types::inp_STRING});
-      line.append(std::to_string(-static_cast<int>(items.size())));
-    }
-    impl->Append(line.c_str());
-  }
-  return numbered;
 }
 
 } // namespace
@@ -99,151 +51,250 @@ bool inp_AssyLevelElemVisitor::MayStandInAssembly(cow_String const& type)
                      [name](std::string_view family) { return name.starts_with(family); });
 }
 
+/// The rows with each field that is no plain label replaced by the negative of its place in `items`, from
+/// 1: rows of numbers, which are divided into elements as all others are.
+inp_DataArray inp_AssyLevelElemVisitor::WithItemsNumbered(inp_DataArray const& data,
+                                                          std::vector<Item>& items)
+{
+  auto* const impl = new inp_RawDataArrayImpl;
+  inp_DataArray numbered(impl);
+  std::string line;
+  for (int row = 0; row < data.Rows(); ++row)
+  {
+    line.clear();
+    for (int column = 0; column < data.Cols(row); ++column)
+    {
+      line.append(column > 0 ? "," : "");
+      inp_Types::typeEnm const type = data.Type(row, column);
+      if (type == inp_Types::inp_NONE)
+      {
+        continue;
+      }
+      if (type == inp_Types::inp_INTEGER && data.AsInt(row, column) >= 0)
+      {
+        line.append(std::to_string(data.AsInt(row, column)));
+        continue;
+      }
+      items.push_back({data.AsString(row, column), type});
+      line.append(std::to_string(-static_cast<int>(items.size())));
+    }
+    impl->Append(line.c_str());
+  }
+  return numbered;
+}
+
 // *ELEMENT rows: label, node[, node ...]; a node is instance.label or a label of the assembly.
 void inp_AssyLevelElemVisitor::VisitElementImpl(inp_Keyword& keyword)
 {
-  cow_String const type = NameParameter(keyword, "type").ToUpper();
+  ReadElements(keyword, m_assemblyName);
+}
+
+void inp_AssyLevelElemVisitor::ReadElements(inp_Keyword const& keyword,
+                                            cow_String const& assemblyName)
+{
+  m_labelsOfSet.Clear();
+  Definition definition;
+  if (ReadAssemblyDefinition(keyword, definition))
+  {
+    m_read.push_back({keyword, definition, assemblyName, {}, {}, {}});
+    ReadRows(m_read.back());
+  }
+}
+
+bool inp_AssyLevelElemVisitor::ReadAssemblyDefinition(inp_Keyword const& keyword,
+                                                      Definition& definition)
+{
+  cow_String const type = keyword.NameIn("type").ToUpper();
   if (type.Empty())
   {
     Say(inp_msgAssemblyElementTypeRequired, keyword);
-    return;
+    return false;
   }
   if (!MayStandInAssembly(type))
   {
     Say(inp_msgAssemblyElementType, keyword);
-    return;
+    return false;
   }
-  Definition definition;
-  if (!ReadDefinition(keyword, definition))
-  {
-    return;
-  }
-  std::vector<Item> items;
-  inp_DataArray const numbered = WithItemsNumbered(keyword.data, items);
-  Found found{items, CurrentElements(), {}, {}, {}};
-  inp_ElementRows rows(numbered, definition.family, inp_ElementRows::c_asTheyAre,
+  return ReadDefinition(keyword, definition);
+}
+
+void inp_AssyLevelElemVisitor::ReadRows(ReadKeyword& read)
+{
+  inp_DataArray const numbered = WithItemsNumbered(read.keyword.data, read.items);
+  cow_List<int> tooLong;
+  cow_List<int> tooShort;
+  inp_ElementRows rows(numbered, read.definition.family, inp_ElementRows::c_asTheyAre,
                        inp_ElementRows::c_dropBlanks);
   while (rows.Next())
   {
-    ReadElement(keyword, definition, rows, found);
+    if (!CheckRow(read.keyword, read.definition, rows))
+    {
+      continue;
+    }
+    AddRow(read, rows);
+    if (rows.GivenNodes() > read.definition.family.maxNodes)
+    {
+      AppendListed(tooLong, rows.Label());
+    }
+    else if (rows.GivenNodes() < read.definition.family.minNodes)
+    {
+      AppendListed(tooShort, rows.Label());
+    }
   }
-  if (found.tooLong.Length() > 0)
+  if (tooLong.Length() > 0)
   {
-    SayItems(inp_msgAssemblyTooManyNodes, keyword, found.tooLong, definition.typeAsGiven);
+    SayItems(inp_msgAssemblyTooManyNodes, read.keyword, tooLong, read.definition.typeAsGiven);
   }
-  if (found.tooShort.Length() > 0)
+  if (tooShort.Length() > 0)
   {
-    SayItems(inp_msgAssemblyTooFewNodes, keyword, found.tooShort, definition.typeAsGiven);
-  }
-  cow_String const setName = NameParameter(keyword, "elset");
-  if (setName.Length() > 0 && found.labels.Length() > 0 && found.tooShort.Empty())
-  {
-    AddElementSet(keyword, setName, found.labels);
+    SayItems(inp_msgAssemblyTooFewNodes, read.keyword, tooShort, read.definition.typeAsGiven);
+    m_labelsOfSet.Clear();
   }
 }
 
-void inp_AssyLevelElemVisitor::ReadElement(inp_Keyword const& keyword, Definition const& definition,
-                                           inp_ElementRows& rows, Found& found)
+void inp_AssyLevelElemVisitor::AddRow(ReadKeyword& read, inp_ElementRows& rows)
 {
-  int const label = rows.Label();
-  std::vector<int>& nodes = rows.Nodes();
+  std::vector<int> const& nodes = rows.Nodes();
   int const count = static_cast<int>(nodes.size());
-  int const given = rows.GivenNodes();
+  read.rows.push_back({rows.Label(), count, std::min(rows.GivenNodes(), count)});
+  read.nodes.insert(read.nodes.end(), nodes.begin(), nodes.end());
+  CurrentElements().InsertPtr(rows.Label(),
+                              inp_Element::Make(read.definition.type, 0, nullptr, 0, 0, 0));
+  m_labelsOfSet.Append(rows.Label());
+}
+
+bool inp_AssyLevelElemVisitor::CheckRow(inp_Keyword const& keyword, Definition const& definition,
+                                        inp_ElementRows& rows)
+{
   if (rows.LabelState() != inp_ElementRows::c_good)
   {
     Say(inp_msgAssemblyElementNumber, keyword, definition.typeAsGiven);
-    return;
-  }
-  if (count == 0)
-  {
-    Say(inp_msgAssemblyTopologyMissing, keyword, cow_String(label), definition.typeAsGiven);
-    return;
-  }
-  if (!ResolveNodes(keyword, definition, label, found.items, nodes))
-  {
-    return;
-  }
-  if (given > definition.family.maxNodes)
-  {
-    AppendListed(found.tooLong, label);
-  }
-  else if (given < definition.family.minNodes)
-  {
-    AppendListed(found.tooShort, label);
-  }
-  found.elements.InsertPtr(
-    label, inp_Element::Make(definition.type, count, nodes.data(), std::min(given, count), 0, 0));
-  found.labels.Append(label);
-}
-
-/// Puts numbers for labels and items, in place; all that is wrong with an element is said.
-bool inp_AssyLevelElemVisitor::ResolveNodes(inp_Keyword const& keyword,
-                                            Definition const& definition, int label,
-                                            std::vector<Item> const& items, std::vector<int>& nodes)
-{
-  bool isGood = true;
-  for (int& node : nodes)
-  {
-    bool const isResolved = node < 0 ? ResolveItem(keyword, definition, label,
-                                                   items[static_cast<std::size_t>(-node) - 1], node)
-                                     : GetAssemblyNode(keyword, definition, node);
-    isGood = isGood && isResolved;
-  }
-  return isGood;
-}
-
-bool inp_AssyLevelElemVisitor::ResolveItem(inp_Keyword const& keyword, Definition const& definition,
-                                           int label, Item const& item, int& node)
-{
-  if (!item.isText)
-  {
-    Say(inp_msgAssemblyItemInvalid, keyword, cow_String(label), definition.typeAsGiven, item.text);
     return false;
   }
-  return GetGlobalNodeFromScopedID(item.text, keyword, node);
-}
-
-// A connector whose node is left out is tied to the ground there.
-bool inp_AssyLevelElemVisitor::GetAssemblyNode(inp_Keyword const& keyword,
-                                               Definition const& definition, int& node)
-{
-  if (node == 0 && definition.family.kind == inp_ElementFamily::c_connector)
+  if (rows.Nodes().empty())
   {
-    return true;
-  }
-  if (!m_nodeIds.IsMember(node))
-  {
-    Say(inp_msgAssemblyNodeUndefined, keyword, cow_String(node));
+    Say(inp_msgAssemblyTopologyMissing, keyword, cow_String(rows.Label()), definition.typeAsGiven);
     return false;
   }
-  node = m_nodeIds.ConstGet(node);
   return true;
 }
 
-bool inp_AssyLevelElemVisitor::GetGlobalNodeFromScopedID(cow_String const& item,
-                                                         inp_Keyword const& keyword, int& node)
+void inp_AssyLevelElemVisitor::MoveMessages(cow_List<atr_String>& warnings,
+                                            cow_List<atr_String>& errors)
 {
-  inp_ScopedField const field(item, m_assemblyName);
+  warnings.Concatenate(m_warningList);
+  errors.Concatenate(m_errorList);
+  m_warningList.Clear();
+  m_errorList.Clear();
+}
+
+void inp_AssyLevelElemVisitor::PutNumbers(inp_NodeNumbers& numbers)
+{
+  for (ReadKeyword const& read : m_read)
+  {
+    PutNumbers(read, numbers);
+  }
+  // A label may have been read again, with nodes that are there.
+  for (ReadKeyword const& read : m_read)
+  {
+    for (Row const& row : read.rows)
+    {
+      inp_Element const* const element = CurrentElements().GetEltPtr(row.label);
+      if (element != nullptr && element->numNodesPerElement() == 0)
+      {
+        CurrentElements().Remove(row.label);
+        m_leftOut.Append(row.label);
+      }
+    }
+  }
+  m_read.clear();
+}
+
+void inp_AssyLevelElemVisitor::PutNumbers(ReadKeyword const& read, inp_NodeNumbers& numbers)
+{
+  inp_MapInt2Element& map = CurrentElements();
+  std::vector<int> nodes;
+  auto next = read.nodes.begin();
+  for (Row const& row : read.rows)
+  {
+    nodes.assign(next, next + row.nodes);
+    next += row.nodes;
+    bool isGood = true;
+    for (int& node : nodes)
+    {
+      isGood = ResolveNode(read, row.label, numbers, node) && isGood;
+    }
+    if (isGood)
+    {
+      map.InsertPtr(row.label, inp_Element::Make(read.definition.type, row.nodes, nodes.data(),
+                                                 row.given, 0, 0));
+    }
+  }
+}
+
+/// Puts the number for a label or an item, in place.
+bool inp_AssyLevelElemVisitor::ResolveNode(ReadKeyword const& read, int label,
+                                           inp_NodeNumbers& numbers, int& node)
+{
+  if (node < 0)
+  {
+    return ResolveItem(read, label, numbers, node);
+  }
+  // A connector whose node is left out is tied to the ground there.
+  if (node == 0 && read.definition.family.kind == inp_ElementFamily::c_connector)
+  {
+    return true;
+  }
+  if (!numbers.Find(cow_String(), node, node))
+  {
+    Say(inp_msgAssemblyNodeUndefined, read.keyword, cow_String(node));
+    return false;
+  }
+  return true;
+}
+
+bool inp_AssyLevelElemVisitor::ResolveItem(ReadKeyword const& read, int label,
+                                           inp_NodeNumbers& numbers, int& node)
+{
+  Item const& item = read.items[static_cast<std::size_t>(-node) - 1];
+  switch (item.type)
+  {
+  case inp_Types::inp_STRING:
+    return GetGlobalNodeFromScopedID(item.text, read, numbers, node);
+  case inp_Types::inp_INTEGER: // a negative one
+    Say(inp_msgAssemblyNodeUndefined, read.keyword, item.text);
+    return false;
+  default:
+    Say(inp_msgAssemblyItemInvalid, read.keyword, cow_String(label), read.definition.typeAsGiven,
+        item.text);
+    return false;
+  }
+}
+
+bool inp_AssyLevelElemVisitor::GetGlobalNodeFromScopedID(cow_String const& item,
+                                                         ReadKeyword const& read,
+                                                         inp_NodeNumbers& numbers, int& node)
+{
+  inp_ScopedField const field(item, read.assemblyName);
   int id = 0;
   if (field.fits && inp_Types::IsSetName(field.last.View()))
   {
-    Say(inp_msgAssemblyNodeIsSet, keyword, item);
+    Say(inp_msgAssemblyNodeIsSet, read.keyword, item);
   }
   else if (!field.fits || field.instanceName.Empty() || !field.GetId(id))
   {
-    Say(inp_msgAssemblyNodeUnrecognizable, keyword, item);
+    Say(inp_msgAssemblyNodeUnrecognizable, read.keyword, item);
   }
-  else if (!m_nodeIds.IsMember(field.instanceName))
+  else if (!numbers.HasInstance(field.instanceName))
   {
-    Say(inp_msgAssemblyNodeInstanceUnknown, keyword, field.instanceName);
+    Say(inp_msgAssemblyNodeInstanceUnknown, read.keyword, field.instanceName);
   }
-  else if (!m_nodeIds.ConstGet(field.instanceName).IsMember(id))
+  else if (!numbers.Find(field.instanceName, id, node))
   {
-    Say(inp_msgAssemblyNodeUnknown, keyword, cow_String(id), field.instanceName);
+    Say(inp_msgAssemblyNodeUnknown, read.keyword, cow_String(id), field.instanceName);
   }
   else
   {
-    node = m_nodeIds.ConstGet(field.instanceName).ConstGet(id);
     return true;
   }
   return false;

@@ -15,16 +15,10 @@ constexpr int c_boxRow = 1;
 constexpr int c_orientationRow = 2;
 constexpr int c_secondPoint = 3;
 
-gsl_Point ReadPoint(inp_DataArray const& data, int row, int column)
-{
-  return {inp_RealField(data, row, column), inp_RealField(data, row, column + 1),
-          inp_RealField(data, row, column + 2)};
-}
-
 template <int Places>
 bool Warn(inp_Keyword const& keyword, atr_MessageRow<Places> const& row)
 {
-  cow_String const name = keyword.GetParameterAsString("name", "");
+  cow_String const name = keyword.NameIn("name");
   omi_Singleton<wip_WIP>::Instance().Warning(inp_Utils::PlacedAt(keyword, atr_Say(row, name)));
   return false;
 }
@@ -34,26 +28,32 @@ bool Warn(inp_Keyword const& keyword, atr_MessageRow<Places> const& row)
 inp_CropDefinition::inp_CropDefinition(inp_Keyword const& keyword)
 {
   inp_DataArray const& data = keyword.data;
-  if (data.Rows() <= c_boxRow || !keyword.HasParameter("name"))
+  if (data.Rows() <= c_boxRow || keyword.NameIn("name").Empty())
   {
     return;
   }
-  origin = ReadPoint(data, c_boxRow, 0);
-  gsl_Point const corner = ReadPoint(data, c_boxRow, c_secondPoint);
+  inp_NumberFields fields(keyword);
+  origin = fields.Point(c_boxRow, 0);
+  gsl_Point const corner = fields.Point(c_boxRow, c_secondPoint);
   extent = gsl_Vector(corner);
   oriented = data.Rows() > c_orientationRow;
   if (oriented)
   {
     extent = gsl_Vector(origin, corner);
   }
-  valid = !oriented || ReadOrientation(keyword);
+  gsl_Vector const a(fields.Point(c_orientationRow, 0));
+  gsl_Vector const b(fields.Point(c_orientationRow, c_secondPoint));
+  if (fields.Errors().Length() > 0)
+  {
+    omi_Singleton<wip_WIP>::Instance().ErrorList(fields.Errors(), wip_error);
+    return;
+  }
+  valid = !oriented || Orient(keyword, a, b);
 }
 
 // Only `a` has length 1, so that points in one direction are told when `b` has it too.
-bool inp_CropDefinition::ReadOrientation(inp_Keyword const& keyword)
+bool inp_CropDefinition::Orient(inp_Keyword const& keyword, gsl_Vector a, gsl_Vector const& b)
 {
-  gsl_Vector a(ReadPoint(keyword.data, c_orientationRow, 0));
-  gsl_Vector const b(ReadPoint(keyword.data, c_orientationRow, c_secondPoint));
   a.Normalize();
   if (a == gsl_Vector() || b == gsl_Vector())
   {

@@ -26,6 +26,10 @@ void AppendListed(cow_List<int>& labels, int label)
 }
 
 /// Room for the layers, behind the bottom nodes; false when a label would be too large.
+///
+/// GKPE6, GKPS6 and GK3D12M take optional nodes between their two faces, which are in neither layer: a
+/// bottom node has no counterpart there whose label the offset could give. So the list ends behind the
+/// layers, and is not filled up with empty places; an element of layers has the nodes of its layers.
 bool FillWithLayers(std::vector<int>& nodes, inp_ElementFamily const& family, int offset)
 {
   std::size_t const bottom = nodes.size();
@@ -101,15 +105,7 @@ inp_MapInt2Element& inp_ElementVisitor::CurrentElements()
 void inp_ElementVisitor::AddElementSet(inp_Keyword const& keyword, cow_String const& name,
                                        cow_List<int> const& labels)
 {
-  inpM_SetHandle const set = CreateSet(labels, false, false);
-  if (CurrentSetScope().Empty())
-  {
-    AddAssySet(keyword, name, set, false);
-  }
-  else
-  {
-    AddPartSet(keyword, name, set, false);
-  }
+  MergeSet(keyword, name, CreateSet(labels));
 }
 
 // *ELEMENT rows: label, node[, node ...], 16 fields a line; a line that ends in a comma goes on.
@@ -134,7 +130,7 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword)
 
 bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& definition)
 {
-  definition.typeAsGiven = NameParameter(keyword, "type");
+  definition.typeAsGiven = keyword.NameIn("type");
   if (definition.typeAsGiven.Empty())
   {
     Say(inp_msgElementTypeRequired, keyword);
@@ -152,7 +148,7 @@ bool inp_ElementVisitor::ReadDefinition(inp_Keyword const& keyword, Definition& 
   else if (inp_Types::IsSuperelementID(definition.type.View()))
   {
     definition.family.kind = inp_ElementFamily::c_substructure;
-    definition.file = NameParameter(keyword, "file");
+    definition.file = keyword.NameIn("file");
   }
   else if (!ReadUserType(keyword, definition))
   {
@@ -232,7 +228,7 @@ void inp_ElementVisitor::ReadElement(inp_Keyword const& keyword, Definition cons
   int const label = rows.Label();
   std::vector<int> const& nodes = rows.Nodes();
   int const count = static_cast<int>(nodes.size());
-  bool const isLayered = family.IsLayered() && count > given;
+  bool const isLayered = family.IsLayered() && given == family.bottomNodes;
   if (isTooLong)
   {
     AppendListed(found.tooLong, label);
@@ -396,10 +392,9 @@ void inp_ElementVisitor::FinishElements(inp_Keyword& keyword, Definition const& 
   {
     SayItems(inp_msgTooFewNodes, keyword, found.tooShort, definition.typeAsGiven);
   }
-  cow_String const setName = NameParameter(keyword, "elset");
-  if (setName.Length() > 0 && found.labels.Length() > 0 && found.tooShort.Empty())
+  if (keyword.HasParameter("elset") && found.labels.Length() > 0 && found.tooShort.Empty())
   {
-    AddElementSet(keyword, setName, found.labels);
+    AddElementSet(keyword, keyword.NameIn("elset"), found.labels);
   }
   if (found.hasLayersMade)
   {

@@ -64,10 +64,9 @@ void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword)
       return;
     }
   }
-  cow_String const setName = NameParameter(keyword, "elset");
-  if (setName.Length() > 0 && labels.Length() > 0)
+  if (keyword.HasParameter("elset") && labels.Length() > 0)
   {
-    AddElementSet(keyword, setName, labels);
+    AddElementSet(keyword, keyword.NameIn("elset"), labels);
   }
 }
 
@@ -96,8 +95,7 @@ bool inp_ElementVisitor::GenerateElements(inp_Keyword const& keyword,
     Say(inp_msgLargestElementNumber, keyword);
     return false;
   }
-  inp_MapInt2Element& target = CurrentElements();
-  inp_Element const* const master = FindElement(target, generation.master);
+  inp_Element const* const master = FindElement(CurrentElements(), generation.master);
   if (master == nullptr)
   {
     if (computeConnectivity)
@@ -115,15 +113,25 @@ bool inp_ElementVisitor::GenerateElements(inp_Keyword const& keyword,
     Say(inp_msgGeneratedElementOutOfRange, keyword, LabelText(generation.Labels().lowest));
     return true;
   }
-  int const movable = inp_MovableNodesInGeneration(*master, keyword.HasParameter("allnodes"));
-  inp_ElementGeneration::Range const nodes = RangeOfNodes(*master, movable);
+  MakeBlock(keyword, generation, inp_AsGiven(*master), labels);
+  return true;
+}
+
+/// The elements of a block and their labels; nothing, with a message, when nodes would leave the range.
+void inp_ElementVisitor::MakeBlock(inp_Keyword const& keyword,
+                                   inp_ElementGeneration const& generation,
+                                   inp_Element const& pattern, cow_List<int>& labels)
+{
+  int const movable = inp_MovableNodesInGeneration(pattern, keyword.HasParameter("allnodes"));
+  inp_ElementGeneration::Range const nodes = RangeOfNodes(pattern, movable);
   inp_ElementGeneration::Range const shift = generation.NodeShift();
   if (computeConnectivity && nodes.highest > 0 &&
       (nodes.lowest + shift.lowest < 1 || nodes.highest + shift.highest > inpM_largestLabel))
   {
     Say(inp_msgGeneratedNodesOutOfRange, keyword, cow_String(generation.master));
-    return true;
+    return;
   }
+  inp_MapInt2Element& target = CurrentElements();
   generation.ForEach(
     [&](int label, std::int64_t nodeShift)
     {
@@ -133,14 +141,13 @@ bool inp_ElementVisitor::GenerateElements(inp_Keyword const& keyword,
         return;
       }
       inp_Element* const element =
-        computeConnectivity ? inp_Element::Make(*master) : new inp_Element;
+        computeConnectivity ? inp_Element::Make(pattern) : new inp_Element;
       if (computeConnectivity)
       {
         inp_ShiftNodes(*element, movable, nodeShift);
       }
       target.InsertPtr(label, element);
     });
-  return true;
 }
 
 inpM_BaseSet const* inp_ElementVisitor::CheckExistenceOfOldSet(inp_Keyword const& keyword,
@@ -159,7 +166,7 @@ inpM_BaseSet const* inp_ElementVisitor::CheckExistenceOfOldSet(inp_Keyword const
 // *ELCOPY has no rows.
 void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
 {
-  cow_String const oldName = NameParameter(keyword, "oldset");
+  cow_String const oldName = keyword.NameIn("oldset");
   if (oldName.Empty() || !inp_HasIntegerParameter(keyword, "elementshift") ||
       !inp_HasIntegerParameter(keyword, "shiftnodes"))
   {
@@ -193,10 +200,9 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
       return;
     }
   }
-  cow_String const newName = NameParameter(keyword, "newset");
-  if (newName.Length() > 0 && labels.Length() > 0)
+  if (keyword.HasParameter("newset") && labels.Length() > 0)
   {
-    AddPartSet(keyword, newName, CreateSet(labels, false, false), false);
+    AddElementSet(keyword, keyword.NameIn("newset"), labels);
   }
 }
 
@@ -215,7 +221,7 @@ bool inp_ElementVisitor::CopyElement(inp_Keyword const& keyword, inp_MapInt2Elem
     labels.Append(newLabel);
     return true;
   }
-  inp_Element copy(*old);
+  inp_Element copy = inp_AsGiven(*old);
   if (!inp_ShiftNodes(copy, inp_MovableNodesInCopy(copy), nodeShift))
   {
     Say(inp_msgGeneratedNodesOutOfRange, keyword, cow_String(label));

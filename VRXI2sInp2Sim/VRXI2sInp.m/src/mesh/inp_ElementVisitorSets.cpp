@@ -12,10 +12,14 @@ inpM_SetHandle inp_ElementVisitor::ReadAssyElsetIdsAndSetNames(inp_Keyword const
 // *ELSET rows: ids and names of sets; with GENERATE first, last[, step].
 void inp_ElementVisitor::VisitElset(inp_Keyword& keyword)
 {
-  cow_String const name = NameParameter(keyword, "elset");
+  cow_String const name = keyword.NameIn("elset");
   if (name.Empty())
   {
     Say(inp_msgElsetNameRequired, keyword);
+    return;
+  }
+  if (!CheckSetName(keyword, name))
+  {
     return;
   }
   ProcessInstanceParameter(keyword);
@@ -24,22 +28,20 @@ void inp_ElementVisitor::VisitElset(inp_Keyword& keyword)
   bool const generates = keyword.HasParameter("generate");
   if (CurrentSetScope().Empty())
   {
-    AddAssySet(keyword, name,
+    ReplaceSet(keyword, name,
                generates ? GenerateAssemblySetAccumulate(sets, keyword, name, internal, unsorted)
-                         : ReadAssyElsetIdsAndSetNames(keyword, name, internal, unsorted),
-               true);
+                         : ReadAssyElsetIdsAndSetNames(keyword, name, internal, unsorted));
     return;
   }
-  AddPartSet(keyword, name,
+  ReplaceSet(keyword, name,
              generates
                ? GenerateSetAccumulate(keyword, name, internal, unsorted)
-               : ReadIdsAndSetNamesAccumulate(keyword, name, internal, unsorted, hasAssemblySets),
-             true);
+               : ReadIdsAndSetNamesAccumulate(keyword, name, internal, unsorted, hasAssemblySets));
 }
 
 void inp_ElementVisitor::VisitUserElement(inp_Keyword& keyword)
 {
-  cow_String type = NameParameter(keyword, "type");
+  cow_String type = keyword.NameIn("type");
   if (type.Empty())
   {
     Say(inp_msgUserElementTypeRequired, keyword);
@@ -64,23 +66,15 @@ void inp_ElementVisitor::VisitUserElement(inp_Keyword& keyword)
 /// may name it.
 void inp_ElementVisitor::VisitFastener(inp_Keyword& keyword)
 {
-  cow_List<cow_String> pieces = inp_Utils::SplitScopedSet(NameParameter(keyword, "elset"));
+  cow_List<cow_String> pieces = inp_Utils::SplitScopedSet(keyword.NameIn("elset"));
   cow_String const name = pieces.Pop();
   if (name.Empty())
   {
     return;
   }
-  inpM_SetHandle const none = CreateSet(false, false);
   if (pieces.Empty())
   {
-    if (CurrentSetScope().Empty())
-    {
-      AddAssySet(keyword, name, none, false);
-    }
-    else
-    {
-      AddPartSet(keyword, name, none, false);
-    }
+    MergeSet(keyword, name, CreateSet());
     return;
   }
   cow_String const instanceName = pieces.Pop();
@@ -89,7 +83,10 @@ void inp_ElementVisitor::VisitFastener(inp_Keyword& keyword)
     Say(inp_msgFastenerInstanceUnknown, keyword, instanceName);
     return;
   }
-  sets.AddToNestedSet(instanceName, name, *none);
+  if (CheckSetName(keyword, name))
+  {
+    sets.AddToNestedSet(instanceName, name, *CreateSet());
+  }
 }
 
 // *PARTICLE GENERATOR MIXTURE rows: names of sets that the generator will fill, among other things.

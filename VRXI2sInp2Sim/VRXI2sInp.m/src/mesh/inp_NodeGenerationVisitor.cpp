@@ -17,12 +17,6 @@ constexpr int c_firstMidside = 16;
 constexpr int c_secondMidside = 17;
 constexpr int c_nodesOfQuadraticGasket = 18;
 
-cow_String TextParameter(inp_Keyword const& keyword, char const* name)
-{
-  return keyword.HasParameter(name) ? keyword.GetParameterAsString(name, cow_String())
-                                    : cow_String();
-}
-
 /// Gaskets and cohesive elements are layered one by one, as far as their layers were made by OFFSET.
 bool HasLayers(inp_Element const& element, inp_ElementFamily const& family)
 {
@@ -80,8 +74,12 @@ void inp_NodeGenerationVisitor::VisitInstance(inp_Keyword& keyword)
   BeginScope();
 }
 
-// The largest label is looked for when one is needed: for an instance it costs all of its nodes.
-void inp_NodeGenerationVisitor::BeginScope() { nextLabel = 0; }
+// The largest label is looked for when one is needed: it costs all of the connectivity.
+void inp_NodeGenerationVisitor::BeginScope()
+{
+  nextLabel = 0;
+  m_waiting.clear();
+}
 
 bool inp_NodeGenerationVisitor::IsInScope() const
 {
@@ -120,7 +118,7 @@ void inp_NodeGenerationVisitor::VisitElement(inp_Keyword& keyword)
   {
     return;
   }
-  cow_String const type = TextParameter(keyword, "type");
+  cow_String const type = keyword.NameIn("type");
   if (type.Empty())
   {
     Say(inp_msgElementTypeRequired, keyword);
@@ -199,7 +197,7 @@ void inp_NodeGenerationVisitor::VisitElcopy(inp_Keyword& keyword)
   {
     return;
   }
-  cow_String const oldName = TextParameter(keyword, "oldset");
+  cow_String const oldName = keyword.NameIn("oldset");
   if (oldName.Empty() || !keyword.HasParameter("elementshift") ||
       !keyword.HasParameter("shiftnodes"))
   {
@@ -262,20 +260,29 @@ void inp_NodeGenerationVisitor::CompleteElement(inp_Keyword const& keyword, int 
   }
 }
 
-int inp_NodeGenerationVisitor::NewLabel(inp_CoordMap const& coords)
+/// Labels of layers count before their nodes are made.
+int inp_NodeGenerationVisitor::LargestLabelOfConnectivity() const
+{
+  int largest = 0;
+  for (inp_MapInt2ElementIT it(elements.ConstGet(CurrentName())); !it.IsDone(); it.Next())
+  {
+    inp_Element const& element = it.CurrentValue();
+    int const* const nodes = element.topology();
+    for (int i = 0; i < element.numNodesPerElement(); ++i)
+    {
+      largest = std::max(largest, nodes[i]);
+    }
+  }
+  return largest;
+}
+
+int inp_NodeGenerationVisitor::NewLabel()
 {
   if (nextLabel == 0)
   {
-    nextLabel = FindMaxNodeLabel(CurrentName()) + 1;
+    nextLabel = std::max(FindMaxNodeLabel(CurrentName()), LargestLabelOfConnectivity()) + 1;
   }
-  while (nextLabel < inpM_largestLabel)
-  {
-    if (!coords.IsMember(++nextLabel))
-    {
-      return nextLabel;
-    }
-  }
-  return 0;
+  return nextLabel < inpM_largestLabel ? ++nextLabel : 0;
 }
 
 void inp_NodeGenerationVisitor::AddMidsideNodes(inp_Keyword const& keyword, int label,
@@ -289,7 +296,7 @@ void inp_NodeGenerationVisitor::AddMidsideNodes(inp_Keyword const& keyword, int 
     {
       continue;
     }
-    nodes[place] = NewLabel(coords);
+    nodes[place] = NewLabel();
     if (nodes[place] == 0)
     {
       Say(inp_msgNodeLabelsUsedUp, keyword, cow_String(label));
@@ -302,17 +309,15 @@ void inp_NodeGenerationVisitor::AddMidsideNodes(inp_Keyword const& keyword, int 
 
 void inp_NodeGenerationVisitor::GenerateGasketGK3D18MidsideNodes(inp_CoordMap& coords,
                                                                  int const* nodes, bool isFirstNew,
-                                                                 bool isSecondNew) const
+                                                                 bool isSecondNew)
 {
-  inp_Coord point;
-  if (isFirstNew && GenerateGasketGK3D18MidsideNodes(coords, nodes, 0.0, 0.0, point))
+  if (isFirstNew)
   {
-    coords.Insert(nodes[c_firstMidside], point);
+    Make({nodes, 0, nodes[c_firstMidside]}, coords);
   }
-  if (isSecondNew &&
-      GenerateGasketGK3D18MidsideNodes(coords, nodes + c_nodesOfFace, 0.0, 0.0, point))
+  if (isSecondNew)
   {
-    coords.Insert(nodes[c_secondMidside], point);
+    Make({nodes + c_nodesOfFace, 0, nodes[c_secondMidside]}, coords);
   }
 }
 
@@ -349,19 +354,62 @@ void inp_NodeGenerationVisitor::AddLayers(inp_Keyword const& keyword, inp_Elemen
   int const* const nodes = element.topology();
   for (int place = 0; place < family.bottomNodes; ++place)
   {
-    inp_Coord const* const bottom = coords.ConstGetStored().ConstFind(nodes[place]);
-    if (bottom == nullptr)
+    Make({nodes + place, family.bottomNodes, family.layers}, coords);
+  }
+}
+
+/// Makes nodes, and then those that have waited for them, and so on.
+void inp_NodeGenerationVisitor::Make(Implied const& implied, inp_CoordMap& coords)
+{
+  m_ready.push_back(implied);
+  while (!m_ready.empty())
+  {
+    Implied const next = m_ready.back();
+    m_ready.pop_back();
+    next.step > 0 ? MakeColumn(next, coords) : MakeMiddle(next, coords);
+  }
+}
+
+void inp_NodeGenerationVisitor::MakeColumn(Implied const& implied, inp_CoordMap& coords)
+{
+  inp_Coord const* const bottom = coords.ConstGetStored().ConstFind(implied.nodes[0]);
+  if (bottom == nullptr)
+  {
+    m_waiting[implied.nodes[0]].push_back(implied);
+    return;
+  }
+  inp_Coord const coord = *bottom;
+  for (int layer = 1; layer <= implied.layers; ++layer)
+  {
+    int const above = implied.nodes[layer * implied.step];
+    if (above > 0 && !coords.IsMember(above))
     {
-      continue;
+      InsertNode(above, coord, coords);
     }
-    inp_Coord const coord = *bottom;
-    for (int above = place + family.bottomNodes; above < family.LayeredNodes();
-         above += family.bottomNodes)
-    {
-      if (nodes[above] > 0 && !coords.IsMember(nodes[above]))
-      {
-        coords.Insert(nodes[above], coord);
-      }
-    }
+  }
+}
+
+void inp_NodeGenerationVisitor::MakeMiddle(Implied const& implied, inp_CoordMap& coords)
+{
+  inp_Coord middle;
+  if (GenerateGasketGK3D18MidsideNodes(coords, implied.nodes, 0.0, 0.0, middle))
+  {
+    InsertNode(implied.layers, middle, coords);
+    return;
+  }
+  int const* const missing =
+    std::find_if(implied.nodes, implied.nodes + c_nodesOfFace,
+                 [&](int node) { return !coords.ConstGetStored().IsMember(node); });
+  m_waiting[*missing].push_back(implied);
+}
+
+/// For a label that is new, so that what waits for it is made once.
+void inp_NodeGenerationVisitor::InsertNode(int label, inp_Coord const& coord, inp_CoordMap& coords)
+{
+  coords.Insert(label, coord);
+  auto const waiting = m_waiting.find(label);
+  if (waiting != m_waiting.end())
+  {
+    m_ready.insert(m_ready.end(), waiting->second.rbegin(), waiting->second.rend());
   }
 }

@@ -5,6 +5,7 @@
 #include "inp_NodeDataArrayImpl.h"
 #include "inp_RecordMessages.h"
 #include "inp_RowFields.h"
+#include "mem_Budget.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +15,7 @@ namespace
 
 /// Some 4 GiB of nodes: what the generators of a walk may make. A few short rows can ask for more than
 /// any memory holds.
-constexpr int c_mostGenerated = 50000000;
+constexpr int c_mostGenerated = mem_Budget(50000000);
 
 gsl_Point PointOf(inp_Coord const& coord) { return {coord.x, coord.y, coord.z}; }
 
@@ -94,7 +95,7 @@ void inp_NodeVisitor::AddNodeSet(inp_Keyword const& keyword, char const* paramet
 {
   if (keyword.HasParameter(parameter))
   {
-    AddPartSet(keyword, NameParameter(keyword, parameter), set, false);
+    MergeSet(keyword, keyword.NameIn(parameter), set);
   }
 }
 
@@ -147,8 +148,7 @@ bool inp_NodeVisitor::Store(inp_Keyword const& keyword, inp_CoordMap& map, int l
 
 gsl_Point inp_NodeVisitor::ReadPointFromKeywordData(inp_Keyword const& keyword, int row, int column)
 {
-  return {inp_RealField(keyword.data, row, column), inp_RealField(keyword.data, row, column + 1),
-          inp_RealField(keyword.data, row, column + 2)};
+  return inp_NumberFields(keyword).Point(row, column);
 }
 
 gsl_Point inp_NodeVisitor::ReadNodeFromKeywordData(inp_Keyword const& keyword,
@@ -213,8 +213,11 @@ void inp_NodeVisitor::VisitSystem(inp_Keyword& keyword)
   {
     return;
   }
-  gsl_Point const a = ReadPointFromKeywordData(keyword, 0, 0);
-  gsl_Point const b = ReadPointFromKeywordData(keyword, 0, 3);
+  inp_NumberFields fields(keyword);
+  gsl_Point const a = fields.Point(0, 0);
+  gsl_Point const b = fields.Point(0, 3);
+  gsl_Point const c = fields.Point(1, 0);
+  m_errorList.Concatenate(fields.Errors());
   systemTransform.SetTranslation(gsl_Vector(a));
   bool const hasPlane = keyword.data.Rows() > 1;
   if (!hasPlane && gsl_Vector(b) == gsl_Vector())
@@ -230,7 +233,7 @@ void inp_NodeVisitor::VisitSystem(inp_Keyword& keyword)
   }
   if (hasPlane)
   {
-    y = gsl_Vector(a, ReadPointFromKeywordData(keyword, 1, 0));
+    y = gsl_Vector(a, c);
     if (!y.Normalize())
     {
       Say(inp_msgYAxisUndefined, keyword);
@@ -342,18 +345,8 @@ void inp_NodeVisitor::ReadNodes(inp_Keyword const& keyword, Rows const& rows)
       Store(keyword, *map, label, stays ? coord : InSystem(coord, system));
     }
   }
-  if (labels.Length() == 0)
+  if (labels.Length() > 0)
   {
-    return;
-  }
-  inpM_SetHandle const set = CreateSet(labels, false, false);
-  cow_String const name = NameParameter(keyword, "nset");
-  if (CurrentName().Empty())
-  {
-    AddAssySet(keyword, name, set, false);
-  }
-  else
-  {
-    AddPartSet(keyword, name, set, false);
+    MergeSet(keyword, keyword.NameIn("nset"), CreateSet(labels));
   }
 }

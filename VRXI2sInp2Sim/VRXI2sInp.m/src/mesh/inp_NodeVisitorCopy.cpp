@@ -96,8 +96,11 @@ struct inp_NodeVisitor::Motion
 bool inp_NodeVisitor::ReadReflection(inp_Keyword const& keyword, Motion& motion)
 {
   cow_String const kind = keyword.GetParameterAsString("reflect", "");
-  gsl_Point const a = ReadPointFromKeywordData(keyword, 0, 0);
-  gsl_Point const b = ReadPointFromKeywordData(keyword, 0, 3);
+  inp_NumberFields fields(keyword);
+  gsl_Point const a = fields.Point(0, 0);
+  gsl_Point const b = fields.Point(0, 3);
+  gsl_Point const c = fields.Point(1, 0);
+  m_errorList.Concatenate(fields.Errors());
   motion.kind = Motion::c_point;
   motion.center = a;
   if (kind == "LINE")
@@ -113,7 +116,7 @@ bool inp_NodeVisitor::ReadReflection(inp_Keyword const& keyword, Motion& motion)
   else if (kind == "MIRROR")
   {
     motion.kind = Motion::c_mirror;
-    motion.plane = gsl_Plane(a, gsl_Vector(a, b, ReadPointFromKeywordData(keyword, 1, 0)));
+    motion.plane = gsl_Plane(a, gsl_Vector(a, b, c));
     if (!gsl_Vector(motion.plane.Direction()).Normalize())
     {
       Say(inp_msgReflectionPlaneUndefined, keyword);
@@ -129,14 +132,16 @@ bool inp_NodeVisitor::ReadShift(inp_Keyword const& keyword, Motion& motion)
 {
   motion.kind = Motion::c_shift;
   motion.copies = keyword.GetParameterAsInt("multiple", 1);
-  motion.step.SetTranslation(gsl_Vector(ReadPointFromKeywordData(keyword, 0, 0)));
-  double const degrees = inp_RealField(keyword.data, 1, 6);
+  inp_NumberFields fields(keyword);
+  motion.step.SetTranslation(gsl_Vector(fields.Point(0, 0)));
+  gsl_Point const a = fields.Point(1, 0);
+  gsl_Vector axis(a, fields.Point(1, 3));
+  double const degrees = fields.Real(1, 6);
+  m_errorList.Concatenate(fields.Errors());
   if (degrees == 0.0)
   {
     return true;
   }
-  gsl_Point const a = ReadPointFromKeywordData(keyword, 1, 0);
-  gsl_Vector axis(a, ReadPointFromKeywordData(keyword, 1, 3));
   if (!axis.Normalize())
   {
     Say(inp_msgShiftAxisUndefined, keyword);
@@ -167,7 +172,9 @@ bool inp_NodeVisitor::ReadMotion(inp_Keyword const& keyword, inp_CoordMap const&
   }
   else
   {
-    motion.center = ReadPointFromKeywordData(keyword, 0, 1);
+    inp_NumberFields fields(keyword);
+    motion.center = fields.Point(0, 1);
+    m_errorList.Concatenate(fields.Errors());
   }
   return true;
 }
@@ -176,12 +183,13 @@ bool inp_NodeVisitor::ReadMotion(inp_Keyword const& keyword, inp_CoordMap const&
 // SHIFT tx, ty, tz / xA, .. zB, angle.
 void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword)
 {
-  if (!inp_HasIntegerParameter(keyword, "changenumber") || !keyword.HasParameter("oldset"))
+  cow_String const oldName = keyword.NameIn("oldset");
+  if (!inp_HasIntegerParameter(keyword, "changenumber") || oldName.Empty())
   {
     Say(inp_msgCopyParametersMissing, keyword);
     return;
   }
-  inpM_BaseSet const* const old = FindNodeSet(keyword, NameParameter(keyword, "oldset"));
+  inpM_BaseSet const* const old = FindNodeSet(keyword, oldName);
   if (old == nullptr)
   {
     return;

@@ -144,7 +144,7 @@ void inp_NodeVisitor::VisitNfill(inp_Keyword& keyword)
     int const end = keyword.GetParameterAsInt("singular", 0);
     if (end != 1 && end != 2)
     {
-      Say(inp_msgSingularInvalid, keyword, NameParameter(keyword, "singular"));
+      Say(inp_msgSingularInvalid, keyword, keyword.NameIn("singular"));
       return;
     }
   }
@@ -164,7 +164,7 @@ void inp_NodeVisitor::VisitNfill(inp_Keyword& keyword)
   }
   if (labels.Length() > 0)
   {
-    AddNodeSet(keyword, "nset", CreateSet(labels, false, false));
+    AddNodeSet(keyword, "nset", CreateSet(labels));
   }
 }
 

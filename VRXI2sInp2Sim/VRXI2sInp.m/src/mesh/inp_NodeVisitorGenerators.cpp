@@ -144,7 +144,7 @@ void inp_NodeVisitor::VisitNgen(inp_Keyword& keyword)
   }
   if (labels.Length() > 0)
   {
-    AddNodeSet(keyword, "nset", CreateSet(labels, false, false));
+    AddNodeSet(keyword, "nset", CreateSet(labels));
   }
 }
 
@@ -229,6 +229,7 @@ bool inp_NodeVisitor::ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap 
   {
     return true;
   }
+  inp_NumberFields fields(keyword);
   int const third = inp_IntField(data, row, 3);
   if (third != 0)
   {
@@ -241,12 +242,13 @@ bool inp_NodeVisitor::ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap 
   }
   else if (data.Cols(row) >= 5)
   {
-    gsl_Point const point = ReadPointFromKeywordData(keyword, row, 4);
+    gsl_Point const point = fields.Point(row, 4);
     cow_String const system = keyword.GetParameterAsString("system", "RC");
     arc.c = Position(
       ApplyInstanceTransform(InSystem(inp_Coord(point.X(), point.Y(), point.Z()), system)));
   }
-  gsl_Vector direction(ReadPointFromKeywordData(keyword, row, 7));
+  gsl_Vector direction(fields.Point(row, 7));
+  m_errorList.Concatenate(fields.Errors());
   if (direction.Normalize())
   {
     systemTransform.Transform(direction);

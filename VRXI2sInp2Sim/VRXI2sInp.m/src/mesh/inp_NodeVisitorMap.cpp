@@ -47,9 +47,9 @@ bool FindMapping(cow_String const& name, mappingEnm& type)
 }
 
 /// A factor of a scale; one of 0 or a missing one leaves the length as it is.
-double FactorField(inp_DataArray const& data, int row, int column)
+double FactorField(inp_NumberFields& fields, int row, int column)
 {
-  double const factor = inp_RealField(data, row, column);
+  double const factor = fields.Real(row, column);
   return factor != 0.0 ? factor : 1.0;
 }
 
@@ -139,10 +139,11 @@ void inp_NodeVisitor::ReadMapping(inp_Keyword const& keyword, cow_String const& 
   bool const mayNameNodes =
     mapping.type == c_translation || mapping.type == c_rotation || mapping.type == c_scale;
   bool const namesNodes = mayNameNodes && keyword.GetParameterAsString("definition", "") == "NODES";
+  inp_NumberFields fields(keyword);
   auto const point = [&](int row, int index)
   {
     return namesNodes ? ReadNodeFromKeywordData(keyword, CurrentName(), row, index)
-                      : ReadPointFromKeywordData(keyword, row, 3 * index);
+                      : fields.Point(row, 3 * index);
   };
   mapping.a = point(0, 0);
   mapping.b = point(0, 1);
@@ -152,7 +153,7 @@ void inp_NodeVisitor::ReadMapping(inp_Keyword const& keyword, cow_String const& 
   bool const hasScale = mapping.type != c_translation && mapping.type != c_rotation;
   for (int i = 0; hasScale && i < 3; ++i)
   {
-    mapping.scale[i] = FactorField(keyword.data, scaleRow, i);
+    mapping.scale[i] = FactorField(fields, scaleRow, i);
   }
   gsl_Vector way(mapping.a, mapping.b);
   switch (mapping.type)
@@ -160,7 +161,7 @@ void inp_NodeVisitor::ReadMapping(inp_Keyword const& keyword, cow_String const& 
   case c_translation:
     if (way.Normalize())
     {
-      way.Scale(FactorField(keyword.data, 1, 0));
+      way.Scale(FactorField(fields, 1, 0));
     }
     mapping.motion.SetTranslation(way);
     break;
@@ -169,8 +170,8 @@ void inp_NodeVisitor::ReadMapping(inp_Keyword const& keyword, cow_String const& 
     {
       Say(inp_msgPointBAtPointA, keyword);
     }
-    mapping.motion = gsl_Matrix::AxisRotation(
-      mapping.a, way, inp_RealField(keyword.data, 2, 0) * c_radiansOfDegree);
+    mapping.motion =
+      gsl_Matrix::AxisRotation(mapping.a, way, fields.Real(2, 0) * c_radiansOfDegree);
     break;
   case c_scale:
     break;
@@ -178,6 +179,7 @@ void inp_NodeVisitor::ReadMapping(inp_Keyword const& keyword, cow_String const& 
     mapping.motion.SetTranslation(gsl_Vector(mapping.a));
     SetMappingAxes(keyword, mapping);
   }
+  m_errorList.Concatenate(fields.Errors());
 }
 
 /// Turns the local system of a mapping the way its points say. Axes that they do not define are
@@ -239,7 +241,8 @@ void inp_NodeVisitor::VisitNmap(inp_Keyword& keyword)
     Say(inp_msgMapOfPositionedInstance, keyword);
     return;
   }
-  if (!keyword.HasParameter("nset") || !keyword.HasParameter("type"))
+  cow_String const name = keyword.NameIn("nset");
+  if (name.Empty() || !keyword.HasParameter("type"))
   {
     Say(inp_msgMapParametersMissing, keyword);
     return;
@@ -253,7 +256,6 @@ void inp_NodeVisitor::VisitNmap(inp_Keyword& keyword)
     }
     return;
   }
-  cow_String const name = NameParameter(keyword, "nset");
   inpM_BaseSet const* const set = sets.ConstFindNestedSet(CurrentSetScope(), name);
   if (set == nullptr)
   {

@@ -1,50 +1,80 @@
 #include "inp_MeshMessages.h"
 #include "inp_NodeVisitor.h"
+#include "inp_ScopedField.h"
 
 namespace
 {
 
-/// Adds the node places of the elements of a list as they stand. Labels without an element come back.
-cow_List<int> AddTopology(inpM_InstanceMap<inp_MapInt2Element> const& elements,
-                          cow_String const& instanceName, cow_List<int> const& labels,
-                          inpM_BaseSet& nodes, cow_String const& nodesOf)
+inp_MapInt2Element ElementsOf(inpM_InstanceMap<inp_MapInt2Element> const& elements,
+                              cow_String const& level)
 {
-  bool const isOwn = instanceName.Empty();
-  bool const hasElements = isOwn ? elements.HasValue() : elements.IsMember(instanceName);
-  inp_MapInt2Element const none;
-  inp_MapInt2Element const& table = !hasElements ? none
-                                    : isOwn      ? elements.ConstGet()
-                                                 : elements.ConstGet(instanceName);
-  cow_List<int> places;
-  cow_List<int> missing;
-  for (int const label : labels)
+  if (level.Empty())
   {
-    inp_Element const* const element = table.GetEltPtr(label);
-    if (element == nullptr)
-    {
-      missing.Append(label);
-      continue;
-    }
-    for (int i = 0; i < element->numNodesPerElement(); ++i)
-    {
-      places.Append(element->topology()[i]);
-    }
+    return elements.HasValue() ? elements.ConstGet() : inp_MapInt2Element();
   }
-  nodes.Add(nodesOf, places);
-  return missing;
+  return elements.IsMember(level) ? elements.ConstGet(level) : inp_MapInt2Element();
 }
 
 } // namespace
 
+/// What the elements of a set give a set of nodes. Ids of an empty instance name are those of the level of
+/// the set.
+struct inp_NodeVisitor::NodesOfElements
+{
+  inpM_InstanceMap<inp_MapInt2Element> const& elements;
+  inpM_SetHandle nodes;
+  inpM_OmiSet known = inpM_OmiSet();       ///< nodes to be left out
+  inpM_SetHandle unfinished = CreateSet(); ///< elements with places that have no node yet
+
+  /// Adds the nodes of the elements of a level under an instance name. Labels without an element come back.
+  cow_List<int> Add(cow_String const& level, cow_List<int> const& labels,
+                    cow_String const& instanceName)
+  {
+    inp_MapInt2Element const table = ElementsOf(elements, level);
+    cow_List<int> ids;
+    cow_List<int> incomplete;
+    cow_List<int> missing;
+    for (int const label : labels)
+    {
+      inp_Element const* const element = table.GetEltPtr(label);
+      if (element == nullptr)
+      {
+        missing.Append(label);
+      }
+      else if (!AppendNodes(*element, ids))
+      {
+        incomplete.Append(label);
+      }
+    }
+    nodes.Get()->Add(instanceName, ids);
+    unfinished.Get()->Add(instanceName, incomplete);
+    return missing;
+  }
+
+private:
+  /// False when a place holds no node.
+  bool AppendNodes(inp_Element const& element, cow_List<int>& ids) const
+  {
+    bool isComplete = true;
+    for (int i = 0; i < element.numNodesPerElement(); ++i)
+    {
+      int const node = element.topology()[i];
+      isComplete = isComplete && node > 0;
+      if (node > 0 && !known.IsMember(node))
+      {
+        ids.Append(node);
+      }
+    }
+    return isComplete;
+  }
+};
+
 // *NSET rows: ids and set names; with GENERATE start, end[, step]; with ELSET none.
 void inp_NodeVisitor::VisitNset(inp_Keyword& keyword)
 {
-  bool const generates = keyword.HasParameter("generate");
-  bool const unsorted = keyword.HasParameter("unsorted");
-  bool const internal = keyword.HasParameter("internal");
   bool const hasElset = keyword.HasParameter("elset");
-  cow_String const name = NameParameter(keyword, "nset");
-  if (generates && hasElset)
+  cow_String const name = keyword.NameIn("nset");
+  if (hasElset && keyword.HasParameter("generate"))
   {
     Say(inp_msgElsetAndGenerate, keyword);
     return;
@@ -54,55 +84,143 @@ void inp_NodeVisitor::VisitNset(inp_Keyword& keyword)
     Say(inp_msgNsetNameRequired, keyword);
     return;
   }
+  if (!CheckSetName(keyword, name))
+  {
+    return;
+  }
   ProcessInstanceParameter(keyword);
-  if (hasElset && unsorted)
+  if (!hasElset)
+  {
+    ReadNodeSet(keyword, name);
+  }
+  else if (keyword.HasParameter("unsorted"))
   {
     Say(inp_msgUnsortedWithElset, keyword);
   }
-  else if (hasElset)
-  {
-    AddNodesOfElements(keyword, name, internal);
-  }
-  else if (CurrentName().Length() > 0)
-  {
-    AddPartSet(keyword, name,
-               generates
-                 ? GenerateSetAccumulate(keyword, name, internal, unsorted)
-                 : ReadIdsAndSetNamesAccumulate(keyword, name, internal, unsorted, hasAssemblySets),
-               true);
-  }
   else
   {
-    AddAssySet(keyword, name,
-               generates
-                 ? GenerateAssemblySetAccumulate(sets, keyword, name, internal, unsorted)
-                 : ReadAssemblyIdsAndSetNamesAccumulate(sets, keyword, name, internal, unsorted),
-               true);
+    AddNodesOfElements(keyword, name);
   }
 }
 
-void inp_NodeVisitor::AddNodesOfElements(inp_Keyword& keyword, cow_String const& name,
-                                         bool internal)
+void inp_NodeVisitor::ReadNodeSet(inp_Keyword const& keyword, cow_String const& name)
 {
-  cow_String const elset = NameParameter(keyword, "elset");
-  cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(elset);
-  cow_String const& current = CurrentName();
-  inpM_SetHandle nodes = CreateSet(internal, false);
-  if (current.Length() > 0)
+  bool const unsorted = keyword.HasParameter("unsorted");
+  bool const internal = keyword.HasParameter("internal");
+  bool const inAssembly = CurrentName().Empty();
+  if (keyword.HasParameter("generate"))
   {
-    if (AddNodesOfScope(keyword, elset, current, *nodes.Get()))
-    {
-      AddPartSet(keyword, name, nodes, false);
-    }
+    ReplaceSet(keyword, name,
+               inAssembly ? GenerateAssemblySetAccumulate(sets, keyword, name, internal, unsorted)
+                          : GenerateSetAccumulate(keyword, name, internal, unsorted));
     return;
   }
-  bool const isAdded =
-    pieces.Length() > 1
-      ? AddNodesOfScope(keyword, elset, pieces.ConstGet(pieces.Length() - 2), *nodes.Get())
-      : AddNodesOfAssembly(keyword, elset, *nodes.Get());
-  if (isAdded)
+  ReplaceSet(keyword, name,
+             inAssembly
+               ? ReadAssemblyIdsAndSetNamesAccumulate(sets, keyword, name, internal, unsorted)
+               : ReadIdsAndSetNamesAccumulate(keyword, name, internal, unsorted, hasAssemblySets));
+  InheritUnfinished(keyword, name);
+}
+
+void inp_NodeVisitor::AddNodesOfElements(inp_Keyword const& keyword, cow_String const& name)
+{
+  cow_String const elset = keyword.NameIn("elset");
+  if (elset.Empty())
   {
-    AddAssySet(keyword, name, nodes, false);
+    return; // which the expansion has said
+  }
+  bool const internal = keyword.HasParameter("internal");
+  NodesOfElements found{elements,
+                        CreateSet(cow_List<int>(), internal ? inpM_internalSet : inpM_plainSet)};
+  cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(elset);
+  cow_String const scope = CurrentName().Empty() && pieces.Length() > 1
+                             ? pieces.ConstGet(pieces.Length() - 2)
+                             : CurrentName();
+  bool const isAdded = scope.Empty() ? AddNodesOfAssembly(keyword, elset, found)
+                                     : AddNodesOfScope(keyword, elset, scope, found);
+  if (!isAdded)
+  {
+    return;
+  }
+  MergeSet(keyword, name, found.nodes);
+  if (!found.unfinished->IsEmpty())
+  {
+    m_unfinished.AddToNestedSet(CurrentSetScope(), name, *found.unfinished);
+  }
+}
+
+/// A set that takes in another one lacks the same nodes.
+void inp_NodeVisitor::InheritUnfinished(inp_Keyword const& keyword, cow_String const& name)
+{
+  if (m_unfinished.IsEmpty())
+  {
+    return;
+  }
+  for (int row = 0; row < keyword.data.Rows(); ++row)
+  {
+    for (int column = 0; column < keyword.data.Cols(row); ++column)
+    {
+      if (keyword.data.Type(row, column) == inp_Types::inp_STRING)
+      {
+        InheritUnfinishedOf(keyword.data.AsString(row, column), name);
+      }
+    }
+  }
+}
+
+void inp_NodeVisitor::InheritUnfinishedOf(cow_String const& field, cow_String const& name)
+{
+  cow_String const scope = CurrentSetScope();
+  cow_String place = scope;
+  cow_String setName = field;
+  if (scope.Length() > 0 && hasAssemblySets)
+  {
+    sets.SearchAssemblyAndInstancesForSet(field, place);
+  }
+  else if (scope.Empty())
+  {
+    inp_ScopedField const scoped(field, m_assemblyName);
+    place = scoped.instanceName;
+    setName = scoped.last;
+  }
+  inpM_BaseSet const* const known = m_unfinished.ConstFindNestedSet(place, setName);
+  if (known == nullptr)
+  {
+    return;
+  }
+  inpM_SetHandle lacking = CreateSet();
+  scope.Empty() && place.Length() > 0 ? lacking.Get()->Add(place, known->ConstGetOwnIds())
+                                      : lacking.Get()->Add(*known);
+  m_unfinished.AddToNestedSet(scope, name, *lacking);
+}
+
+void inp_NodeVisitor::FinishNodeSets()
+{
+  FinishNodeSets(cow_String(), m_unfinished.ConstGetMap());
+  for (cow_String const& scope : m_unfinished.Instances())
+  {
+    FinishNodeSets(scope, m_unfinished.ConstGetNestedSetMap(scope));
+  }
+  m_unfinished = inpM_SetMap();
+}
+
+void inp_NodeVisitor::FinishNodeSets(cow_String const& scope, inpM_BaseSetMap const& unfinished)
+{
+  for (inpM_BaseSetMapSIT set(unfinished); !set.IsDone(); set.Next())
+  {
+    inpM_BaseSet const& known = sets.ConstGetNestedSet(scope, set.CurrentKey());
+    inpM_BaseSet::InstanceTree const knownOfInstances = known.ConstGetInstanceTree();
+    NodesOfElements found{elements, CreateSet(), known.ConstGetOwnIds()};
+    found.Add(scope, set.CurrentValue().ConstGetIds(), cow_String());
+    inpM_BaseSet::InstanceTree const instances = set.CurrentValue().ConstGetInstanceTree();
+    cow_BtreeIterator<cow_String, inpM_OmiSet> it(instances);
+    for (it.First(); !it.IsDone(); it.Next())
+    {
+      inpM_OmiSet const* const ids = knownOfInstances.ConstFind(it.CurrentKey());
+      found.known = ids != nullptr ? *ids : inpM_OmiSet();
+      found.Add(it.CurrentKey(), it.CurrentValue().ConstGetArrayCounterpart(), it.CurrentKey());
+    }
+    sets.AddToNestedSet(scope, set.CurrentKey(), *found.nodes);
   }
 }
 
@@ -120,7 +238,7 @@ bool inp_NodeVisitor::IsImportedWithoutElements(inp_Keyword const& keyword,
 /// The nodes of an element set of a part or an instance: own ones of that part, or in assembly scope
 /// ids of the instance. Elements that do not exist have none.
 bool inp_NodeVisitor::AddNodesOfScope(inp_Keyword const& keyword, cow_String const& elset,
-                                      cow_String const& scope, inpM_BaseSet& nodes)
+                                      cow_String const& scope, NodesOfElements& found)
 {
   if (IsImportedWithoutElements(keyword, scope))
   {
@@ -139,14 +257,13 @@ bool inp_NodeVisitor::AddNodesOfScope(inp_Keyword const& keyword, cow_String con
   {
     return false;
   }
-  AddTopology(elements, scope, set->ConstGetIds(), nodes,
-              CurrentName().Empty() ? scope : cow_String());
+  found.Add(scope, set->ConstGetIds(), CurrentName().Empty() ? scope : cow_String());
   return true;
 }
 
 /// The nodes of an element set of the assembly, which may reach into instances.
 bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String const& elset,
-                                         inpM_BaseSet& nodes)
+                                         NodesOfElements& found)
 {
   inpM_BaseSet const* const set = elementSets.ConstGetMap().ConstFind(elset);
   if (set == nullptr)
@@ -158,8 +275,7 @@ bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String 
   {
     return false;
   }
-  cow_List<int> const missing =
-    AddTopology(elements, cow_String(), set->ConstGetIds(), nodes, cow_String());
+  cow_List<int> const missing = found.Add(cow_String(), set->ConstGetIds(), cow_String());
   if (missing.Length() > 0)
   {
     SayItems(inp_msgElementsNotInAssembly, keyword, missing, elset);
@@ -178,8 +294,8 @@ bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String 
       Say(inp_msgElsetInstanceMissing, keyword, instanceName, elset);
       continue;
     }
-    cow_List<int> const absent = AddTopology(
-      elements, instanceName, it.CurrentValue().ConstGetArrayCounterpart(), nodes, instanceName);
+    cow_List<int> const absent =
+      found.Add(instanceName, it.CurrentValue().ConstGetArrayCounterpart(), instanceName);
     if (absent.Length() > 0)
     {
       SayItems(inp_msgElementsNotInInstance, keyword, absent, elset, instanceName);

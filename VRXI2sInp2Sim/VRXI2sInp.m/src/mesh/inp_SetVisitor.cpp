@@ -50,16 +50,6 @@ bool MayBeginSetName(char c)
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '"' || c == '_';
 }
 
-void PrintAdding(cow_String const& scope, cow_String const& name, bool isNew)
-{
-  cow_String place = scope.Empty() ? isNew ? " in assembly" : " to existing assembly set"
-                     : isNew       ? " in part/instance "
-                                   : " to existing set in part/instance ";
-  pnt_debugPrint().StartDebug() << (isNew ? "AddSet: Adding new set " : "AddSet: Adding set ")
-                                << name << place << scope << '\n';
-  pnt_debugPrint().EndDebug();
-}
-
 } // namespace
 
 void inp_SetVisitor::setInstanceNames(cow_List<cow_String> const& names)
@@ -77,14 +67,6 @@ bool inp_SetVisitor::IsInstance(cow_String const& name) const { return IsIn(inst
 bool inp_SetVisitor::IsImportedInstance(cow_String const& name) const
 {
   return IsIn(importedInstances, name);
-}
-
-cow_String inp_SetVisitor::NameParameter(inp_Keyword const& keyword, char const* parameter)
-{
-  inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  bool const hasText = item != nullptr && item->Type() != inp_Types::inp_BOOLEAN &&
-                       item->Type() != inp_Types::inp_NONE;
-  return hasText ? item->AsString() : cow_String();
 }
 
 cow_String inp_SetVisitor::SetKeywordName() const
@@ -108,39 +90,40 @@ bool inp_SetVisitor::CheckSetName(inp_Keyword const& keyword, cow_String const& 
   return true;
 }
 
-void inp_SetVisitor::AddPartSet(inpM_SetMap& setMap, inp_Keyword const& keyword,
-                                cow_String const& name, inpM_SetHandle const& set, bool accumulate)
+void inp_SetVisitor::MergeSet(inpM_SetMap& setMap, inp_Keyword const& keyword,
+                              cow_String const& name, inpM_SetHandle const& set)
 {
   if (CheckSetName(keyword, name))
   {
-    AddSet(setMap, CurrentSetScope(), name, set, accumulate);
+    PrintAdding(setMap, name);
+    setMap.AddToNestedSet(CurrentSetScope(), name, *set);
   }
 }
 
-void inp_SetVisitor::AddAssySet(inpM_SetMap& setMap, inp_Keyword const& keyword,
-                                cow_String const& name, inpM_SetHandle const& set, bool accumulate)
+void inp_SetVisitor::ReplaceSet(inpM_SetMap& setMap, inp_Keyword const& keyword,
+                                cow_String const& name, inpM_SetHandle const& set)
 {
   if (CheckSetName(keyword, name))
   {
-    AddSet(setMap, cow_String(), name, set, accumulate);
+    PrintAdding(setMap, name);
+    setMap.InsertNestedSet(CurrentSetScope(), name, set);
   }
 }
 
-void inp_SetVisitor::AddSet(inpM_SetMap& setMap, cow_String const& scope, cow_String const& name,
-                            inpM_SetHandle const& set, bool accumulate)
+void inp_SetVisitor::PrintAdding(inpM_SetMap const& setMap, cow_String const& name) const
 {
-  if (typ_DebugFlags::GetDebugFlags(c_debugFlag) >= c_debugLevel)
+  if (typ_DebugFlags::GetDebugFlags(c_debugFlag) < c_debugLevel)
   {
-    PrintAdding(scope, name, !setMap.HasNestedSet(scope, name));
+    return;
   }
-  if (accumulate)
-  {
-    setMap.InsertNestedSet(scope, name, set);
-  }
-  else
-  {
-    setMap.AddToNestedSet(scope, name, *set);
-  }
+  cow_String const& scope = CurrentSetScope();
+  bool const isNew = !setMap.HasNestedSet(scope, name);
+  char const* const place = scope.Empty() ? isNew ? " in assembly" : " to existing assembly set"
+                            : isNew       ? " in part/instance "
+                                          : " to existing set in part/instance ";
+  pnt_debugPrint().StartDebug() << (isNew ? "AddSet: Adding new set " : "AddSet: Adding set ")
+                                << name << place << scope << '\n';
+  pnt_debugPrint().EndDebug();
 }
 
 // The old set grows within the map: a clone beside it would have to copy the members.
@@ -217,7 +200,7 @@ inpM_SetHandle inp_SetVisitor::GenerateAssemblySetAccumulate(inpM_SetMap& setMap
 // A field that would grow beyond what a cell holds can name nothing.
 void inp_SetVisitor::ProcessInstanceParameter(inp_Keyword& keyword)
 {
-  cow_String const instanceName = NameParameter(keyword, "instance");
+  cow_String const instanceName = keyword.NameIn("instance");
   if (CurrentSetScope().Length() > 0 || instanceName.Empty())
   {
     return;
@@ -269,7 +252,7 @@ void inp_SetVisitor::MakeMixtureSets(inp_Keyword const& keyword)
       }
       else
       {
-        AddPartSet(keyword, name, CreateSet(false, true), false);
+        MergeSet(keyword, name, CreateSet(cow_List<int>(), inpM_plainSet, inpM_asGiven));
       }
     }
   }
@@ -299,8 +282,7 @@ void inp_SetVisitor::SayFaults(inp_Keyword const& keyword, Faults const& faults)
 
 inpM_SetHandle ConvertToSorted(inpM_BaseSet const& set)
 {
-  inpM_SetHandle sorted = CreateSet(set.IsPicked(), false);
+  inpM_SetHandle sorted = CreateSet(cow_List<int>(), set.SetType());
   sorted.Get()->Add(set);
-  sorted.Get()->AssignSetType(set.SetType());
   return sorted;
 }

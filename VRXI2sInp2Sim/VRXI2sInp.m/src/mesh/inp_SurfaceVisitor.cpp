@@ -53,10 +53,15 @@ void inp_SurfaceVisitor::VisitSurface(inp_Keyword& keyword)
   }
 }
 
+// The expansion has said that a name is missing.
 void inp_SurfaceVisitor::VisitSurfaceDefinition(inp_Keyword& keyword)
 {
+  cow_String const name = keyword.NameIn("name");
+  if (name.Empty())
+  {
+    return;
+  }
   isNodeSurface = IsNodeSurface(keyword);
-  cow_String const name = keyword.GetParameterAsString("name", "");
   bool const isCombined = keyword.HasParameter("combine");
   if (CurrentScope().Empty())
   {

@@ -4,6 +4,8 @@
 #include "inp_SurfaceMessages.h"
 #include "inp_SurfaceVisitorRows.h"
 
+#include <vector>
+
 namespace
 {
 
@@ -20,30 +22,83 @@ combineEnm CombinationOf(inp_Keyword const& keyword)
   return word == "INTERSECTION" ? c_intersection : word == "DIFFERENCE" ? c_difference : c_union;
 }
 
+/// Counts the facets that are copied when surfaces are added to another one: those of the others, and once
+/// its own. What is empty takes a share of the first.
+class CopyCount
+{
+public:
+  std::int64_t Of(inpM_PartInstanceSurface const& surface, inpM_PartInstanceSurface const& other,
+                  cow_String const& instanceName = cow_String())
+  {
+    if (surface.IsEmpty())
+    {
+      return 0;
+    }
+    return other.Count() + (m_detached.insert(instanceName).second ? surface.Count() : 0);
+  }
+
+  std::int64_t Of(inpM_AssemblyInstanceSurface const& surface,
+                  inpM_AssemblyInstanceSurface const& other)
+  {
+    std::int64_t count = Of(surface.ConstGetNodeSurface(), other.ConstGetNodeSurface());
+    inpM_PartInstanceSurfaceMap const& pieces = surface.ConstGetInstance2PartInstanceSurfaceMap();
+    inpM_PartInstanceSurfaceMapSIT it(other.ConstGetInstance2PartInstanceSurfaceMap());
+    for (; !it.IsDone(); it.Next())
+    {
+      inpM_PartInstanceSurface const* const piece = pieces.ConstFind(it.CurrentKey());
+      count += piece != nullptr ? Of(*piece, it.CurrentValue(), it.CurrentKey()) : 0;
+    }
+    return count;
+  }
+
+private:
+  std::unordered_set<cow_String> m_detached; ///< instances whose pieces are no shares any more
+};
+
+/// A field of the rows, and whether none behind it is the same.
+struct CombinedName
+{
+  cow_String text;
+  bool isLast;
+};
+
 /// Makes one surface of several: the first is the start, the others are applied to it in turn. A surface
-/// that is named again changes nothing, but for the start when it is to be taken away. What is to be taken
-/// away is gathered first.
+/// that is named again changes nothing, but for the start when it is to be taken away, and for areas in a
+/// union: there the last mention of a surface counts once more. What is to be taken away is gathered first.
 template <class Surface>
 class Combination
 {
 public:
-  /// Both are empty, and of the kind that is to be made.
-  Combination(combineEnm how, Surface& result, Surface& taken)
-    : m_how(how), m_result(result), m_taken(taken), m_growth(how == c_difference ? taken : result)
+  /// Both are empty, and of the kind that is to be made. `left` is how many facets may be copied.
+  Combination(combineEnm how, Surface& result, Surface& taken, std::int64_t& left)
+    : m_how(how),
+      m_result(result),
+      m_taken(taken),
+      m_left(left),
+      m_growth(how == c_difference ? taken : result)
   {
   }
 
-  void Apply(cow_String const& name, Surface const& other)
+  /// False when the other one is left out, since it is too large.
+  bool Apply(CombinedName const& name, Surface const& other)
   {
     bool const isStart = !std::exchange(m_hasStart, true);
     if (isStart && m_how == c_difference)
     {
       m_result.Add(other);
+      return true;
     }
-    else if (m_applied.insert(name).second)
+    bool const decidesAreas = name.isLast && m_how == c_union && !other.IsElementSurface();
+    bool const counts = m_applied.insert(name.text).second || decidesAreas;
+    if (counts && !TakeRoom(isStart ? c_union : m_how, other))
+    {
+      return false;
+    }
+    if (counts)
     {
       Combine(isStart ? c_union : m_how, other);
     }
+    return true;
   }
 
   void Finish()
@@ -53,6 +108,28 @@ public:
   }
 
 private:
+  bool TakeRoom(combineEnm how, Surface const& other)
+  {
+    std::int64_t const needed = CountCopies(how, other);
+    bool const fits = needed <= m_left;
+    m_left -= fits ? needed : 0;
+    return fits;
+  }
+
+  std::int64_t CountCopies(combineEnm how, Surface const& other)
+  {
+    switch (how)
+    {
+    case c_union:
+      return m_copies.Of(m_result, other);
+    case c_intersection:
+      return m_result.Count() + other.Count();
+    case c_difference:
+      return m_copies.Of(m_result, other) + m_copiesTaken.Of(m_taken, other);
+    }
+    return 0;
+  }
+
   void Combine(combineEnm how, Surface const& other)
   {
     switch (how)
@@ -74,25 +151,34 @@ private:
   combineEnm m_how;
   Surface& m_result;
   Surface& m_taken;
+  std::int64_t& m_left;
+  CopyCount m_copies;
+  CopyCount m_copiesTaken;
   inp_SurfaceGrowth<Surface> m_growth;
   bool m_hasStart = false;
   std::unordered_set<cow_String> m_applied;
 };
 
 /// The names in the rows of a combined surface, in order.
-template <class OnName>
-void ForEachName(inp_DataArray const& data, OnName const& onName)
+std::vector<CombinedName> NamesOf(inp_DataArray const& data)
 {
+  std::vector<CombinedName> names;
   for (int row = 0; row < data.Rows(); ++row)
   {
     for (int column = 0; column < data.Cols(row); ++column)
     {
       if (!data.IsNone(row, column))
       {
-        onName(data.AsString(row, column));
+        names.push_back({data.AsString(row, column), false});
       }
     }
   }
+  std::unordered_set<cow_String> behind;
+  for (auto name = names.rbegin(); name != names.rend(); ++name)
+  {
+    name->isLast = behind.insert(name->text).second;
+  }
+  return names;
 }
 
 inp_CoordMap const& CoordsOf(inp_CoordMap const& coords, cow_String const& instanceName)
@@ -148,23 +234,22 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
   inpM_PartInstanceSurfaceHandle taken =
     CreateSurface(isNodeSurface ? inpM_nodeSurface : inpM_elementSurface);
   Combination<inpM_PartInstanceSurface> combination(CombinationOf(keyword), *surface.Get(),
-                                                    *taken.Get());
+                                                    *taken.Get(), copiesLeft);
   Faults faults;
-  ForEachName(keyword.data,
-              [&](cow_String const& name)
-              {
-                if (auto const* const other =
-                      surfaces.ConstFindPartInstanceSurface(CurrentScope(), name))
-                {
-                  combination.Apply(name, *other);
-                }
-                else
-                {
-                  faults.Add(name);
-                }
-              });
+  for (CombinedName const& name : NamesOf(keyword.data))
+  {
+    if (auto const* const other = surfaces.ConstFindPartInstanceSurface(CurrentScope(), name.text))
+    {
+      faults.AddTooLargeUnless(combination.Apply(name, *other), name.text);
+    }
+    else
+    {
+      faults.Add(name.text);
+    }
+  }
   combination.Finish();
   SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
+  SayNames(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge());
   return surface;
 }
 
@@ -173,23 +258,24 @@ inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
 {
   inpM_AssemblyInstanceSurface surface;
   inpM_AssemblyInstanceSurface taken;
-  Combination<inpM_AssemblyInstanceSurface> combination(CombinationOf(keyword), surface, taken);
+  Combination<inpM_AssemblyInstanceSurface> combination(CombinationOf(keyword), surface, taken,
+                                                        copiesLeft);
   Faults faults;
-  ForEachName(keyword.data,
-              [&](cow_String const& name)
-              {
-                inpM_AssemblyInstanceSurface other;
-                if (FindSurface(name, other))
-                {
-                  combination.Apply(name, other);
-                }
-                else
-                {
-                  faults.Add(name);
-                }
-              });
+  for (CombinedName const& name : NamesOf(keyword.data))
+  {
+    inpM_AssemblyInstanceSurface other;
+    if (FindSurface(name.text, other))
+    {
+      faults.AddTooLargeUnless(combination.Apply(name, other), name.text);
+    }
+    else
+    {
+      faults.Add(name.text);
+    }
+  }
   combination.Finish();
   SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
+  SayNames(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge());
   return surface;
 }
 

@@ -62,6 +62,13 @@ class inp_SurfaceVisitor::Faults
 public:
   void Add(cow_String const& name) { Add(m_names, name); }
   void AddTooLarge(cow_String const& name) { Add(m_tooLarge, name); }
+  void AddTooLargeUnless(bool fits, cow_String const& name)
+  {
+    if (!fits)
+    {
+      AddTooLarge(name);
+    }
+  }
   cow_List<cow_String> const& Names() const { return m_names; }
   cow_List<cow_String> const& TooLarge() const { return m_tooLarge; }
 
@@ -121,7 +128,7 @@ void inp_SurfaceVisitor::SayNames(atr_MessageRow<Places> const& row, inp_Keyword
   if (names.Length() > 0)
   {
     atr_String const text =
-      inp_Utils::MessageWithItems(atr_Say(row, keyword.GetParameterAsString("name", "")), names);
+      inp_Utils::MessageWithItems(atr_Say(row, keyword.NameIn("name")), names);
     ListOf(row.severity).Append(inp_Utils::MessageInKeyword(keyword, text));
   }
 }

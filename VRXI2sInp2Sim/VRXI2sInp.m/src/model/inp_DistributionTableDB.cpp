@@ -60,12 +60,22 @@ inp_DistributionTableDB::~inp_DistributionTableDB()
   {
     delete it.CurrentValue();
   }
+  forgetDistTables();
+}
+
+void inp_DistributionTableDB::forgetDistTables()
+{
   while (head != nullptr)
   {
     inp_distTable* const next = head->next;
     delete head;
     head = next;
   }
+  tail = nullptr;
+  numberDistTables = 0;
+  tableIds = cow_Map<cow_String, int>();
+  distTables = omi_IntTable<inp_distTable*>();
+  tableSizes = cow_Map<cow_String, int>();
 }
 
 void inp_DistributionTableDB::initializeValidDistTables()

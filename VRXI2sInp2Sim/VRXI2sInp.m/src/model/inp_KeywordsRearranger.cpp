@@ -18,14 +18,14 @@ bool IsRigidSurface(inp_Keyword const& keyword)
          inp_Utils::IsAnalyticalSurfaceType(keyword.GetParameterAsString("type", cow_String()));
 }
 
-/// The parameter whose value is the analytical surface's name; null when the keyword names none.
-inp_Item const* SurfaceName(inp_Keyword const& keyword)
+/// The analytical surface that the keyword names.
+inp_NameParameter SurfaceName(inp_Keyword const& keyword)
 {
   if (keyword.Is(inp_kwRigidBody))
   {
-    return keyword.parameters.ConstFind("analyticalsurface");
+    return keyword.ReadName("analyticalsurface");
   }
-  return IsRigidSurface(keyword) ? keyword.parameters.ConstFind("name") : nullptr;
+  return IsRigidSurface(keyword) ? keyword.ReadName("name") : inp_NameParameter();
 }
 
 } // namespace
@@ -35,9 +35,9 @@ void inp_KeywordsRearranger::Rearrange(cow_List<inp_Keyword>& keywords)
   for (int i = 0; i < keywords.Length(); ++i)
   {
     inp_Keyword const& keyword = keywords.ConstGet(i);
-    if (inp_Item const* const name = SurfaceName(keyword))
+    if (inp_NameParameter const name = SurfaceName(keyword); name.IsGiven())
     {
-      RecordPositionOfRigidKeyword(name->AsString(), keyword, i);
+      RecordPositionOfRigidKeyword(name.text, keyword, i);
     }
   }
   cow_BtreeIterator<cow_String, inp_RigidKeywordPositions> position(m_positions);

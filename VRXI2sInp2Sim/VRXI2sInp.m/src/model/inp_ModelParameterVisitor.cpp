@@ -184,7 +184,8 @@ void inp_ModelParameterVisitor::VisitOrientation(inp_Keyword& keyword)
 // *DISTRIBUTION TABLE row: names of columns
 void inp_ModelParameterVisitor::VisitDistributionTable(inp_Keyword& keyword)
 {
-  if (!keyword.HasParameter("name"))
+  cow_String const name = keyword.NameIn("name");
+  if (name.Empty())
   {
     return;
   }
@@ -193,8 +194,8 @@ void inp_ModelParameterVisitor::VisitDistributionTable(inp_Keyword& keyword)
   {
     items += LeadingItems(keyword.data, i);
   }
-  thr_ThreadSingleton<inp_DistributionTableDB>::Instance().setTableSize(
-    ParameterText(keyword, "name", ""), items / c_itemsOnALine + 1);
+  thr_ThreadSingleton<inp_DistributionTableDB>::Instance().setTableSize(name,
+                                                                        items / c_itemsOnALine + 1);
 }
 
 // *BEAM SECTION, SECTION=ARBITRARY row: number of segments, ...

@@ -43,30 +43,30 @@ void inp_PartInventoryVisitor::CheckPart(cow_String const& partName,
   }
 }
 
-// Notes at a part's surface what its instances do with the name, and at an instance's surface what
-// the assembly does.
+// Notes at a part's surface that its instances or the assembly refer to it, and at an instance's surface
+// that the assembly does. Where an instance defines the name itself, that is the surface meant.
 void inp_PartInventoryVisitor::RelateLevels()
 {
   cow_BtreeIterator<cow_String, inp_SurfaceUses> inInstance(instanceSurfaces);
   for (inInstance.First(); !inInstance.IsDone(); inInstance.Next())
   {
     inp_SurfaceUses const& uses = inInstance.CurrentValue();
-    if (inp_SurfaceUses* const inPart = PartSurface(uses))
+    inp_SurfaceUses* const inPart = uses.isDefined ? nullptr : PartSurface(uses);
+    if (inPart != nullptr)
     {
-      inPart->isUsedAbove = inPart->isUsedAbove || uses.count > 0;
-      inPart->isDefinedAbove = inPart->isDefinedAbove || uses.isDefined;
+      inPart->isUsedAbove = true;
     }
   }
   cow_BtreeIterator<cow_String, inp_SurfaceUses> inAssembly(assemblySurfaces);
   for (inAssembly.First(); !inAssembly.IsDone(); inAssembly.Next())
   {
-    if (inp_SurfaceUses* const inPart = PartSurface(inAssembly.CurrentValue()))
+    inp_SurfaceUses* const ofInstance = instanceSurfaces.Find(inAssembly.CurrentKey());
+    bool const isOfInstance = ofInstance != nullptr && ofInstance->isDefined;
+    inp_SurfaceUses* const meant =
+      isOfInstance ? ofInstance : PartSurface(inAssembly.CurrentValue());
+    if (meant != nullptr)
     {
-      inPart->isUsedAbove = true;
-    }
-    if (inp_SurfaceUses* const ofInstance = instanceSurfaces.Find(inAssembly.CurrentKey()))
-    {
-      ofInstance->isUsedAbove = true;
+      meant->isUsedAbove = true;
     }
   }
 }
@@ -93,7 +93,7 @@ void inp_PartInventoryVisitor::checkPartSurfaceAndRigidBodyDefs()
   }
 }
 
-// Where definition and reference stand on different levels, the check of the instance says so.
+// Where definition and reference stand on different levels, the check of the instance says that too.
 void inp_PartInventoryVisitor::CheckPartSurface(cow_String const& partName,
                                                 inp_SurfaceUses const& uses)
 {
@@ -101,7 +101,7 @@ void inp_PartInventoryVisitor::CheckPartSurface(cow_String const& partName,
   {
     SayAt(uses.place, inp_msgPartSurfaceUnused, uses.surfaceName, partName);
   }
-  else if (!uses.isDefined && !uses.isDefinedAbove)
+  else if (!uses.isDefined)
   {
     SayAt(uses.place, inp_msgPartSurfaceUndefined, uses.surfaceName, partName);
   }

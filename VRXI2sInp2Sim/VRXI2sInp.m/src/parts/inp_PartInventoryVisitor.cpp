@@ -40,12 +40,6 @@ bool IsSlidingType(std::string_view type)
   return type.starts_with("IRS") || type.starts_with("DRAG");
 }
 
-cow_String ParameterText(inp_Keyword const& keyword, char const* name)
-{
-  inp_Item const* const item = keyword.parameters.ConstFind(name);
-  return item != nullptr ? item->AsString() : cow_String();
-}
-
 inp_MapInt2Element const* ElementsOf(inpM_InstanceMap<inp_MapInt2Element> const& levels,
                                      cow_String const& name)
 {
@@ -107,9 +101,9 @@ void inp_PartInventoryVisitor::VisitInstance(inp_Keyword& keyword)
 {
   inp_Visitor::VisitInstance(keyword);
   levelName = m_instanceName;
-  if (inp_Item const* const part = keyword.parameters.ConstFind("part"))
+  if (inp_NameParameter const part = keyword.ReadName("part"); part.IsGiven())
   {
-    instanceParts.Insert(m_instanceName, part->AsString());
+    instanceParts.Insert(m_instanceName, part.text);
   }
 }
 
@@ -146,7 +140,7 @@ void inp_PartInventoryVisitor::VisitPart(inp_Keyword& keyword)
 
 void inp_PartInventoryVisitor::VisitRigidBody(inp_Keyword& keyword)
 {
-  cow_String const surface = ParameterText(keyword, "analyticalsurface");
+  cow_String const surface = keyword.NameIn("analyticalsurface");
   if (IsInPart())
   {
     CheckRigidBodyOfPart(keyword);
@@ -168,27 +162,31 @@ void inp_PartInventoryVisitor::VisitRigidBody(inp_Keyword& keyword)
   }
 }
 
-// A part's rigid body takes the whole part.
+// A part's rigid body takes the whole part. A set that is not defined takes nothing of it.
 void inp_PartInventoryVisitor::CheckRigidBodyOfPart(inp_Keyword const& keyword)
 {
   partContents.Get(m_partName).hasRigidBody = true;
-  inp_Item const* const elset = keyword.parameters.ConstFind("elset");
-  inp_MapInt2Element const* const ofPart = ElementsOf(elements, m_partName);
-  if (elset == nullptr || ofPart == nullptr)
+  cow_String const elset = keyword.NameIn("elset");
+  if (elset.Empty())
   {
     return;
   }
-  inpM_BaseSet const* const set = partSets.ConstFindNestedSet(m_partName, elset->AsString());
-  if (set != nullptr && HasElementOutside(*ofPart, *set))
+  inpM_BaseSet const* const set = partSets.ConstFindNestedSet(m_partName, elset);
+  if (set == nullptr)
+  {
+    SayAt(keyword, inp_msgRigidBodyElsetNotInPart, elset, m_partName);
+  }
+  inp_MapInt2Element const* const ofPart = ElementsOf(elements, m_partName);
+  if (ofPart != nullptr &&
+      HasElementOutside(*ofPart, set != nullptr ? set->ConstGetOwnIds() : inpM_OmiSet()))
   {
     SayAt(keyword, inp_msgPartRigidBodyIncomplete, m_partName);
   }
 }
 
 bool inp_PartInventoryVisitor::HasElementOutside(inp_MapInt2Element const& partElements,
-                                                 inpM_BaseSet const& set) const
+                                                 inpM_OmiSet const& ids) const
 {
-  inpM_OmiSet const ids = set.ConstGetOwnIds();
   if (ids.Size() >= partElements.Size())
   {
     return false;
@@ -208,7 +206,7 @@ void inp_PartInventoryVisitor::CheckRigidBodyOfAssembly(inp_Keyword const& keywo
 {
   CheckReferencedPart(keyword, "refnode");
   CheckReferencedPart(keyword, "elset");
-  cow_String const surface = ParameterText(keyword, "analyticalsurface");
+  cow_String const surface = keyword.NameIn("analyticalsurface");
   cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(surface);
   int const last = pieces.Length() - 1;
   if (last > 0)
@@ -227,7 +225,7 @@ void inp_PartInventoryVisitor::CheckRigidBodyOfAssembly(inp_Keyword const& keywo
 void inp_PartInventoryVisitor::CheckReferencedPart(inp_Keyword const& keyword,
                                                    char const* parameter)
 {
-  cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(ParameterText(keyword, parameter));
+  cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(keyword.NameIn(parameter));
   if (pieces.Length() < 2)
   {
     return;
@@ -242,13 +240,12 @@ void inp_PartInventoryVisitor::CheckReferencedPart(inp_Keyword const& keyword,
 
 void inp_PartInventoryVisitor::VisitRigidSurface(inp_Keyword& keyword)
 {
-  inp_Item const* const elset = keyword.parameters.ConstFind("elset");
-  if (elset == nullptr || !keyword.HasParameter("type") || !(IsInPart() || IsInInstance()))
+  cow_String const name = keyword.NameIn("elset");
+  if (name.Empty() || !keyword.HasParameter("type") || !(IsInPart() || IsInInstance()))
   {
     SayAt(keyword, inp_msgRigidSurfaceRequirements);
     return;
   }
-  cow_String const name = elset->AsString();
   if (IsInPart())
   {
     CheckRigidSurfaceElements(keyword, name, partSets.ConstFindNestedSet(m_partName, name),
@@ -309,8 +306,8 @@ void inp_PartInventoryVisitor::CheckRigidSurfaceTypes(inp_Keyword const& keyword
 
 void inp_PartInventoryVisitor::VisitSurface(inp_Keyword& keyword)
 {
-  cow_String const name = ParameterText(keyword, "name");
-  if (!inp_Utils::IsAnalyticalSurfaceType(ParameterText(keyword, "type")))
+  cow_String const name = keyword.NameIn("name");
+  if (name.Empty() || !inp_Utils::IsAnalyticalSurfaceType(keyword.NameIn("type")))
   {
     return;
   }

@@ -3,6 +3,7 @@
 #include "VRXBasException.h"
 #include "VRXBasUtlFilePath.h"
 #include "eli_eostream.h"
+#include "inp_DistributionTableDB.h"
 #include "inp_Parser.h"
 #include "inp_Utils.h"
 #include "omi_Singleton.h"
@@ -13,6 +14,7 @@
 void inp_InputFile::Parse(cow_String fileName)
 {
   inputFileName = fileName;
+  thr_ThreadSingleton<inp_DistributionTableDB>::Instance().forgetDistTables();
   // Include files are known by their absolute paths, and so is the deck where they might lead back to it.
   cow_List<cow_String> const chain(VRXBasUtlFilePath(cow_String(), fileName).AbsolutePathName());
   inp_Parser parser(fileName, includePath, chain, cow_String(), true, true, false, 0, 0);

@@ -6,6 +6,7 @@
 #include "inp_ModelParameterVisitor.h"
 #include "inp_PipelineMessages.h"
 #include "inp_StageTimer.h"
+#include "inp_Utf8ValidityVisitor.h"
 #include "omi_Singleton.h"
 #include "utl_CommandLine.h"
 #include "wip_WIP.h"
@@ -55,6 +56,13 @@ void inp_InputFile::ExpandKeywords()
   DiscardEmptyKeywords();
   partConvertible = featureEnhanced || (partConvertible && !visitor.IsElementFileParameter() &&
                                         !rigidSurfaceInExplicit && !visitor.HasNmapBlended());
+}
+
+void inp_InputFile::CheckTextEncoding()
+{
+  inp_StageTimer const timer("Check text encoding");
+  inp_Utf8ValidityVisitor visitor;
+  visitor.VisitListAndReport(keywords);
 }
 
 void inp_InputFile::DiscardEmptyKeywords()

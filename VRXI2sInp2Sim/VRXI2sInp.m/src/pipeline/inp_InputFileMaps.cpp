@@ -6,6 +6,7 @@
 #include "inp_InputFile.h"
 #include "inp_KwdDataReleaseVisitor.h"
 #include "inp_NodeGenerationVisitor.h"
+#include "inp_NodeNumbers.h"
 #include "inp_PartElementVisitor.h"
 #include "inp_PartNodeVisitor.h"
 #include "inp_PartSurfaceVisitor.h"
@@ -15,7 +16,11 @@ void inp_InputFile::Classify(bool lumen)
 {
   CheckImportValidity(lumen);
   OrganizeAssembly();
-  ExtractMaps(lumen);
+  if (!FlatRoadMissing())
+  {
+    ExtractPartMaps(lumen);
+    ExtractAssemblyMaps(lumen);
+  }
 }
 
 // Whoever wants the keywords alone is told of an import all the same, hence the false.
@@ -31,20 +36,30 @@ void inp_InputFile::OrganizeAssembly()
   if (!FlatRoadMissing())
   {
     Reorganize();
+    CheckInstances();
     ModifyScopedNames();
   }
 }
 
+// The walks put the instance in front of the names in sets, and labels in place of layers of elements.
 void inp_InputFile::ExtractMaps(bool lumen)
 {
   if (!FlatRoadMissing())
   {
-    ExtractPartMaps(lumen);
+    cow_List<inp_Keyword> const organized = keywords;
+    MakePartMaps(lumen);
     ExtractAssemblyMaps(lumen);
+    keywords = organized;
   }
 }
 
 void inp_InputFile::ExtractPartMaps(bool lumen)
+{
+  MakePartMaps(lumen);
+  ReleasePartRows(lumen);
+}
+
+void inp_InputFile::MakePartMaps(bool lumen)
 {
   inp_StageTimer const timer("ExtractPartMaps");
   inp_PartElementVisitor elements(true);
@@ -59,6 +74,7 @@ void inp_InputFile::ExtractPartMaps(bool lumen)
                                       elements.GetSets(), true, restartJob, true, "");
   generated.setLumenCompatible(lumen);
   generated.VisitListAndReport(keywords);
+  nodes.FinishNodeSets();
 
   inp_PartSurfaceVisitor surfaces(nodes.GetSets(), elements.GetSets(), elements.GetElements(),
                                   generated.GetCoordMap());
@@ -69,7 +85,10 @@ void inp_InputFile::ExtractPartMaps(bool lumen)
   partNsetMap = nodes.GetSets();
   partElsetMap = elements.GetSets();
   partSurfaceMap = surfaces.GetSurfaces();
+}
 
+void inp_InputFile::ReleasePartRows(bool lumen)
+{
   inp_KwdDataReleaseVisitor release(true, lumen);
   release.VisitList(keywords);
 }
@@ -93,6 +112,10 @@ void inp_InputFile::ExtractAssemblyMaps(bool lumen)
   inp_NodeGenerationVisitor generated(nodes.GetCoordMap(), elements.GetElements(),
                                       elements.GetSets(), true, restartJob, false, "");
   generated.VisitListAndReport(keywords);
+  nodes.FinishNodeSets();
+
+  inp_NodeNumbers numbers(generated.GetCoordMap());
+  elements.PutNumbers(numbers);
 
   inp_AssemblySurfaceVisitor surfaces(nodes.GetSets(), elements.GetSets(), elements.GetElements(),
                                       generated.GetCoordMap(), partSurfaceMap);

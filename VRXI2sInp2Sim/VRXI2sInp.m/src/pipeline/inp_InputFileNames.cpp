@@ -30,8 +30,7 @@ void inp_InputFile::ModifyScopedNames()
   {
     if (keyword.Is(inp_kwAssembly))
     {
-      inp_Item const* const name = keyword.parameters.ConstFind("name");
-      assemblyName = name != nullptr ? name->AsString() : cow_String();
+      assemblyName = keyword.NameIn("name");
       break;
     }
   }

@@ -1,6 +1,5 @@
-// The stage that numbers a model, and what needs its numbers.
+// The stage that numbers a model.
 
-#include "inp_AssyLevelElemVisitor.h"
 #include "inp_InputFile.h"
 #include "inp_StageTimer.h"
 
@@ -38,24 +37,5 @@ void inp_InputFile::NumberModel()
   inp_StageTimer const timer("Number model");
   inp_CoordMap numbered = assemblyCoordMap; // so that the map itself keeps the user's labels
   nodeIdMap = numbered.Renumber(1, false);
-
-  if (assemblyKeywords.Length() > 0)
-  {
-    inp_AssyLevelElemVisitor visitor(nodeIdMap);
-    visitor.VisitListAndReport(keywords);
-    inp_MapInt2Element const read =
-      visitor.GetElements().HasValue() ? visitor.GetElements().ConstGet() : inp_MapInt2Element();
-    if (!assemblyElementMap.HasValue())
-    {
-      assemblyElementMap.Insert(inp_MapInt2Element());
-    }
-    // They were there without nodes, so that sets could name them.
-    inp_MapInt2Element& own = assemblyElementMap.Get();
-    inp_MapInt2ElementSIT element(read);
-    for (element.First(); !element.IsDone(); element.Next())
-    {
-      own.Insert(element.CurrentKey(), element.CurrentValue());
-    }
-  }
   elementIdMap = NumbersOf(assemblyElementMap);
 }

@@ -46,12 +46,7 @@ NamingKeyword const* FindNaming(inp_KeywordEnm keyword)
 
 bool HasPeriod(inp_Keyword const& keyword, char const* parameter)
 {
-  if (parameter == nullptr)
-  {
-    return false;
-  }
-  inp_Item const* const name = keyword.parameters.ConstFind(parameter);
-  return name != nullptr && inp_Utils::HasNameUnquotedPeriod(name->AsString());
+  return parameter != nullptr && inp_Utils::HasNameUnquotedPeriod(keyword.NameIn(parameter));
 }
 
 } // namespace

@@ -88,12 +88,8 @@ void inp_Parser::ReadLineRange(inp_Keyword const& includeKeyword, int& startLine
   {
     return;
   }
-  int first = 0;
+  int first = start != nullptr ? start->AsInt() : 0;
   int const last = end != nullptr ? end->AsInt() : 0;
-  if (start != nullptr)
-  {
-    first = start->AsInt();
-  }
   if (IsDebugging())
   {
     pnt_debugPrint().StartDebug() << "StartLine: \"" << first << "\"EndLine: \"" << last << "\"\n";

@@ -43,7 +43,7 @@ public:
   template <class Wants, class Fix>
   void Row(int row, inp_Columns const& columns, Wants const& wants, Fix const& fix)
   {
-    // Of a few cells each is soon looked at.
+    // The scan pays only where all columns are chosen.
     if (m_mark != '\0' && columns.IsAll() && !HasMark(row))
     {
       return;
@@ -55,6 +55,8 @@ public:
     {
       if (columns.Has(column) && wants(cell))
       {
+        m_row = row;
+        m_column = column;
         cow_String const text = inp_RawDataArrayImpl::TextOfCell(cell);
         cow_String const fixed = fix(text);
         if (!(fixed == text))
@@ -70,28 +72,9 @@ public:
     }
   }
 
-  /// The cell at a row and a column, when there is one.
-  template <class Fix>
-  void One(int row, int column, Fix const& fix)
-  {
-    if (row >= 0 && row < Rows())
-    {
-      int at = 0;
-      Row(
-        row, inp_Columns::All(), [&](char*) { return at++ == column; }, fix);
-    }
-  }
-
-  /// Row for every `step`-th row of [first, end).
-  template <class Wants, class Fix>
-  void EveryRow(int first, int end, int step, inp_Columns const& columns, Wants const& wants,
-                Fix const& fix)
-  {
-    for (long long row = first; step > 0 && row < std::min(end, Rows()); row += step)
-    {
-      Row(static_cast<int>(row), columns, wants, fix);
-    }
-  }
+  /// While `fix` works.
+  int CurrentRow() const { return m_row; }
+  int CurrentColumn() const { return m_column; }
 
 private:
   // A row is whole words, with NUL behind its last cell.
@@ -113,24 +96,7 @@ private:
   inp_DataArray m_data; // keeps the rows, whatever becomes of the keyword
   inp_RawDataArrayImpl* m_rows;
   char m_mark;
+  int m_row = 0;
+  int m_column = 0;
   std::vector<inp_RawDataArrayImpl::NewCell> m_changed;
 };
-
-/// Stores a parameter's new text, unless it is the old one. Its type is told anew.
-template <class Fix>
-void inp_RewriteParameter(inp_Keyword& keyword, cow_String const& name, Fix const& fix)
-{
-  inp_Item const* const item = keyword.parameters.ConstFind(name);
-  if (item == nullptr)
-  {
-    return;
-  }
-  cow_String const text = item->AsString();
-  cow_String const fixed = fix(text);
-  if (!(fixed == text))
-  {
-    inp_Item const told(fixed);
-    keyword.parameters.Insert(name,
-                              told.Type() != inp_Types::inp_NONE ? told : inp_Item::Text(fixed));
-  }
-}

@@ -8,8 +8,11 @@
 #define ELEMENTS inp_ReferencePlace::Of(inp_refElements)
 #define SURFACE inp_ReferencePlace::Of(inp_refSurface)
 #define ORIENTATION inp_ReferencePlace::Of(inp_refOrientation)
+#define INFLATOR inp_ReferencePlace::Of(inp_refInflator)
 #define DISTRIBUTION inp_ReferencePlace::Of(inp_refDistribution)
+#define TABLE inp_ReferencePlace::Of(inp_refTable)
 #define MATERIAL inp_ReferencePlace::Of(inp_refMaterial)
+#define GENERATOR inp_ReferencePlace::Of(inp_refGenerator)
 
 #define INP_PLACES_ARRAY(stem, ...)                                                                \
   constexpr inp_ReferencePlace placesOf##stem[] = {__VA_ARGS__, inp_ReferencePlace{}};

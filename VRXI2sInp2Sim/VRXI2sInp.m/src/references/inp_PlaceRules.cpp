@@ -1,7 +1,9 @@
 #include "inp_PlaceRules.h"
 
 #include "inp_Keyword.h"
+#include "inp_KeywordEnm.h"
 #include "inp_ModelParameters.h"
+#include "inp_PlaceRows.h"
 
 #include <algorithm>
 #include <climits>
@@ -11,6 +13,9 @@ namespace
 {
 
 constexpr int c_valuesOfLine = 8;
+
+#define INP_PLACES INP_PLACES_ARRAY
+#include "inp_FurtherReferences.def"
 
 bool IsOneOf(cow_String const& text, inp_PlaceCondition const& condition)
 {
@@ -45,23 +50,7 @@ bool Holds(inp_PlaceCondition const& condition, inp_Keyword const& keyword)
 bool ParameterCounts(inp_ReferencePlace const& place, inp_Keyword const& keyword)
 {
   inp_Item const* const item = keyword.parameters.ConstFind(place.parameter);
-  if (item == nullptr)
-  {
-    return false;
-  }
-  inp_Types::typeEnm const type = item->Type();
-  switch (place.value)
-  {
-  case inp_anyValue:
-    return true;
-  case inp_textValue:
-    return type == inp_Types::inp_STRING;
-  case inp_unlessReal:
-    return type != inp_Types::inp_REAL;
-  case inp_unlessRealOrNone:
-    return type != inp_Types::inp_REAL && type != inp_Types::inp_NONE;
-  }
-  return false;
+  return item != nullptr && (!place.isText || item->Type() == inp_Types::inp_STRING);
 }
 
 /// The lines of a record of so many values.
@@ -84,6 +73,19 @@ bool IsSkewInContinuum(inp_Keyword const& keyword)
 }
 
 } // namespace
+
+inp_ReferencePlace const* inp_FurtherPlaces(inp_KeywordEnm keyword)
+{
+  switch (static_cast<int>(keyword))
+  {
+#define INP_PLACES(stem, ...)                                                                      \
+  case inp_kw##stem:                                                                               \
+    return placesOf##stem;
+#include "inp_FurtherReferences.def"
+  default:
+    return nullptr;
+  }
+}
 
 bool inp_PlaceCounts(inp_ReferencePlace const& place, inp_Keyword const& keyword)
 {

@@ -4,6 +4,7 @@
 #include "inp_KeywordEnm.h"
 #include "inp_MaterialFixupVisitor.h"
 #include "inp_OrientationFixupVisitor.h"
+#include "inp_PlaceRules.h"
 #include "inp_SetFixupVisitor.h"
 #include "inp_SurfaceFixupVisitor.h"
 
@@ -133,7 +134,7 @@ std::vector<inp_ReferencePlace> inp_ReferencePlaces(inp_KeywordEnm keyword)
   for (auto const* place :
        {inp_SetFixupVisitor::Places(keyword), inp_SurfaceFixupVisitor::Places(keyword),
         inp_OrientationFixupVisitor::Places(keyword), inp_DistributionFixupVisitor::Places(keyword),
-        inp_MaterialFixupVisitor::Places(keyword)})
+        inp_MaterialFixupVisitor::Places(keyword), inp_FurtherPlaces(keyword)})
   {
     for (; place != nullptr && place->what != inp_noReference; ++place)
     {
@@ -157,10 +158,16 @@ char const* inp_NamedThings(inp_referenceEnm what)
     return "surfaces";
   case inp_refOrientation:
     return "orientations";
+  case inp_refInflator:
+    return "inflators or their properties";
   case inp_refDistribution:
     return "distributions";
+  case inp_refTable:
+    return "distribution tables";
   case inp_refMaterial:
     return "materials";
+  case inp_refGenerator:
+    return "particle generators";
   }
   return "";
 }
@@ -169,9 +176,7 @@ cow_String inp_PlaceWords(inp_ReferencePlace const& place)
 {
   if (!place.IsData())
   {
-    static constexpr char const* kinds[] = {"", ", if it is a text", ", unless it is a real number",
-                                            ", unless it is a real number or blank"};
-    return Upper(place.parameter) + kinds[place.value];
+    return Upper(place.parameter) + (place.isText ? ", if it is a text" : "");
   }
   cow_String text = FieldWords(place.columns) + " of " + LineWords(place);
   if (place.isId)

@@ -28,6 +28,7 @@ void inp_ScopedNameSetVisitor::VisitNset(inp_Keyword& keyword)
 {
   if (IsOutsideScopes())
   {
+    ReplaceElementOrElsetParameter(keyword, "elset");
     keyword.HasParameter("generate")
       ? ReplaceNodeOrNsetData(keyword, inp_Columns::OfFields(1, 2), 1)
       : ReplaceNodeOrNsetAllData(keyword);

@@ -1,6 +1,5 @@
 #include "inp_SetFixupVisitor.h"
 
-#include "inp_CellRewriter.h"
 #include "inp_PlaceRules.h"
 
 inp_SetFixupVisitor::inp_SetFixupVisitor(inpM_SetMap const& itsNsets, inpM_SetMap const& itsElsets,
@@ -20,8 +19,7 @@ cow_String inp_SetFixupVisitor::SetTypeEnm2String(inp_SetType type)
   return type == inp_nodeSet ? "node " : type == inp_elementSet ? "element " : "";
 }
 
-// ------------------------------------------------------------------------- one value, one
-// parameter
+// ---- one value, one parameter ----
 
 cow_String inp_SetFixupVisitor::Fixed(inp_Keyword const& keyword, cow_String const& value,
                                       inpM_SetMap const& setMap, inpM_IdMap const& idMap,
@@ -49,9 +47,9 @@ void inp_SetFixupVisitor::ReplaceIdOrSetParameter(inp_Keyword& keyword, cow_Stri
                                                   inpM_SetMap const& setMap,
                                                   inpM_IdMap const& idMap)
 {
-  inp_RewriteParameter(keyword, name,
-                       [&](cow_String const& text)
-                       { return Fixed(keyword, text, setMap, idMap, inp_anySet, name); });
+  RewriteParameter(keyword, name,
+                   [&](cow_String const& text)
+                   { return Fixed(keyword, text, setMap, idMap, inp_anySet, name); });
 }
 
 void inp_SetFixupVisitor::ReplaceNodeOrNsetParameter(inp_Keyword& keyword, cow_String const& name)
@@ -65,37 +63,37 @@ void inp_SetFixupVisitor::ReplaceElementOrElsetParameter(inp_Keyword& keyword,
   ReplaceIdOrSetParameter(keyword, name, elsets, elementIdMap);
 }
 
-// ---------------------------------------------------------------------------------- fields of
-// lines
+// ---- fields of lines ----
+
+inp_ReferenceVisitor::Fields inp_SetFixupVisitor::OneField(int row, int column)
+{
+  return {.columns = inp_Columns::Of(column), .firstRow = row, .endRow = row + 1};
+}
 
 void inp_SetFixupVisitor::ReplaceIdOrSetData(inp_Keyword& keyword, inp_Columns const& columns,
                                              inpM_SetMap const& setMap, inpM_IdMap const& idMap,
                                              int rowStep, inp_SetType setType)
 {
-  inp_CellRewriter cells(keyword, NameMark());
-  cells.EveryRow(
-    0, cells.Rows(), rowStep, columns, [this](char* cell) { return !RewriteInPlace(cell); },
-    [&](cow_String const& text) { return Fixed(keyword, text, setMap, idMap, setType, ""); });
+  RewriteFields(keyword, {.columns = columns, .rowStep = rowStep},
+                [&](cow_String const& text)
+                { return Fixed(keyword, text, setMap, idMap, setType, ""); });
 }
 
 void inp_SetFixupVisitor::ReplaceIdOrSetAllData(inp_Keyword& keyword, inpM_SetMap const& setMap,
                                                 inpM_IdMap const& idMap)
 {
-  inp_CellRewriter cells(keyword, NameMark());
-  cells.EveryRow(
-    0, cells.Rows(), 1, inp_Columns::All(),
-    [this](char* cell) { return !inp_RawDataArrayImpl::IsNoneCell(cell) && !RewriteInPlace(cell); },
-    [&](cow_String const& text) { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
+  RewriteFields(keyword, {.columns = inp_Columns::All()},
+                [&](cow_String const& text)
+                { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
 }
 
 void inp_SetFixupVisitor::ReplaceIdOrSetSingleDatum(inp_Keyword& keyword, int row, int col,
                                                     inpM_SetMap const& setMap,
                                                     inpM_IdMap const& idMap)
 {
-  inp_CellRewriter cells(keyword);
-  cells.One(row, col,
-            [&](cow_String const& text)
-            { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
+  RewriteFields(keyword, OneField(row, col),
+                [&](cow_String const& text)
+                { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
 }
 
 void inp_SetFixupVisitor::ReplaceIdSingleDatum(inp_Keyword& keyword, int row, int col,
@@ -113,8 +111,7 @@ void inp_SetFixupVisitor::ReplaceIdSingleDatum(inp_Keyword& keyword, int row, in
     cow_String const fixed = Fixed(keyword, id, setMap, idMap, inp_anySet, "");
     return fixed == id ? text : fixed;
   };
-  inp_CellRewriter cells(keyword);
-  cells.One(row, col, fix);
+  RewriteFields(keyword, OneField(row, col), fix);
 }
 
 void inp_SetFixupVisitor::ReplaceNodeOrNsetData(inp_Keyword& keyword, inp_Columns const& columns,
@@ -139,7 +136,7 @@ void inp_SetFixupVisitor::ReplaceElementOrElsetAllData(inp_Keyword& keyword)
   ReplaceIdOrSetAllData(keyword, elsets, elementIdMap);
 }
 
-// ------------------------------------------------------------------------------------ by the table
+// ---- by the table ----
 
 void inp_SetFixupVisitor::ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place)
 {
@@ -190,20 +187,11 @@ cow_String inp_SetFixupVisitor::ReplaceValue(inp_Keyword& keyword, inp_reference
 
 void inp_SetFixupVisitor::ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlace const& place)
 {
-  auto const wants = [&](char* cell)
-  {
-    return !inp_RawDataArrayImpl::IsNoneCell(cell) &&
-           (!place.isText || inp_RawDataArrayImpl::TypeOfCell(cell) == inp_Types::inp_STRING) &&
-           !RewriteInPlace(cell);
-  };
-  inp_CellRewriter cells(keyword, NameMark());
-  int const end = place.lastLine > 0 ? std::min(place.lastLine, cells.Rows()) : cells.Rows();
-  for (int row = place.firstLine - 1; row < end; ++row)
-  {
-    if (cells.Cols(row) >= place.fieldsAtLeast)
-    {
-      cells.Row(row, place.columns, wants,
+  RewriteFields(keyword,
+                {.columns = place.columns,
+                 .firstRow = place.firstLine - 1,
+                 .endRow = place.lastLine > 0 ? place.lastLine : INT_MAX,
+                 .fewest = place.fieldsAtLeast,
+                 .isText = place.isText},
                 [&](cow_String const& text) { return ReplaceValue(keyword, place.what, text); });
-    }
-  }
 }

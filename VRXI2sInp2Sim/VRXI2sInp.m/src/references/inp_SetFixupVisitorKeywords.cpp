@@ -4,6 +4,9 @@
 #include "inp_KeywordEnm.h"
 #include "inp_SetFixupVisitor.h"
 
+#include <string>
+#include <vector>
+
 #define INP_PLACES_VISITOR inp_SetFixupVisitor
 #define INP_PLACES_TABLE "inp_SetReferences.def"
 #include "inp_PlaceHandlers.def"
@@ -28,52 +31,82 @@ bool GoesOn(inp_CellRewriter const& cells, int row)
   return text == "TFD" || text == "TWD" || text == "TSI";
 }
 
+/// Rows of all numbers, eight in each.
+inp_DataArray NumbersOf(std::vector<inp_ScopedRange> const& ranges)
+{
+  constexpr int numbersOfRow = 8;
+  inp_DataArray rows;
+  std::string row;
+  int numbers = 0;
+  for (inp_ScopedRange const& range : ranges)
+  {
+    for (std::int64_t place = 0; place < range.Count(); ++place)
+    {
+      row.append(numbers > 0 ? "," : "").append(range.prefix.View());
+      row.append(std::to_string(range.Number(place)));
+      if (++numbers == numbersOfRow)
+      {
+        rows.Append(row.c_str());
+        row.clear();
+        numbers = 0;
+      }
+    }
+  }
+  if (numbers > 0)
+  {
+    rows.Append(row.c_str());
+  }
+  return rows;
+}
+
 } // namespace
 
 // *CLOAD row: node or node set, degree of freedom or type, magnitude, ...
 void inp_SetFixupVisitor::VisitCload(inp_Keyword& keyword)
 {
-  inp_CellRewriter cells(keyword);
-  for (int row = 0; row < cells.Rows(); ++row)
-  {
-    cells.Row(
-      row, placesOfCload->columns, [this](char* cell) { return !RewriteInPlace(cell); },
-      [&](cow_String const& text) { return ReplaceNodeOrNset(keyword, text); });
-    row += GoesOn(cells, row) ? 1 : 0;
-  }
+  RewriteFields(keyword, {.columns = placesOfCload->columns, .goesOn = GoesOn},
+                [&](cow_String const& text) { return ReplaceNodeOrNset(keyword, text); });
 }
 
+// *SLIDE LINE rows: nodes and node sets; with GENERATE start, end[, step]
 void inp_SetFixupVisitor::VisitSlideLine(inp_Keyword& keyword)
 {
-  if (keyword.HasParameter("generate"))
+  if (!keyword.HasParameter("generate") || ExpandGenerated(keyword))
   {
-    ExpandGenerated(keyword, m_errorList);
+    ReplacePlaces(keyword, placesOfSlideLine);
+    return;
   }
-  ReplacePlaces(keyword, placesOfSlideLine);
+  ReplaceElementOrElsetParameter(keyword, "elset");
+  ReplaceNodeOrNsetData(keyword, inp_Columns::OfFields(1, 2), 1);
 }
 
-/// Puts the numbers that the keyword's rows generate in place of the rows, eight a line.
-void inp_SetFixupVisitor::ExpandGenerated(inp_Keyword& keyword, cow_List<atr_String>& errors)
+/// Puts the numbers that the keyword's rows generate in place of the rows. False, with errors, when a row
+/// generates none: then all rows stay, lest a part of the line is lost.
+bool inp_SetFixupVisitor::ExpandGenerated(inp_Keyword& keyword)
 {
-  constexpr int idsOfLine = 8;
   cow_List<atr_String> faults;
-  cow_List<cow_String> const ids =
-    inp_Utils::GenerateScopedIds(keyword.data, keyword.Name(), faults);
-  for (atr_String const& fault : faults)
+  std::vector<inp_ScopedRange> const ranges =
+    inp_Utils::ReadScopedRanges(keyword.data, keyword.Name(), faults);
+  std::int64_t listed = m_listed;
+  for (inp_ScopedRange const& range : ranges)
   {
-    errors.Append(inp_Utils::PlacedAt(keyword, fault));
-  }
-  inp_DataArray rows;
-  cow_String line;
-  for (int i = 0; i < ids.Length(); ++i)
-  {
-    line.Append(i % idsOfLine == 0 ? "" : ",").Append(ids.ConstGet(i));
-    if (i % idsOfLine == idsOfLine - 1 || i + 1 == ids.Length())
+    listed += range.Count();
+    if (listed > mostListed)
     {
-      rows.Append(line.CStr());
-      line.Erase();
+      faults.Append(inp_Utils::RangeTooLarge(range, keyword.Name()));
+      break;
     }
   }
-  keyword.data = rows;
+  for (atr_String const& fault : faults)
+  {
+    m_errorList.Append(inp_Utils::PlacedAt(keyword, fault));
+  }
+  if (faults.Length() > 0)
+  {
+    return false;
+  }
+  m_listed = listed;
+  keyword.data = NumbersOf(ranges);
   keyword.parameters.Remove("generate");
+  return true;
 }

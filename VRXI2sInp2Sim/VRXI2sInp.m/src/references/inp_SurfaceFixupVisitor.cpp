@@ -1,6 +1,5 @@
 #include "inp_SurfaceFixupVisitor.h"
 
-#include "inp_CellRewriter.h"
 #include "inp_KeywordEnm.h"
 
 #define INP_PLACES_VISITOR inp_SurfaceFixupVisitor
@@ -48,11 +47,8 @@ cow_String inp_SurfaceFixupVisitor::Fixed(cow_String const& name)
 void inp_SurfaceFixupVisitor::ReplaceSurfaceData(inp_Keyword& keyword, inp_Columns const& columns,
                                                  int rowStep, int firstRow)
 {
-  inp_CellRewriter cells(keyword, NameMark());
-  cells.EveryRow(
-    firstRow, cells.Rows(), rowStep, columns,
-    [this](char* cell) { return !inp_RawDataArrayImpl::IsNoneCell(cell) && !RewriteInPlace(cell); },
-    [this](cow_String const& text) { return Fixed(text); });
+  RewriteFields(keyword, {.columns = columns, .firstRow = firstRow, .rowStep = rowStep},
+                [this](cow_String const& text) { return Fixed(text); });
 }
 
 void inp_SurfaceFixupVisitor::ReplaceSurfaceAllData(inp_Keyword& keyword)
@@ -62,5 +58,5 @@ void inp_SurfaceFixupVisitor::ReplaceSurfaceAllData(inp_Keyword& keyword)
 
 void inp_SurfaceFixupVisitor::ReplaceSurfaceParameter(inp_Keyword& keyword, cow_String const& name)
 {
-  inp_RewriteParameter(keyword, name, [this](cow_String const& text) { return Fixed(text); });
+  RewriteParameter(keyword, name, [this](cow_String const& text) { return Fixed(text); });
 }

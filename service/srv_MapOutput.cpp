@@ -1,7 +1,5 @@
 #include "srv_MapOutput.h"
 
-#include "inpM_SurfaceMap.h"
-#include "inp_CoordMap.h"
 #include "srv_JsonWriter.h"
 #include "srv_TextOutput.h"
 
@@ -18,25 +16,15 @@ class MapDumper
 public:
   MapDumper(srv_JsonWriter& json, srv_TextOutput& output) : m_json(json), m_output(output) {}
 
-  /// The maps of one kind of level: nodes by label, and so on; by the names of the levels.
-  struct Maps
-  {
-    inp_CoordMap const& nodes;
-    inpM_InstanceMap<inp_MapInt2Element> const& elements;
-    inpM_SetMap const& nsets;
-    inpM_SetMap const& elsets;
-    inpM_SurfaceMap const& surfaces;
-  };
-
   void DumpNames(inpM_InstanceMap<cow_String> const& names);
-  void DumpMeshes(Maps const& maps);
-  void DumpAssembly(Maps const& maps);
+  void DumpMeshes(inp_LevelMaps const& maps);
+  void DumpAssembly(inp_LevelMaps const& maps);
   void DumpTransformations(inpM_InstanceMap<gsl_Matrix> const& matrices);
   void DumpIds(inpM_IdMap const& ids);
 
 private:
-  static std::set<cow_String> Levels(Maps const& maps);
-  void DumpMesh(Maps const& maps, cow_String const& level);
+  static std::set<cow_String> Levels(inp_LevelMaps const& maps);
+  void DumpMesh(inp_LevelMaps const& maps, cow_String const& level);
   void DumpNodes(inp_MapInt2Coord const& nodes);
   void DumpElements(inp_MapInt2Element const& elements);
   void DumpSets(inpM_BaseSetMap const& sets);
@@ -81,7 +69,7 @@ void MapDumper::DumpNames(inpM_InstanceMap<cow_String> const& names)
   m_json.EndObject();
 }
 
-std::set<cow_String> MapDumper::Levels(Maps const& maps)
+std::set<cow_String> MapDumper::Levels(inp_LevelMaps const& maps)
 {
   std::set<cow_String> levels;
   for (cow_List<cow_String> const& names :
@@ -93,7 +81,7 @@ std::set<cow_String> MapDumper::Levels(Maps const& maps)
   return levels;
 }
 
-void MapDumper::DumpMeshes(Maps const& maps)
+void MapDumper::DumpMeshes(inp_LevelMaps const& maps)
 {
   m_json.BeginObject();
   for (cow_String const& level : Levels(maps))
@@ -104,7 +92,7 @@ void MapDumper::DumpMeshes(Maps const& maps)
   m_json.EndObject();
 }
 
-void MapDumper::DumpMesh(Maps const& maps, cow_String const& level)
+void MapDumper::DumpMesh(inp_LevelMaps const& maps, cow_String const& level)
 {
   m_json.BeginObject().Key("nodes");
   DumpNodes(maps.nodes.IsMember(level) ? maps.nodes.ConstGet(level).ConstGet()
@@ -121,7 +109,7 @@ void MapDumper::DumpMesh(Maps const& maps, cow_String const& level)
   m_json.EndObject();
 }
 
-void MapDumper::DumpAssembly(Maps const& maps)
+void MapDumper::DumpAssembly(inp_LevelMaps const& maps)
 {
   m_json.BeginObject().Key("nodes");
   DumpNodes(maps.nodes.ConstGet());
@@ -373,15 +361,11 @@ void MapDumper::DumpIds(inpM_IdMap const& ids)
 void srv_WriteMaps(inp_InputFile const& model, srv_JsonWriter& json, srv_TextOutput& output)
 {
   MapDumper dumper(json, output);
-  MapDumper::Maps const parts = {model.partCoordMap, model.partElementMap, model.partNsetMap,
-                                 model.partElsetMap, model.partSurfaceMap};
-  MapDumper::Maps const assembly = {model.assemblyCoordMap, model.assemblyElementMap,
-                                    model.assemblyNsetMap, model.assemblyElsetMap,
-                                    model.assemblySurfaceMap};
+  inp_LevelMaps const assembly = model.AssemblyMaps();
   json.Break(1).Key("instanceParts");
   dumper.DumpNames(model.instancePartNames);
   json.Break(1).Key("parts");
-  dumper.DumpMeshes(parts);
+  dumper.DumpMeshes(model.PartMaps());
   json.Break(1).Key("instances");
   dumper.DumpMeshes(assembly);
   json.Break(1).Key("assembly");

@@ -28,7 +28,8 @@ struct Found
         bool computesGeometry)
   {
     cow_List<inp_Keyword> own = DeepCopy(keywords);
-    inp_PartNodeVisitor visitor(elements.GetElements(), elements.GetSets(), computesGeometry);
+    inp_LevelMaps const known = {{}, elements.GetElements(), {}, elements.GetSets(), {}};
+    inp_PartNodeVisitor visitor(known, computesGeometry);
     visitor.VisitListAndReport(own);
     isSilent = !visitor.IsError() && !visitor.IsWarning();
     inp_CoordMap const& nodes = visitor.GetCoordMap();

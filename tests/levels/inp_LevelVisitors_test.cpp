@@ -221,8 +221,7 @@ TEST(inp_LevelVisitors, RigidSurfacesBelongIntoParts)
   std::string const keyword = "*RIGID SURFACE, TYPE=SEGMENTS, NAME=R\nSTART, 0., 0.\n";
   cow_List<inp_Keyword> list =
     DeckKeywords("*NODE\n1\n" + keyword + "*INSTANCE, NAME=I\n" + keyword);
-  inp_AssemblySurfaceVisitor visitor(inpM_SetMap(), inpM_SetMap(), {}, inp_CoordMap(),
-                                     inpM_SurfaceMap());
+  inp_AssemblySurfaceVisitor visitor(inp_LevelMaps{}, inp_PartMaps{});
   visitor.VisitList(list);
   EXPECT_EQ(Error(3, "There should not be any Analytical Surfaces at the assembly level."),
             MessagesText(visitor, list.ConstGet(0).fileName));

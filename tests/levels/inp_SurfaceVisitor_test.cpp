@@ -127,8 +127,7 @@ TEST(inp_SurfaceVisitor, CombinesNoMoreThanAWalkMay)
            "*SURFACE, NAME=I, COMBINE=INTERSECTION\nB, A\n"
            "*SURFACE, NAME=ONE, COMBINE=UNION\nA, A\n*SURFACE, NAME=W" +
            ab));
-  Walk walk(deck.partNodes->GetSets(), deck.partElements.GetSets(), deck.partElements.GetElements(),
-            deck.partNodes->GetCoordMap());
+  Walk walk(deck.parts);
   walk.copiesLeft = 24;
   walk.VisitList(deck.list);
   EXPECT_EQ(SurfacesText(walk.GetSurfaces().ConstGetPartInstanceSurfaceMap("BAR")),

@@ -22,13 +22,13 @@ public:
   void VisitElement(inp_Keyword& keyword) override
   {
     inp_MapInt2Element ofLevel;
-    auto& levels = Parts() ? partElements : instanceElements;
-    if (levels.IsMember(Level()))
-      ofLevel = levels.ConstGet(Level());
+    auto& levels = Maps().elements;
+    if (levels.IsMember(MeshScope()))
+      ofLevel = levels.ConstGet(MeshScope());
     for (int i = 0; i < keyword.data.Rows(); ++i)
       ofLevel.Insert(keyword.data.AsInt(i, 0),
                      inp_Element(keyword.GetParameterAsString("type", ""), 0, nullptr, 0, 0, 0));
-    levels.Insert(Level(), ofLevel);
+    levels.Insert(MeshScope(), ofLevel);
   }
   void VisitElset(inp_Keyword& keyword) override
   {
@@ -36,16 +36,15 @@ public:
     for (int i = 0; i < keyword.data.Rows(); ++i)
       for (int j = 0; j < keyword.data.Cols(i); ++j)
         ids.Insert(keyword.data.AsInt(i, j));
-    (Parts() ? partSets : assemblySets)
-      .InsertNestedSet(Level(), keyword.GetParameterAsString("elset", ""), inpM_SortedSet(ids));
+    Maps().elsets.InsertNestedSet(MeshScope(), keyword.GetParameterAsString("elset", ""),
+                                  inpM_SortedSet(ids));
   }
 
-  inpM_InstanceMap<inp_MapInt2Element> partElements, instanceElements;
-  inpM_SetMap partSets, assemblySets;
+  inp_PartMaps parts;
+  inp_LevelMaps assembly;
 
 private:
-  bool Parts() const { return m_partName.Length() > 0; }
-  cow_String const& Level() const { return Parts() ? m_partName : m_instanceName; }
+  inp_LevelMaps& Maps() { return IsInPart() ? parts : assembly; }
 };
 
 /// All that is said of a deck, a line each: the keyword's line and the words.
@@ -58,8 +57,7 @@ std::string Inventory(std::string const& deck)
   list = organizer.Keywords();
   MapFiller maps;
   maps.VisitList(list);
-  inp_PartInventoryVisitor visitor(maps.partElements, maps.instanceElements, maps.partSets,
-                                   maps.assemblySets);
+  inp_PartInventoryVisitor visitor(maps.parts, maps.assembly);
   visitor.VisitList(list);
   visitor.CheckViolations();
   visitor.CheckOutOfPlace(list);
@@ -249,7 +247,7 @@ TEST(inp_PartInventoryVisitor, LevelsAreClosed)
 
 TEST(inp_PartInventoryVisitor, CountsByTheOpeningKeywordsName)
 {
-  inp_PartInventoryVisitor visitor({}, {}, {}, {});
+  inp_PartInventoryVisitor visitor({}, {});
   cow_Btree<cow_String, int> counts;
   inp_PartInventoryVisitor::KeywordPair const steps = {inp_kwStep, inp_kwEndStep, "STEP",
                                                        "*END STEP"};

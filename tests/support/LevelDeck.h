@@ -101,6 +101,8 @@ public:
     return SurfacesText(surfaces->GetSurfaces().ConstGetAssemblyInstanceSurfaceMap());
   }
 
+  inp_PartMaps parts;
+
 private:
   cow_List<inp_Keyword> Organized()
   {
@@ -112,28 +114,34 @@ private:
   void WalkParts()
   {
     partElements.VisitListAndReport(list);
-    partNodes.emplace(partElements.GetElements(), partElements.GetSets(), true);
+    parts.elements = partElements.GetElements();
+    parts.elsets = partElements.GetSets();
+    partNodes.emplace(parts, true);
     partNodes->VisitListAndReport(list);
-    partSurfaces.emplace(partNodes->GetSets(), partElements.GetSets(), partElements.GetElements(),
-                         partNodes->GetCoordMap());
+    parts.nodes = partNodes->GetCoordMap();
+    parts.nsets = partNodes->GetSets();
+    partSurfaces.emplace(parts);
     partSurfaces->VisitListAndReport(list);
+    parts.surfaces = partSurfaces->GetSurfaces();
   }
 
   void WalkAssembly()
   {
-    inpM_InstanceMap<cow_String> const& parts = m_expansion.visitor.ConstGetInstancePartNames();
-    elements.emplace(partElements.GetElements(), partElements.GetSets(), true);
-    elements->setInstanceNames(parts.Instances());
+    inpM_InstanceMap<cow_String> const& names = m_expansion.visitor.ConstGetInstancePartNames();
+    elements.emplace(parts, true);
+    elements->setInstanceNames(names.Instances());
     elements->VisitListAndReport(list);
-    nodes.emplace(elements->GetElements(), elements->GetSets(), partNodes->GetCoordMap(),
-                  partNodes->GetSets(), inpM_SetMap(), true);
-    nodes->setInstanceNames(parts.Instances());
+    nodes.emplace(inp_LevelMaps{{}, elements->GetElements(), {}, elements->GetSets(), {}}, parts,
+                  true);
+    nodes->setInstanceNames(names.Instances());
     nodes->VisitListAndReport(list);
     inp_NodeNumbers numbers(nodes->GetCoordMap());
     elements->PutNumbers(numbers);
-    surfaces.emplace(nodes->GetSets(), elements->GetSets(), elements->GetElements(),
-                     nodes->GetCoordMap(), partSurfaces->GetSurfaces());
-    surfaces->setInstancePartNames(parts);
+    surfaces.emplace(
+      inp_LevelMaps{
+        nodes->GetCoordMap(), elements->GetElements(), nodes->GetSets(), elements->GetSets(), {}},
+      parts);
+    surfaces->setInstancePartNames(names);
     surfaces->VisitListAndReport(list);
   }
 

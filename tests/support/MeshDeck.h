@@ -156,7 +156,7 @@ private:
     inp_CoordMap const& ScopeMap() const
     {
       static inp_CoordMap const none;
-      cow_String const& scope = CurrentName();
+      cow_String const& scope = MeshScope();
       return scope.Empty() ? coordMap : coordMap.IsMember(scope) ? coordMap.ConstGet(scope) : none;
     }
 

@@ -147,11 +147,7 @@ private:
                      cow_List<inp_Keyword>& keywords);
   void TakeOver(inp_KeywordExpansionVisitor const& nested);
 
-  /// A message about the keyword's parameter `subject`.
-  template <int Places, class... Arguments>
-  void SayOf(cow_String const& subject, atr_MessageRow<Places> const& row,
-             inp_Keyword const& keyword, Arguments const&... arguments);
-  /// The same in front of the list's other messages.
+  /// As Say, in front of the list's other messages.
   template <int Places, class... Arguments>
   void SayFirst(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
                 Arguments const&... arguments);
@@ -204,18 +200,6 @@ private:
   int keywordsLost = 0;
   cow_List<inp_Keyword> manifestKeywords;
 };
-
-template <int Places, class... Arguments>
-void inp_KeywordExpansionVisitor::SayOf(cow_String const& subject,
-                                        atr_MessageRow<Places> const& row,
-                                        inp_Keyword const& keyword, Arguments const&... arguments)
-{
-  atr_String message = inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...));
-  atr_Origin origin = *message.Origin();
-  origin.subject = subject;
-  message.SetOrigin(origin);
-  ListOf(row.severity).Append(message);
-}
 
 template <int Places, class... Arguments>
 void inp_KeywordExpansionVisitor::SayFirst(atr_MessageRow<Places> const& row,

@@ -5,16 +5,74 @@
 #include "atr_Message.h"
 #include "cow_List.h"
 #include "inp_Keyword.h"
+#include "inp_Scope.h"
 #include "inp_Utils.h"
 #include "mem_Allocation.h"
 
-/// Base of all walks over keywords: one operation a keyword, dispatch to it, the place of the walk
-/// (part, assembly, instance, step), and three lists of diagnostics.
+/// Base of all walks over keywords: one operation a keyword, dispatch to it, the scope of the walk, and
+/// three lists of diagnostics.
 ///
-/// A derived class gives DefaultAction, which all keywords reach that it has no interest in, and
-/// overrides the operations of the keywords that matter to it. A parent is visited before its
-/// suboptions. The walk changes the list in place and belongs to one thread.
-class inp_Visitor : public mem_AllocationOperators
+/// The walk visits a keyword, then its suboptions; it changes the list in place and belongs to one thread.
+/// A derived class gives DefaultAction, which all keywords reach that it has no interest in, and overrides
+/// the operations of the keywords that matter to it.
+///
+/// Nine operations have a body here, as they keep the scope: those of *PART, *ASSEMBLY, *INSTANCE and *STEP,
+/// of what ends these, and of *SUBSTRUCTURE PATH. A name is set in front of DefaultAction at the beginning
+/// and erased behind it at the end, so that DefaultAction sees it for both keywords. Whoever overrides one
+/// calls the base's: first at a beginning, last at an end. Who does not want DefaultAction there calls
+/// SetPartName or its like instead. Passing over a keyword in Visit passes over its name and over all that
+/// it holds.
+///
+/// This walk finds parts whose elements have no section:
+///
+///     class inp_SectionVisitor : public inp_Visitor
+///     {
+///     public:
+///       void DefaultAction(inp_Keyword&) override {}
+///
+///       // Sections stand in parts: nothing else is looked at.
+///       void Visit(inp_Keyword& keyword) override
+///       {
+///         if (keyword.Is(inp_kwPart) || IsInPart())
+///         {
+///           inp_Visitor::Visit(keyword);
+///         }
+///       }
+///
+///       void VisitPart(inp_Keyword& keyword) override
+///       {
+///         inp_Visitor::VisitPart(keyword);      // first: from here on IsInPart() holds
+///         m_hasSection = false;                 // of this part, whatever the last one had
+///         m_elements = nullptr;
+///       }
+///
+///       void VisitEndPart(inp_Keyword& keyword) override
+///       {
+///         if (m_elements != nullptr && !m_hasSection)
+///         {
+///           Say(inp_msgPartWithoutSection, *m_elements, m_partName);
+///         }
+///         inp_Visitor::VisitEndPart(keyword);   // last: the message needs the name
+///       }
+///
+///       void VisitElement(inp_Keyword& keyword) override { m_elements = &keyword; }
+///       void VisitSolidSection(inp_Keyword&) override { m_hasSection = true; }
+///       void VisitShellSection(inp_Keyword&) override { m_hasSection = true; }
+///
+///     private:
+///       inp_Keyword const* m_elements = nullptr; ///< the last *ELEMENT of the part
+///       bool m_hasSection = false;
+///     };
+///
+/// and this runs it, in a stage of the pipeline:
+///
+///     inp_SectionVisitor visitor;
+///     visitor.VisitListAndReport(keywords);
+///
+/// What it says is a row of its floor's list of messages:
+///
+///     INP_MESSAGE(PartWithoutSection, Warning, "Part %s has elements without a section.")
+class inp_Visitor : public mem_AllocationOperators, protected inp_Scope
 {
 public:
   inp_Visitor();
@@ -43,7 +101,7 @@ public:
   void SetInstanceName(inp_Keyword const& keyword);
   void SetPartName(inp_Keyword const& keyword);
   void SetStepName(inp_Keyword const& keyword);
-  void ClearInstanceName() { m_instanceName.Erase(); }
+  void ClearInstanceName();
   void ClearStepName() { m_stepName.Erase(); }
 
   cow_List<atr_String> const& GetErrorList() const { return m_errorList; }
@@ -62,28 +120,66 @@ public:
   void AddDiagnostics(VRXBasVector<VRXBasPair<int, atr_String>>& diagnostics);
 
 protected:
-  /// Appends a message about a keyword to the list that its row's severity names.
+  inp_Scope const& Scope() const { return *this; }
+
+  // Messages go to the list that their row's severity names. They begin with the keyword's place, but for
+  // those of SayAt, which are to stand without it in the text; all carry it as their origin.
   template <int Places, class... Arguments>
   void Say(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
            Arguments const&... arguments)
   {
     ListOf(row.severity).Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...)));
   }
+  /// With a list of items behind the words.
+  template <class T, int Places, class... Arguments>
+  void SayItems(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+                cow_List<T> const& items, Arguments const&... arguments)
+  {
+    ListOf(row.severity)
+      .Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...), items));
+  }
+  /// With the items on a line below; nothing when there are none.
+  template <int Places, class... Arguments>
+  void SayItemsBelow(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+                     cow_List<cow_String> const& items, Arguments const&... arguments)
+  {
+    if (items.Length() > 0)
+    {
+      ListOf(row.severity)
+        .Append(inp_Utils::MessageInKeyword(
+          keyword, inp_Utils::MessageWithItems(atr_Say(row, arguments...), items)));
+    }
+  }
+  /// About the keyword's parameter `subject`.
+  template <int Places, class... Arguments>
+  void SayOf(cow_String const& subject, atr_MessageRow<Places> const& row,
+             inp_Keyword const& keyword, Arguments const&... arguments)
+  {
+    atr_String message = inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...));
+    atr_Origin origin = *message.Origin();
+    origin.subject = subject;
+    message.SetOrigin(origin);
+    ListOf(row.severity).Append(message);
+  }
+  template <int Places, class... Arguments>
+  void SayAt(atr_Origin const& origin, atr_MessageRow<Places> const& row,
+             Arguments const&... arguments)
+  {
+    atr_String message = atr_Say(row, arguments...);
+    atr_Origin placed = origin;
+    placed.code = row.code;
+    message.SetOrigin(placed);
+    ListOf(row.severity).Append(message);
+  }
+  template <int Places, class... Arguments>
+  void SayAt(inp_Keyword const& keyword, atr_MessageRow<Places> const& row,
+             Arguments const&... arguments)
+  {
+    SayAt(inp_Utils::PlaceOf(keyword), row, arguments...);
+  }
 
   cow_List<atr_String>& ListOf(atr_severityEnm severity);
 
-  /// The walk stands in no part, instance, assembly or substructure: names here are the model's.
-  bool IsOutsideScopes() const
-  {
-    return m_substructurePathDepth < 1 && m_partName.Empty() && m_instanceName.Empty() &&
-           m_assemblyName.Empty();
-  }
-
-  cow_String m_partName;
-  cow_String m_assemblyName;
-  cow_String m_instanceName;
-  cow_String m_stepName;
-  int m_substructurePathDepth = 0; ///< levels entered by *SUBSTRUCTURE PATH
   cow_List<atr_String> m_errorList;
   cow_List<atr_String> m_warningList;
   cow_List<atr_String> m_fatalErrorList;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "inp_AssyLevelElemVisitor.h"
+#include "inp_LevelMaps.h"
 
 /// Reads what stands outside of *PART: elements and element sets within instances, and sets of the
 /// assembly.
@@ -15,8 +16,7 @@
 class inp_AssemblyElementVisitor : public inp_ElementVisitor
 {
 public:
-  inp_AssemblyElementVisitor(inpM_InstanceMap<inp_MapInt2Element> const& partElements,
-                             inpM_SetMap const& partElementSets, bool computesConnectivity);
+  inp_AssemblyElementVisitor(inp_PartMaps const& parts, bool computesConnectivity);
 
   /// The *ELEMENT keywords of the assembly itself, in deck order.
   cow_List<inp_Keyword> const& GetKeywords() const { return m_keywords; }
@@ -39,7 +39,6 @@ private:
 
   inpM_InstanceMap<inp_MapInt2Element> m_partElements;
   inpM_SetMap m_partElementSets;
-  cow_String m_part; ///< of the current instance
   cow_List<inp_Keyword> m_keywords;
   inp_AssyLevelElemVisitor m_own; ///< reads the elements of the assembly itself
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inp_LevelMaps.h"
 #include "inp_NodeVisitor.h"
 
 /// Reads what stands outside of *PART: positions of instances, nodes and node sets within them, and those
@@ -20,10 +21,9 @@
 class inp_AssemblyNodeVisitor : public inp_NodeVisitor
 {
 public:
-  /// `workingSets` are sets that the assembly and its instances have before the walk.
-  inp_AssemblyNodeVisitor(inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
-                          inpM_SetMap const& itsElementSets, inp_CoordMap const& partCoordMap,
-                          inpM_SetMap const& partNodeSets, inpM_SetMap const& workingSets,
+  /// `known` holds the elements and element sets of the instances, and node sets that the assembly and
+  /// its instances have before the walk.
+  inp_AssemblyNodeVisitor(inp_LevelMaps const& known, inp_PartMaps const& parts,
                           bool itComputesGeometry);
 
   /// The position of each instance.
@@ -43,5 +43,4 @@ private:
 
   inp_CoordMap m_partCoordMap;
   inpM_SetMap m_partNodeSets;
-  cow_String m_part; ///< of the current instance
 };

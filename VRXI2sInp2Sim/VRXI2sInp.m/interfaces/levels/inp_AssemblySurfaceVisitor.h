@@ -16,9 +16,7 @@
 class inp_AssemblySurfaceVisitor : public inp_SurfaceVisitor
 {
 public:
-  inp_AssemblySurfaceVisitor(inpM_SetMap const& itsNodeSets, inpM_SetMap const& itsElementSets,
-                             inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
-                             inp_CoordMap const& itsCoordMap, inpM_SurfaceMap const& partSurfaces);
+  inp_AssemblySurfaceVisitor(inp_LevelMaps const& maps, inp_PartMaps const& parts);
 
   void Visit(inp_Keyword& keyword) override;
   void VisitInstance(inp_Keyword& keyword) override;
@@ -35,5 +33,4 @@ private:
 
   inpM_SurfaceMap m_partSurfaces;
   std::set<std::pair<std::string, std::string>> m_analyticalSurfaces; ///< of parts: part, surface
-  cow_String m_part;                                                  ///< of the current instance
 };

@@ -16,11 +16,4 @@ public:
 
   void Visit(inp_Keyword& keyword) override;
   void VisitPart(inp_Keyword& keyword) override;
-  void VisitElcopy(inp_Keyword& keyword) override;
-  void VisitElement(inp_Keyword& keyword) override;
-  void VisitElgen(inp_Keyword& keyword) override;
-  void VisitElset(inp_Keyword& keyword) override;
-
-private:
-  bool IsInPart() const { return m_partName.Length() > 0; }
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inp_LevelMaps.h"
 #include "inp_NodeVisitor.h"
 
 /// Reads the nodes and node sets inside *PART; what stands elsewhere is passed over.
@@ -10,18 +11,9 @@
 class inp_PartNodeVisitor : public inp_NodeVisitor
 {
 public:
-  inp_PartNodeVisitor(inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
-                      inpM_SetMap const& itsElementSets, bool itComputesGeometry);
+  /// `known` holds the elements and element sets.
+  inp_PartNodeVisitor(inp_LevelMaps const& known, bool itComputesGeometry);
 
   void Visit(inp_Keyword& keyword) override;
   void VisitPart(inp_Keyword& keyword) override;
-  void VisitNcopy(inp_Keyword& keyword) override;
-  void VisitNfill(inp_Keyword& keyword) override;
-  void VisitNgen(inp_Keyword& keyword) override;
-  void VisitNmap(inp_Keyword& keyword) override;
-  void VisitNode(inp_Keyword& keyword) override;
-  void VisitNset(inp_Keyword& keyword) override;
-
-private:
-  bool IsInPart() const { return m_partName.Length() > 0; }
 };

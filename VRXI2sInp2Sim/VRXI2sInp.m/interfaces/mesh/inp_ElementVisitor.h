@@ -74,15 +74,9 @@ protected:
   };
 
   cow_String KeywordName() const override { return "*ELEMENT"; }
-  bool IsValidInstanceName(cow_String const& name) const override { return name == CurrentName(); }
+  bool IsValidInstanceName(cow_String const& name) const override { return name == MeshScope(); }
 
-  /// The part or, outside of parts, the instance; empty for the assembly.
-  cow_String const& CurrentName() const
-  {
-    return m_partName.Length() > 0 ? m_partName : m_instanceName;
-  }
-
-  /// The elements of the current name, for writing; made when there are none. Good until `elements` is
+  /// The elements of the scope, for writing; made when there are none. Good until `elements` is
   /// copied or changed otherwise. Who shares the table so far keeps it as it is.
   inp_MapInt2Element& CurrentElements();
 

@@ -48,7 +48,7 @@ public:
   void VisitElgen(inp_Keyword& keyword) override;
   void VisitInstance(inp_Keyword& keyword) override;
   void VisitPart(inp_Keyword& keyword) override;
-  virtual bool IsValidInstanceName(cow_String const& name) const { return name == CurrentName(); }
+  virtual bool IsValidInstanceName(cow_String const& name) const { return name == MeshScope(); }
 
 protected:
   /// The largest label of a part or an instance, 0 for one without nodes.
@@ -68,11 +68,6 @@ protected:
 
   /// The set, or null with a message.
   inpM_BaseSet const* CheckExistenceOfSet(inp_Keyword const& keyword, cow_String const& name);
-
-  cow_String const& CurrentName() const
-  {
-    return m_partName.Length() > 0 ? m_partName : m_instanceName;
-  }
 
   inp_CoordMap coordMap;
   inpM_InstanceMap<inp_MapInt2Element> elements;

@@ -52,13 +52,7 @@ public:
 
 protected:
   cow_String KeywordName() const override { return "*NODE"; }
-  bool IsValidInstanceName(cow_String const& name) const override { return name == CurrentName(); }
-
-  /// The scope of nodes and elements; empty at assembly level.
-  cow_String const& CurrentName() const
-  {
-    return m_partName.Length() > 0 ? m_partName : m_instanceName;
-  }
+  bool IsValidInstanceName(cow_String const& name) const override { return name == MeshScope(); }
 
   /// The position of the node whose label a field gives; the origin when there is none.
   gsl_Point ReadNodeFromKeywordData(inp_Keyword const& keyword, cow_String const& instanceName,

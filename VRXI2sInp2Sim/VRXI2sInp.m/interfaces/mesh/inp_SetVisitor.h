@@ -53,12 +53,6 @@ protected:
   bool IsInstance(cow_String const& name) const;
   bool IsImportedInstance(cow_String const& name) const;
 
-  /// The scope of sets; empty for the assembly.
-  cow_String const& CurrentSetScope() const
-  {
-    return m_instanceName.Length() > 0 ? m_instanceName : m_partName;
-  }
-
   /// Tells whether a set may have the name, with a message when it may not. To be asked before the rows
   /// of a keyword are read.
   bool CheckSetName(inp_Keyword const& keyword, cow_String const& name);
@@ -115,8 +109,9 @@ protected:
   inpM_SetHandle GenerateSet(inp_Keyword const& keyword, bool internal, bool unsorted);
   inpM_SetHandle GenerateAssemblySet(inp_Keyword const& keyword, bool internal, bool unsorted);
 
-  // The same with the members of the set that has this name already, for ReplaceSet. An old set keeps its kind, but becomes sorted when the keyword is. It gains
-  // the members where it is, so that a set of many keywords is not copied for each.
+  // The same with the members of the set that has this name already, for ReplaceSet. An old set keeps its
+  // kind, but becomes sorted when the keyword is. It gains the members where it is, so that a set of many
+  // keywords is not copied for each.
   inpM_SetHandle ReadIdsAndSetNamesAccumulate(inp_Keyword const& keyword, cow_String const& name,
                                               bool internal, bool unsorted, bool includeAll);
   inpM_SetHandle ReadAssemblyIdsAndSetNamesAccumulate(inpM_SetMap& setMap,
@@ -137,15 +132,6 @@ protected:
   /// name them before the program fills them. Those that exist are reported.
   void MakeMixtureSets(inp_Keyword const& keyword);
 
-  /// As Say, with a list of items behind the words.
-  template <class T, int Places, class... Arguments>
-  void SayItems(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
-                cow_List<T> const& items, Arguments const&... arguments)
-  {
-    ListOf(row.severity)
-      .Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...), items));
-  }
-
   inpM_SetMap sets;                   ///< being filled
   inpM_SetMap assemblySets;           ///< the assembly's copy, for walks of a level that keep two
   cow_List<cow_String> instanceNames; ///< ascending
@@ -156,7 +142,10 @@ protected:
 
 private:
   struct Faults;
+  class PartReader;
   class AssemblyReader;
+  template <class Reader>
+  inpM_SetHandle ReadRows(Reader& reader, inp_Keyword const& keyword, inpM_SetHandle const& set);
   template <class Read>
   inpM_SetHandle Accumulate(inpM_SetMap& setMap, cow_String const& name, bool internal,
                             bool unsorted, Read const& read);

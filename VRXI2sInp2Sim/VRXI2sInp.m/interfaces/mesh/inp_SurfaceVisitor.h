@@ -1,10 +1,6 @@
 #pragma once
 
-#include "inpM_InstanceMap.h"
-#include "inpM_SetMap.h"
-#include "inpM_SurfaceMap.h"
-#include "inp_CoordMap.h"
-#include "inp_MapInt2Element.h"
+#include "inp_LevelMaps.h"
 #include "inp_Visitor.h"
 #include "mem_Budget.h"
 
@@ -36,9 +32,7 @@ class inp_CropDefinition;
 class inp_SurfaceVisitor : public inp_Visitor
 {
 public:
-  inp_SurfaceVisitor(inpM_SetMap const& itsNodeSets, inpM_SetMap const& itsElementSets,
-                     inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
-                     inp_CoordMap const& itsCoordMap);
+  explicit inp_SurfaceVisitor(inp_LevelMaps const& maps);
 
   /// The part of each instance. An instance that is not among them cannot be named by a row.
   void setInstancePartNames(inpM_InstanceMap<cow_String> const& names) { instanceParts = names; }
@@ -69,12 +63,6 @@ protected:
   virtual inpM_PartInstanceSurfaceHandle CreateCombinedInstanceLevelSurface(inp_Keyword& keyword);
   inpM_AssemblyInstanceSurface CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword);
 
-  /// The scope of surfaces; empty for the assembly.
-  cow_String const& CurrentScope() const
-  {
-    return m_instanceName.Length() > 0 ? m_instanceName : m_partName;
-  }
-
   inpM_SetMap nodeSets;
   inpM_SetMap elementSets;
   inpM_SurfaceMap surfaces; ///< being filled
@@ -87,8 +75,9 @@ protected:
 private:
   class Faults;
   class Repeats;
+  class PartRows;
   class AssemblyRows;
-  struct Place;
+  struct FaceOrArea;
 
   bool IsNodeSurface(inp_Keyword const& keyword) const;
   inpM_SetMap const& SetsOfKind() const { return isNodeSurface ? nodeSets : elementSets; }
@@ -99,9 +88,6 @@ private:
   static int FirstSurfaceRow(inp_Keyword const& keyword);
   void SayMissingSets(inp_Keyword const& keyword, Faults const& faults);
   bool HasRoomFor(inpM_BaseSet const& set, cow_String const& name, Faults& faults);
-  template <int Places>
-  void SayNames(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
-                cow_List<cow_String> const& names);
 
   static constexpr std::size_t c_mostOfSet = mem_Budget(50000000);
   static constexpr std::size_t c_mostAdded = 4 * c_mostOfSet;

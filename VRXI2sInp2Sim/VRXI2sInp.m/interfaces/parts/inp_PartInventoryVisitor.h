@@ -1,16 +1,14 @@
 #pragma once
 
 #include "cow_Btree.h"
-#include "inpM_InstanceMap.h"
-#include "inpM_SetMap.h"
-#include "inp_MapInt2Element.h"
+#include "inp_LevelMaps.h"
 #include "inp_PartContents.h"
 #include "inp_Visitor.h"
 
 /// Checks the rules that span keywords: what may share a part, at which level rigid bodies and
 /// analytical surfaces may be defined, and who refers to whom.
 ///
-///     inp_PartInventoryVisitor inventory(partElements, instanceElements, partElsets, assyElsets);
+///     inp_PartInventoryVisitor inventory(model.PartMaps(), model.AssemblyMaps());
 ///     inventory.VisitList(keywords);         // only a deck with parts
 ///     inventory.CheckViolations();           // likewise
 ///     inventory.CheckOutOfPlace(keywords);
@@ -27,14 +25,9 @@
 class inp_PartInventoryVisitor : public inp_Visitor
 {
 public:
-  inp_PartInventoryVisitor(inpM_InstanceMap<inp_MapInt2Element> const& partElements,
-                           inpM_InstanceMap<inp_MapInt2Element> const& instanceElements,
-                           inpM_SetMap const& elementSetsOfParts,
-                           inpM_SetMap const& elementSetsOfAssembly);
+  inp_PartInventoryVisitor(inp_PartMaps const& parts, inp_LevelMaps const& assembly);
 
   void DefaultAction(inp_Keyword& keyword) override;
-  void VisitAssembly(inp_Keyword& keyword) override;
-  void VisitEndInstance(inp_Keyword& keyword) override;
   void VisitInstance(inp_Keyword& keyword) override;
   void VisitPart(inp_Keyword& keyword) override;
   void VisitRigidBody(inp_Keyword& keyword) override;
@@ -71,16 +64,6 @@ protected:
 private:
   using SurfaceTree = cow_Btree<cow_String, inp_SurfaceUses>;
 
-  template <int Places, class... Arguments>
-  void SayAt(atr_Origin const& place, atr_MessageRow<Places> const& row,
-             Arguments const&... arguments);
-  template <int Places, class... Arguments>
-  void SayAt(inp_Keyword const& keyword, atr_MessageRow<Places> const& row,
-             Arguments const&... arguments);
-
-  bool IsInPart() const { return m_partName.Length() > 0; }
-  bool IsInInstance() const { return !IsInPart() && m_instanceName.Length() > 0; }
-
   void CheckRigidBodyOfPart(inp_Keyword const& keyword);
   void CheckRigidBodyOfAssembly(inp_Keyword const& keyword);
   void CheckReferencedPart(inp_Keyword const& keyword, char const* parameter);
@@ -106,23 +89,4 @@ private:
   inpM_InstanceMap<cow_String> instanceParts; ///< instance to part
   SurfaceTree instanceSurfaces;               ///< of instances, by instance.surface
   SurfaceTree assemblySurfaces;               ///< references from the assembly, likewise
-  cow_String levelName; ///< part or instance that the walk is in, or "ASSEMBLY"
 };
-
-template <int Places, class... Arguments>
-void inp_PartInventoryVisitor::SayAt(atr_Origin const& place, atr_MessageRow<Places> const& row,
-                                     Arguments const&... arguments)
-{
-  atr_String message = atr_Say(row, arguments...);
-  atr_Origin origin = place;
-  origin.code = row.code;
-  message.SetOrigin(origin);
-  ListOf(row.severity).Append(message);
-}
-
-template <int Places, class... Arguments>
-void inp_PartInventoryVisitor::SayAt(inp_Keyword const& keyword, atr_MessageRow<Places> const& row,
-                                     Arguments const&... arguments)
-{
-  SayAt(inp_Utils::PlaceOf(keyword), row, arguments...);
-}

@@ -4,12 +4,8 @@
 #include "cow_List.h"
 #include "cow_String.h"
 #include "gsl_Matrix.h"
-#include "inpM_InstanceMap.h"
-#include "inpM_SetMap.h"
-#include "inpM_SurfaceMap.h"
-#include "inp_CoordMap.h"
 #include "inp_Keyword.h"
-#include "inp_MapInt2Element.h"
+#include "inp_LevelMaps.h"
 #include "inp_ModelParameters.h"
 
 class eli_eostream;
@@ -76,6 +72,10 @@ public:
   /// maps keep the user's labels, except that the elements of the assembly name their nodes by these
   /// numbers, as such a node may be any instance's.
   void NumberModel();
+
+  /// The maps below as one value, of which visitors take what they need. A copy shares the maps.
+  inp_PartMaps PartMaps() const;
+  inp_LevelMaps AssemblyMaps() const;
 
   /// Writes every keyword as deck lines, in list order.
   void Print(eli_eostream& stream) const;
@@ -158,4 +158,6 @@ private:
   void ReleasePartRows(bool lumen);
   void ReleasePartElements() { partElementMap = inpM_InstanceMap<inp_MapInt2Element>(); }
   void ExtractAssemblyMaps(bool lumen);
+  void SetPartMaps(inp_PartMaps const& maps);
+  void SetAssemblyMaps(inp_LevelMaps const& maps);
 };

@@ -144,7 +144,7 @@ void inp_Visitor::VisitInstance(inp_Keyword& keyword)
 void inp_Visitor::VisitEndInstance(inp_Keyword& keyword)
 {
   DefaultAction(keyword);
-  m_instanceName.Erase();
+  ClearInstanceName();
 }
 
 void inp_Visitor::VisitStep(inp_Keyword& keyword)
@@ -185,6 +185,13 @@ void inp_Visitor::SetInstanceName(inp_Keyword const& keyword)
   {
     TakeName(keyword, "instance", m_instanceName);
   }
+  m_instancePart = keyword.NameIn("part");
+}
+
+void inp_Visitor::ClearInstanceName()
+{
+  m_instanceName.Erase();
+  m_instancePart.Erase();
 }
 
 void inp_Visitor::SetPartName(inp_Keyword const& keyword) { TakeName(keyword, "name", m_partName); }

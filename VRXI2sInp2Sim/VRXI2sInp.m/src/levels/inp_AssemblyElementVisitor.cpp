@@ -64,12 +64,11 @@ bool HasAny(inpM_BaseSet const& set, inpM_OmiSet const& ids)
 
 } // namespace
 
-inp_AssemblyElementVisitor::inp_AssemblyElementVisitor(
-  inpM_InstanceMap<inp_MapInt2Element> const& partElements, inpM_SetMap const& partElementSets,
-  bool computesConnectivity)
+inp_AssemblyElementVisitor::inp_AssemblyElementVisitor(inp_PartMaps const& parts,
+                                                       bool computesConnectivity)
   : inp_ElementVisitor(computesConnectivity),
-    m_partElements(partElements),
-    m_partElementSets(partElementSets)
+    m_partElements(parts.elements),
+    m_partElementSets(parts.elsets)
 {
 }
 
@@ -85,17 +84,16 @@ void inp_AssemblyElementVisitor::Visit(inp_Keyword& keyword)
 void inp_AssemblyElementVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = keyword.NameIn("part");
   if (m_instanceName.Empty())
   {
     return;
   }
-  bool const hasElements = m_partElements.IsMember(m_part);
+  bool const hasElements = m_partElements.IsMember(m_instancePart);
   elements.Insert(m_instanceName,
-                  hasElements ? m_partElements.ConstGet(m_part) : inp_MapInt2Element());
-  if (m_partElementSets.HasInstance(m_part))
+                  hasElements ? m_partElements.ConstGet(m_instancePart) : inp_MapInt2Element());
+  if (m_partElementSets.HasInstance(m_instancePart))
   {
-    sets.InsertNestedSetMap(m_instanceName, m_partElementSets.ConstGetNestedSetMap(m_part));
+    sets.InsertNestedSetMap(m_instanceName, m_partElementSets.ConstGetNestedSetMap(m_instancePart));
   }
 }
 
@@ -107,7 +105,7 @@ void inp_AssemblyElementVisitor::VisitEndInstance(inp_Keyword& keyword)
 
 void inp_AssemblyElementVisitor::VisitElement(inp_Keyword& keyword)
 {
-  if (CurrentName().Length() > 0)
+  if (MeshScope().Length() > 0)
   {
     inp_ElementVisitor::VisitElement(keyword);
   }
@@ -151,10 +149,10 @@ void inp_AssemblyElementVisitor::PutNumbers(inp_NodeNumbers& numbers)
 void inp_AssemblyElementVisitor::VisitElset(inp_Keyword& keyword)
 {
   cow_String const name = keyword.NameIn("elset");
-  if (m_instanceName.Length() > 0 && m_part.Length() > 0 &&
-      m_partElementSets.HasNestedSet(m_part, name))
+  if (m_instanceName.Length() > 0 && m_instancePart.Length() > 0 &&
+      m_partElementSets.HasNestedSet(m_instancePart, name))
   {
-    Say(inp_msgElementSetOfPartRedefined, keyword, name, m_part, m_instanceName);
+    Say(inp_msgElementSetOfPartRedefined, keyword, name, m_instancePart, m_instanceName);
     return;
   }
   inp_ElementVisitor::VisitElset(keyword);

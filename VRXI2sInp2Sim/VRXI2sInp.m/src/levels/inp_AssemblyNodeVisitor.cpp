@@ -25,13 +25,11 @@ bool HasRow(inp_DataArray const& data, int row)
 
 } // namespace
 
-inp_AssemblyNodeVisitor::inp_AssemblyNodeVisitor(
-  inpM_InstanceMap<inp_MapInt2Element> const& itsElements, inpM_SetMap const& itsElementSets,
-  inp_CoordMap const& partCoordMap, inpM_SetMap const& partNodeSets, inpM_SetMap const& workingSets,
-  bool itComputesGeometry)
-  : inp_NodeVisitor(itsElements, itsElementSets, workingSets, itComputesGeometry),
-    m_partCoordMap(partCoordMap),
-    m_partNodeSets(partNodeSets)
+inp_AssemblyNodeVisitor::inp_AssemblyNodeVisitor(inp_LevelMaps const& known,
+                                                 inp_PartMaps const& parts, bool itComputesGeometry)
+  : inp_NodeVisitor(known.elements, known.elsets, known.nsets, itComputesGeometry),
+    m_partCoordMap(parts.nodes),
+    m_partNodeSets(parts.nsets)
 {
   reportBlended = true;
 }
@@ -52,7 +50,6 @@ bool inp_AssemblyNodeVisitor::IsValidInstanceName(cow_String const& name) const
 void inp_AssemblyNodeVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = keyword.NameIn("part");
   systemTransform.FillIdentity();
   instanceTransform.FillIdentity();
   ReadPosition(keyword);
@@ -60,12 +57,13 @@ void inp_AssemblyNodeVisitor::VisitInstance(inp_Keyword& keyword)
   {
     return;
   }
-  if (m_partNodeSets.HasInstance(m_part))
+  if (m_partNodeSets.HasInstance(m_instancePart))
   {
-    sets.InsertNestedSetMap(m_instanceName, m_partNodeSets.ConstGetNestedSetMap(m_part));
+    sets.InsertNestedSetMap(m_instanceName, m_partNodeSets.ConstGetNestedSetMap(m_instancePart));
   }
-  inp_CoordMap coords =
-    m_partCoordMap.IsMember(m_part) ? m_partCoordMap.ConstGet(m_part) : inp_CoordMap();
+  inp_CoordMap coords = m_partCoordMap.IsMember(m_instancePart)
+                          ? m_partCoordMap.ConstGet(m_instancePart)
+                          : inp_CoordMap();
   if (!instanceTransform.IsIdentity())
   {
     coords.Transform(instanceTransform);
@@ -118,7 +116,6 @@ void inp_AssemblyNodeVisitor::VisitEndInstance(inp_Keyword& keyword)
 {
   DefaultAction(keyword);
   ClearInstanceName();
-  m_part.Erase();
   instanceTransform.FillIdentity();
   systemTransform.FillIdentity();
 }
@@ -126,10 +123,10 @@ void inp_AssemblyNodeVisitor::VisitEndInstance(inp_Keyword& keyword)
 void inp_AssemblyNodeVisitor::VisitNset(inp_Keyword& keyword)
 {
   cow_String const name = keyword.NameIn("nset");
-  if (m_instanceName.Length() > 0 && m_part.Length() > 0 &&
-      m_partNodeSets.HasNestedSet(m_part, name))
+  if (m_instanceName.Length() > 0 && m_instancePart.Length() > 0 &&
+      m_partNodeSets.HasNestedSet(m_instancePart, name))
   {
-    Say(inp_msgNodeSetOfPartRedefined, keyword, name, m_part, m_instanceName);
+    Say(inp_msgNodeSetOfPartRedefined, keyword, name, m_instancePart, m_instanceName);
     return;
   }
   inp_NodeVisitor::VisitNset(keyword);

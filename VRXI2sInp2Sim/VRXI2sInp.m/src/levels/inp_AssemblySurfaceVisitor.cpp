@@ -15,12 +15,9 @@ bool IsAnalyticalSurface(inp_Keyword const& keyword)
 
 } // namespace
 
-inp_AssemblySurfaceVisitor::inp_AssemblySurfaceVisitor(
-  inpM_SetMap const& itsNodeSets, inpM_SetMap const& itsElementSets,
-  inpM_InstanceMap<inp_MapInt2Element> const& itsElements, inp_CoordMap const& itsCoordMap,
-  inpM_SurfaceMap const& partSurfaces)
-  : inp_SurfaceVisitor(itsNodeSets, itsElementSets, itsElements, itsCoordMap),
-    m_partSurfaces(partSurfaces)
+inp_AssemblySurfaceVisitor::inp_AssemblySurfaceVisitor(inp_LevelMaps const& maps,
+                                                       inp_PartMaps const& parts)
+  : inp_SurfaceVisitor(maps), m_partSurfaces(parts.surfaces)
 {
 }
 
@@ -51,11 +48,11 @@ void inp_AssemblySurfaceVisitor::NoteAnalyticalSurfaces(inp_Keyword const& part)
 void inp_AssemblySurfaceVisitor::VisitInstance(inp_Keyword& keyword)
 {
   SetInstanceName(keyword);
-  m_part = keyword.NameIn("part");
-  if (m_instanceName.Length() > 0 && m_partSurfaces.HasInstanceInPartInstanceSurfaceMap(m_part))
+  if (m_instanceName.Length() > 0 &&
+      m_partSurfaces.HasInstanceInPartInstanceSurfaceMap(m_instancePart))
   {
-    surfaces.InsertPartInstanceSurfaceMap(m_instanceName,
-                                          m_partSurfaces.ConstGetPartInstanceSurfaceMap(m_part));
+    surfaces.InsertPartInstanceSurfaceMap(
+      m_instanceName, m_partSurfaces.ConstGetPartInstanceSurfaceMap(m_instancePart));
   }
 }
 
@@ -63,7 +60,6 @@ void inp_AssemblySurfaceVisitor::VisitEndInstance(inp_Keyword& keyword)
 {
   DefaultAction(keyword);
   ClearInstanceName();
-  m_part.Erase();
 }
 
 /// The current instance's part has a surface of the keyword's name already, which is an error.
@@ -72,11 +68,11 @@ bool inp_AssemblySurfaceVisitor::RedefinesSurfaceOfPart(inp_Keyword const& keywo
   cow_String const name = keyword.NameIn("name");
   bool const isOfPart =
     m_instanceName.Length() > 0 && name.Length() > 0 &&
-    (m_partSurfaces.IsMemberPartInstanceSurface(m_part, name) ||
-     m_analyticalSurfaces.contains({std::string(m_part.View()), std::string(name.View())}));
+    (m_partSurfaces.IsMemberPartInstanceSurface(m_instancePart, name) ||
+     m_analyticalSurfaces.contains({std::string(m_instancePart.View()), std::string(name.View())}));
   if (isOfPart)
   {
-    Say(inp_msgSurfaceOfPartRedefined, keyword, name, m_part, m_instanceName);
+    Say(inp_msgSurfaceOfPartRedefined, keyword, name, m_instancePart, m_instanceName);
   }
   return isOfPart;
 }
@@ -99,7 +95,7 @@ void inp_AssemblySurfaceVisitor::VisitRigidSurface(inp_Keyword& keyword)
 
 void inp_AssemblySurfaceVisitor::VisitAnalyticalSurface(inp_Keyword& keyword)
 {
-  if (CurrentScope().Empty())
+  if (SetScope().Empty())
   {
     Say(inp_msgAnalyticalSurfaceInAssembly, keyword);
   }

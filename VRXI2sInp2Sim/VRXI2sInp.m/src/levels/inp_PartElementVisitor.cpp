@@ -18,35 +18,3 @@ void inp_PartElementVisitor::VisitPart(inp_Keyword& keyword)
     elements.Insert(m_partName, inp_MapInt2Element());
   }
 }
-
-void inp_PartElementVisitor::VisitElcopy(inp_Keyword& keyword)
-{
-  if (IsInPart())
-  {
-    inp_ElementVisitor::VisitElcopy(keyword);
-  }
-}
-
-void inp_PartElementVisitor::VisitElement(inp_Keyword& keyword)
-{
-  if (IsInPart())
-  {
-    inp_ElementVisitor::VisitElement(keyword);
-  }
-}
-
-void inp_PartElementVisitor::VisitElgen(inp_Keyword& keyword)
-{
-  if (IsInPart())
-  {
-    inp_ElementVisitor::VisitElgen(keyword);
-  }
-}
-
-void inp_PartElementVisitor::VisitElset(inp_Keyword& keyword)
-{
-  if (IsInPart())
-  {
-    inp_ElementVisitor::VisitElset(keyword);
-  }
-}

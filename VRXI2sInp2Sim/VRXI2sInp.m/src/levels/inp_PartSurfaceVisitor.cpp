@@ -4,7 +4,7 @@
 
 void inp_PartSurfaceVisitor::Visit(inp_Keyword& keyword)
 {
-  if (keyword.Is(inp_kwPart) || m_partName.Length() > 0)
+  if (keyword.Is(inp_kwPart) || IsInPart())
   {
     inp_SurfaceVisitor::Visit(keyword);
   }

@@ -76,7 +76,7 @@ inp_ElementVisitor::inp_ElementVisitor(inpM_SetMap const& workingSets, bool comp
 
 inp_MapInt2Element& inp_ElementVisitor::CurrentElements()
 {
-  cow_String const name = CurrentName();
+  cow_String const name = MeshScope();
   if (name.Empty())
   {
     if (!elements.HasValue())
@@ -119,7 +119,7 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword)
   Found found(CurrentElements());
   inp_ElementRows rows(
     keyword.data, definition.family,
-    CurrentName().Empty() ? inp_ElementRows::c_asTheyAre : inp_ElementRows::c_checked,
+    MeshScope().Empty() ? inp_ElementRows::c_asTheyAre : inp_ElementRows::c_checked,
     allowBlankMidNodes ? inp_ElementRows::c_markBlanks : inp_ElementRows::c_dropBlanks);
   while (rows.Next())
   {
@@ -301,7 +301,7 @@ bool inp_ElementVisitor::CheckNodes(inp_Keyword const& keyword, Definition const
         cow_String(rows.Label()));
     return false;
   }
-  if (CurrentName().Length() > 0)
+  if (MeshScope().Length() > 0)
   {
     return true;
   }

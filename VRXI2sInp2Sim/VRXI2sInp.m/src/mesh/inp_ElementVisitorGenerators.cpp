@@ -153,7 +153,7 @@ void inp_ElementVisitor::MakeBlock(inp_Keyword const& keyword,
 inpM_BaseSet const* inp_ElementVisitor::CheckExistenceOfOldSet(inp_Keyword const& keyword,
                                                                cow_String const& name)
 {
-  cow_String place = CurrentName();
+  cow_String place = MeshScope();
   bool const isSearched = !hasAssemblySets || sets.SearchAssemblyAndInstancesForSet(name, place);
   inpM_BaseSet const* const set = isSearched ? sets.ConstFindNestedSet(place, name) : nullptr;
   if (set == nullptr)

@@ -26,7 +26,7 @@ void inp_ElementVisitor::VisitElset(inp_Keyword& keyword)
   bool const internal = keyword.HasParameter("internal");
   bool const unsorted = keyword.HasParameter("unsorted");
   bool const generates = keyword.HasParameter("generate");
-  if (CurrentSetScope().Empty())
+  if (SetScope().Empty())
   {
     ReplaceSet(keyword, name,
                generates ? GenerateAssemblySetAccumulate(sets, keyword, name, internal, unsorted)

@@ -84,8 +84,8 @@ void inp_NodeGenerationVisitor::BeginScope()
 bool inp_NodeGenerationVisitor::IsInScope() const
 {
   cow_String const& scope = m_isInParts ? m_partName : m_instanceName;
-  return m_checksNodes && scope.Length() > 0 && elements.IsMember(CurrentName()) &&
-         coordMap.IsMember(CurrentName());
+  return m_checksNodes && scope.Length() > 0 && elements.IsMember(MeshScope()) &&
+         coordMap.IsMember(MeshScope());
 }
 
 int inp_NodeGenerationVisitor::FindMaxNodeLabel(cow_String const& name) const
@@ -154,7 +154,7 @@ void inp_NodeGenerationVisitor::VisitElgen(inp_Keyword& keyword)
   {
     return;
   }
-  inp_MapInt2Element const map = elements.ConstGet(CurrentName());
+  inp_MapInt2Element const map = elements.ConstGet(MeshScope());
   for (int row = 0; row < keyword.data.Rows(); ++row)
   {
     inp_ElementGeneration generation;
@@ -223,7 +223,7 @@ void inp_NodeGenerationVisitor::VisitElcopy(inp_Keyword& keyword)
 inpM_BaseSet const* inp_NodeGenerationVisitor::CheckExistenceOfSet(inp_Keyword const& keyword,
                                                                    cow_String const& name)
 {
-  inpM_BaseSet const* set = elementSets.ConstFindNestedSet(CurrentName(), name);
+  inpM_BaseSet const* set = elementSets.ConstFindNestedSet(MeshScope(), name);
   cow_String place;
   if (set == nullptr && elementSets.SearchAssemblyAndInstancesForSet(name, place))
   {
@@ -239,7 +239,7 @@ inpM_BaseSet const* inp_NodeGenerationVisitor::CheckExistenceOfSet(inp_Keyword c
 void inp_NodeGenerationVisitor::CompleteElement(inp_Keyword const& keyword, int label,
                                                 ShortRow const& tooFewNodes)
 {
-  inp_MapInt2Element map = elements.ConstGet(CurrentName());
+  inp_MapInt2Element map = elements.ConstGet(MeshScope());
   inp_Element* const element = map.GetEltPtr(label);
   inp_ElementInfo const* const info =
     element == nullptr ? nullptr : inp_ElementInfo::elementInfo(element->type());
@@ -247,7 +247,7 @@ void inp_NodeGenerationVisitor::CompleteElement(inp_Keyword const& keyword, int 
   {
     return;
   }
-  inp_CoordMap& coords = coordMap.Get(CurrentName());
+  inp_CoordMap& coords = coordMap.Get(MeshScope());
   if (inp_IsGasketWithMidsideNodes(element->type()) &&
       element->numNodesPerElement() == c_nodesOfQuadraticGasket)
   {
@@ -264,7 +264,7 @@ void inp_NodeGenerationVisitor::CompleteElement(inp_Keyword const& keyword, int 
 int inp_NodeGenerationVisitor::LargestLabelOfConnectivity() const
 {
   int largest = 0;
-  for (inp_MapInt2ElementIT it(elements.ConstGet(CurrentName())); !it.IsDone(); it.Next())
+  for (inp_MapInt2ElementIT it(elements.ConstGet(MeshScope())); !it.IsDone(); it.Next())
   {
     inp_Element const& element = it.CurrentValue();
     int const* const nodes = element.topology();
@@ -280,7 +280,7 @@ int inp_NodeGenerationVisitor::NewLabel()
 {
   if (nextLabel == 0)
   {
-    nextLabel = std::max(FindMaxNodeLabel(CurrentName()), LargestLabelOfConnectivity()) + 1;
+    nextLabel = std::max(FindMaxNodeLabel(MeshScope()), LargestLabelOfConnectivity()) + 1;
   }
   return nextLabel < inpM_largestLabel ? ++nextLabel : 0;
 }

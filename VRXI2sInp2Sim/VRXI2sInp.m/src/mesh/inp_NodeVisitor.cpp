@@ -77,7 +77,7 @@ inp_NodeVisitor::inp_NodeVisitor(inpM_InstanceMap<inp_MapInt2Element> const& its
 
 inp_CoordMap* inp_NodeVisitor::TargetMap(inp_Keyword const& keyword)
 {
-  cow_String const& name = CurrentName();
+  cow_String const& name = MeshScope();
   if (name.Empty())
   {
     return &coordMap;

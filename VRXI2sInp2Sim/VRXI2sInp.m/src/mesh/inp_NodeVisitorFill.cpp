@@ -120,7 +120,7 @@ struct inp_NodeVisitor::FillRow
 
 inpM_BaseSet const* inp_NodeVisitor::FindNodeSet(inp_Keyword const& keyword, cow_String const& name)
 {
-  cow_String scope = CurrentSetScope();
+  cow_String scope = SetScope();
   bool const isSearched = !hasAssemblySets || sets.SearchAssemblyAndInstancesForSet(name, scope);
   inpM_BaseSet const* const set = isSearched ? sets.ConstFindNestedSet(scope, name) : nullptr;
   if (set == nullptr)

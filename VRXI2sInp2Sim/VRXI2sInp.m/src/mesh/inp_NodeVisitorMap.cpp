@@ -142,7 +142,7 @@ void inp_NodeVisitor::ReadMapping(inp_Keyword const& keyword, cow_String const& 
   inp_NumberFields fields(keyword);
   auto const point = [&](int row, int index)
   {
-    return namesNodes ? ReadNodeFromKeywordData(keyword, CurrentName(), row, index)
+    return namesNodes ? ReadNodeFromKeywordData(keyword, MeshScope(), row, index)
                       : fields.Point(row, 3 * index);
   };
   mapping.a = point(0, 0);
@@ -256,7 +256,7 @@ void inp_NodeVisitor::VisitNmap(inp_Keyword& keyword)
     }
     return;
   }
-  inpM_BaseSet const* const set = sets.ConstFindNestedSet(CurrentSetScope(), name);
+  inpM_BaseSet const* const set = sets.ConstFindNestedSet(SetScope(), name);
   if (set == nullptr)
   {
     Say(inp_msgNodeSetMissing, keyword, name);

@@ -107,7 +107,7 @@ void inp_NodeVisitor::ReadNodeSet(inp_Keyword const& keyword, cow_String const& 
 {
   bool const unsorted = keyword.HasParameter("unsorted");
   bool const internal = keyword.HasParameter("internal");
-  bool const inAssembly = CurrentName().Empty();
+  bool const inAssembly = MeshScope().Empty();
   if (keyword.HasParameter("generate"))
   {
     ReplaceSet(keyword, name,
@@ -133,9 +133,8 @@ void inp_NodeVisitor::AddNodesOfElements(inp_Keyword const& keyword, cow_String 
   NodesOfElements found{elements,
                         CreateSet(cow_List<int>(), internal ? inpM_internalSet : inpM_plainSet)};
   cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(elset);
-  cow_String const scope = CurrentName().Empty() && pieces.Length() > 1
-                             ? pieces.ConstGet(pieces.Length() - 2)
-                             : CurrentName();
+  cow_String const scope =
+    MeshScope().Empty() && pieces.Length() > 1 ? pieces.ConstGet(pieces.Length() - 2) : MeshScope();
   bool const isAdded = scope.Empty() ? AddNodesOfAssembly(keyword, elset, found)
                                      : AddNodesOfScope(keyword, elset, scope, found);
   if (!isAdded)
@@ -145,7 +144,7 @@ void inp_NodeVisitor::AddNodesOfElements(inp_Keyword const& keyword, cow_String 
   MergeSet(keyword, name, found.nodes);
   if (!found.unfinished->IsEmpty())
   {
-    m_unfinished.AddToNestedSet(CurrentSetScope(), name, *found.unfinished);
+    m_unfinished.AddToNestedSet(SetScope(), name, *found.unfinished);
   }
 }
 
@@ -170,7 +169,7 @@ void inp_NodeVisitor::InheritUnfinished(inp_Keyword const& keyword, cow_String c
 
 void inp_NodeVisitor::InheritUnfinishedOf(cow_String const& field, cow_String const& name)
 {
-  cow_String const scope = CurrentSetScope();
+  cow_String const scope = SetScope();
   cow_String place = scope;
   cow_String setName = field;
   if (scope.Length() > 0 && hasAssemblySets)
@@ -257,7 +256,7 @@ bool inp_NodeVisitor::AddNodesOfScope(inp_Keyword const& keyword, cow_String con
   {
     return false;
   }
-  found.Add(scope, set->ConstGetIds(), CurrentName().Empty() ? scope : cow_String());
+  found.Add(scope, set->ConstGetIds(), MeshScope().Empty() ? scope : cow_String());
   return true;
 }
 

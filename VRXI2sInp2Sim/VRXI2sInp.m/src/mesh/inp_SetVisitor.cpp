@@ -96,7 +96,7 @@ void inp_SetVisitor::MergeSet(inpM_SetMap& setMap, inp_Keyword const& keyword,
   if (CheckSetName(keyword, name))
   {
     PrintAdding(setMap, name);
-    setMap.AddToNestedSet(CurrentSetScope(), name, *set);
+    setMap.AddToNestedSet(SetScope(), name, *set);
   }
 }
 
@@ -106,7 +106,7 @@ void inp_SetVisitor::ReplaceSet(inpM_SetMap& setMap, inp_Keyword const& keyword,
   if (CheckSetName(keyword, name))
   {
     PrintAdding(setMap, name);
-    setMap.InsertNestedSet(CurrentSetScope(), name, set);
+    setMap.InsertNestedSet(SetScope(), name, set);
   }
 }
 
@@ -116,7 +116,7 @@ void inp_SetVisitor::PrintAdding(inpM_SetMap const& setMap, cow_String const& na
   {
     return;
   }
-  cow_String const& scope = CurrentSetScope();
+  cow_String const& scope = SetScope();
   bool const isNew = !setMap.HasNestedSet(scope, name);
   char const* const place = scope.Empty() ? isNew ? " in assembly" : " to existing assembly set"
                             : isNew       ? " in part/instance "
@@ -131,7 +131,7 @@ template <class Read>
 inpM_SetHandle inp_SetVisitor::Accumulate(inpM_SetMap& setMap, cow_String const& name,
                                           bool internal, bool unsorted, Read const& read)
 {
-  cow_String const scope = CurrentSetScope();
+  cow_String const scope = SetScope();
   inpM_BaseSet const* const old = setMap.ConstFindNestedSet(scope, name);
   if (old == nullptr)
   {
@@ -201,7 +201,7 @@ inpM_SetHandle inp_SetVisitor::GenerateAssemblySetAccumulate(inpM_SetMap& setMap
 void inp_SetVisitor::ProcessInstanceParameter(inp_Keyword& keyword)
 {
   cow_String const instanceName = keyword.NameIn("instance");
-  if (CurrentSetScope().Length() > 0 || instanceName.Empty())
+  if (SetScope().Length() > 0 || instanceName.Empty())
   {
     return;
   }
@@ -235,7 +235,7 @@ void inp_SetVisitor::ProcessInstanceParameter(inp_Keyword& keyword)
 
 void inp_SetVisitor::MakeMixtureSets(inp_Keyword const& keyword)
 {
-  cow_String const scope = CurrentSetScope();
+  cow_String const scope = SetScope();
   cow_List<cow_String> existing;
   for (int row = 0; scope.Length() > 0 && row < keyword.data.Rows(); ++row)
   {
@@ -256,11 +256,7 @@ void inp_SetVisitor::MakeMixtureSets(inp_Keyword const& keyword)
       }
     }
   }
-  if (existing.Length() > 0)
-  {
-    m_errorList.Append(inp_Utils::MessageInKeyword(
-      keyword, inp_Utils::MessageWithItems(atr_Say(inp_msgSetsExistAlready), existing)));
-  }
+  SayItemsBelow(inp_msgSetsExistAlready, keyword, existing);
 }
 
 void inp_SetVisitor::SayFaults(inp_Keyword const& keyword, Faults const& faults)
@@ -275,7 +271,7 @@ void inp_SetVisitor::SayFaults(inp_Keyword const& keyword, Faults const& faults)
   }
   if (faults.missing.Length() > 0)
   {
-    bool const inAssembly = CurrentSetScope().Empty();
+    bool const inAssembly = SetScope().Empty();
     SayItems(inAssembly ? inp_msgSetsOrIdsMissing : inp_msgSetsMissing, keyword, faults.missing);
   }
 }

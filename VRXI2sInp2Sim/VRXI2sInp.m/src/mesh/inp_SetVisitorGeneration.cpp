@@ -34,7 +34,7 @@ bool ReadIntegers(inp_DataArray const& data, int row, int from, cow_List<int>& i
 
 inpM_SetHandle inp_SetVisitor::GenerateSet(inp_Keyword const& keyword, bool internal, bool unsorted)
 {
-  VRXBasAssert(CurrentSetScope().Length() > 0, "currentName.Length() > 0");
+  VRXBasAssert(SetScope().Length() > 0, "currentName.Length() > 0");
   inpM_SetHandle set = CreateSet(internal, unsorted);
   Faults faults;
   std::size_t bytes = m_bytesHeld;
@@ -53,7 +53,7 @@ inpM_SetHandle inp_SetVisitor::GenerateSet(inp_Keyword const& keyword, bool inte
 inpM_SetHandle inp_SetVisitor::GenerateAssemblySet(inp_Keyword const& keyword, bool internal,
                                                    bool unsorted)
 {
-  VRXBasAssert(CurrentSetScope().Length() == 0, "currentName.Length() == 0");
+  VRXBasAssert(SetScope().Length() == 0, "currentName.Length() == 0");
   inpM_SetHandle set = CreateSet(internal, unsorted);
   Faults faults;
   std::size_t bytes = m_bytesHeld;

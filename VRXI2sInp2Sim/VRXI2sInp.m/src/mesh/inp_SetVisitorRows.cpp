@@ -1,5 +1,6 @@
 #include "VRXBasException.h"
 #include "inpM_LabelRange.h"
+#include "inp_GeneratedNames.h"
 #include "inp_MeshMessages.h"
 #include "inp_RawDataArrayImpl.h"
 #include "inp_SetVisitorFaults.h"
@@ -11,9 +12,6 @@
 
 namespace
 {
-
-/// The instance that a deck without parts is turned into.
-constexpr char const* c_flatInstance = "PART-1-1";
 
 char const* SkipBlanks(char const* text)
 {
@@ -82,80 +80,121 @@ inpM_SetHandle inp_SetVisitor::ReadUnsortedAssemblyIdsAndSetNames(inpM_SetMap co
   return ReadAssembly(setMap, keyword, internal, true);
 }
 
-inpM_SetHandle inp_SetVisitor::ReadPart(inp_Keyword const& keyword, bool internal, bool unsorted,
-                                        bool includeAll)
+template <class Reader>
+inpM_SetHandle inp_SetVisitor::ReadRows(Reader& reader, inp_Keyword const& keyword,
+                                        inpM_SetHandle const& set)
 {
-  cow_String const scope = CurrentSetScope();
-  VRXBasAssert(scope.Length() > 0, "currentName.Length() > 0");
-  inpM_SetHandle set = CreateSet(internal, unsorted);
-  inpM_BaseSet& members = *set.Get();
-  inp_DataArray const& data = keyword.data;
-  Faults faults;
-  std::size_t bytes = m_bytesHeld;
-  cow_List<int> ids;
-  std::unordered_map<cow_String, inpM_BaseSet const*> named; // null for one that cannot be added
+  ForEachCell(keyword.data,
+              [&](int row, int column, char const* cell) { reader.ReadCell(row, column, cell); });
+  reader.Finish();
+  SayFaults(keyword, reader.faults);
+  return set;
+}
 
-  auto const addIds = [&]
+/// Reads the fields of one set of a part or an instance: ids, and names of sets of the scope.
+class inp_SetVisitor::PartReader
+{
+public:
+  /// With `includeAll` sets are searched in the whole model.
+  PartReader(inp_SetVisitor const& visitor, inp_DataArray const& data, inpM_BaseSet& set,
+             bool includeAll)
+    : m_visitor(visitor),
+      m_data(data),
+      m_set(set),
+      m_includeAll(includeAll),
+      m_bytes(visitor.m_bytesHeld)
   {
-    members.Add(ids);
-    ids.Clear();
-  };
-  auto const find = [&](cow_String const& name)
+  }
+
+  void ReadCell(int row, int column, char const* cell)
   {
-    cow_String place = scope;
-    bool const isSearched = !includeAll || sets.SearchAssemblyAndInstancesForSet(name, place);
-    return isSearched ? sets.ConstFindNestedSet(place, name) : nullptr;
-  };
-  auto const addSet = [&](cow_String const& name)
+    int id = 0;
+    if (cell != nullptr && ReadPlainId(cell, id))
+    {
+      m_ids.Append(id);
+    }
+    else
+    {
+      ReadField(row, column);
+    }
+  }
+
+  void Finish()
   {
-    auto const [entry, isNew] = named.try_emplace(name, nullptr);
+    m_set.Add(m_ids);
+    m_ids.Clear();
+  }
+
+  Faults faults;
+
+private:
+  void ReadField(int row, int column)
+  {
+    inp_Types::typeEnm const type = m_data.Type(row, column);
+    if (type == inp_Types::inp_INTEGER && m_data.AsInt(row, column) <= inpM_largestLabel)
+    {
+      m_ids.Append(m_data.AsInt(row, column));
+    }
+    else if (type == inp_Types::inp_STRING)
+    {
+      AddSet(m_data.AsString(row, column));
+    }
+    else if (type != inp_Types::inp_NONE)
+    {
+      faults.invalid.Append(m_data.AsString(row, column));
+    }
+  }
+
+  /// A sorted set takes the members of another once, an unsorted one as often as it is named.
+  void AddSet(cow_String const& name)
+  {
+    auto const [entry, isNew] = m_named.try_emplace(name, nullptr);
     if (isNew)
     {
-      entry->second = find(name);
+      entry->second = Find(name);
+      if (entry->second == nullptr)
+      {
+        faults.missing.Append(name);
+      }
     }
-    if (entry->second == nullptr && isNew)
-    {
-      faults.missing.Append(name);
-    }
-    if (entry->second == nullptr || !(isNew || unsorted))
+    if (entry->second == nullptr || !(isNew || m_set.IsUnsorted()))
     {
       return;
     }
-    if (!TakeRoom(*entry->second, unsorted, bytes))
+    if (!m_visitor.TakeRoom(*entry->second, m_set.IsUnsorted(), m_bytes))
     {
       faults.tooLarge.Append(name);
       entry->second = nullptr;
       return;
     }
-    addIds();
-    members.Add(*entry->second);
-  };
-  ForEachCell(data,
-              [&](int row, int column, char const* cell)
-              {
-                int id = 0;
-                if (cell != nullptr && ReadPlainId(cell, id))
-                {
-                  ids.Append(id);
-                  return;
-                }
-                inp_Types::typeEnm const type = data.Type(row, column);
-                if (type == inp_Types::inp_INTEGER && data.AsInt(row, column) <= inpM_largestLabel)
-                {
-                  ids.Append(data.AsInt(row, column));
-                }
-                else if (type == inp_Types::inp_STRING)
-                {
-                  addSet(data.AsString(row, column));
-                }
-                else if (type != inp_Types::inp_NONE)
-                {
-                  faults.invalid.Append(data.AsString(row, column));
-                }
-              });
-  addIds();
-  SayFaults(keyword, faults);
-  return set;
+    Finish();
+    m_set.Add(*entry->second);
+  }
+
+  inpM_BaseSet const* Find(cow_String const& name) const
+  {
+    inpM_SetMap const& sets = m_visitor.sets;
+    cow_String scope = m_visitor.SetScope();
+    bool const isSearched = !m_includeAll || sets.SearchAssemblyAndInstancesForSet(name, scope);
+    return isSearched ? sets.ConstFindNestedSet(scope, name) : nullptr;
+  }
+
+  inp_SetVisitor const& m_visitor;
+  inp_DataArray const& m_data;
+  inpM_BaseSet& m_set;
+  bool m_includeAll;
+  std::size_t m_bytes; ///< held, with what an unsorted set gains
+  cow_List<int> m_ids; ///< not in the set yet
+  std::unordered_map<cow_String, inpM_BaseSet const*> m_named; ///< null: cannot be added
+};
+
+inpM_SetHandle inp_SetVisitor::ReadPart(inp_Keyword const& keyword, bool internal, bool unsorted,
+                                        bool includeAll)
+{
+  VRXBasAssert(SetScope().Length() > 0, "currentName.Length() > 0");
+  inpM_SetHandle set = CreateSet(internal, unsorted);
+  PartReader reader(*this, keyword.data, *set.Get(), includeAll);
+  return ReadRows(reader, keyword, set);
 }
 
 /// Reads the fields of one set in assembly scope.
@@ -245,7 +284,7 @@ private:
     inpM_BaseSet const* const own = m_setMap.ConstGetMap().ConstFind(name);
     if (own == nullptr)
     {
-      return AddSetOfInstance(c_flatInstance, name);
+      return AddSetOfInstance(inp_generatedInstance, name);
     }
     if (HasRoomFor(*own, name))
     {
@@ -355,12 +394,8 @@ private:
 inpM_SetHandle inp_SetVisitor::ReadAssembly(inpM_SetMap const& setMap, inp_Keyword const& keyword,
                                             bool internal, bool unsorted)
 {
-  VRXBasAssert(CurrentSetScope().Length() == 0, "currentName.Length() == 0");
+  VRXBasAssert(SetScope().Length() == 0, "currentName.Length() == 0");
   inpM_SetHandle set = CreateSet(internal, unsorted);
   AssemblyReader reader(*this, setMap, keyword.data, *set.Get());
-  ForEachCell(keyword.data,
-              [&](int row, int column, char const* cell) { reader.ReadCell(row, column, cell); });
-  reader.Finish();
-  SayFaults(keyword, reader.faults);
-  return set;
+  return ReadRows(reader, keyword, set);
 }

@@ -29,11 +29,8 @@ void GetAreaOrFaceId(bool isNode, double& area, cow_String& faceId, inp_DataArra
   }
 }
 
-inp_SurfaceVisitor::inp_SurfaceVisitor(inpM_SetMap const& itsNodeSets,
-                                       inpM_SetMap const& itsElementSets,
-                                       inpM_InstanceMap<inp_MapInt2Element> const& itsElements,
-                                       inp_CoordMap const& itsCoordMap)
-  : nodeSets(itsNodeSets), elementSets(itsElementSets), elements(itsElements), coordMap(itsCoordMap)
+inp_SurfaceVisitor::inp_SurfaceVisitor(inp_LevelMaps const& maps)
+  : nodeSets(maps.nsets), elementSets(maps.elsets), elements(maps.elements), coordMap(maps.nodes)
 {
 }
 
@@ -43,7 +40,7 @@ void inp_SurfaceVisitor::VisitSurface(inp_Keyword& keyword)
   {
     VisitSurfaceDefinition(keyword);
   }
-  else if (CurrentScope().Empty())
+  else if (SetScope().Empty())
   {
     Say(inp_msgAnalyticalSurfaceOutsideParts, keyword);
   }
@@ -63,7 +60,7 @@ void inp_SurfaceVisitor::VisitSurfaceDefinition(inp_Keyword& keyword)
   }
   isNodeSurface = IsNodeSurface(keyword);
   bool const isCombined = keyword.HasParameter("combine");
-  if (CurrentScope().Empty())
+  if (SetScope().Empty())
   {
     inpM_AssemblyInstanceSurface surface = isCombined ? CreateCombinedAssemblyLevelSurface(keyword)
                                                       : CreateAssemblyLevelSurface(keyword);
@@ -71,7 +68,7 @@ void inp_SurfaceVisitor::VisitSurfaceDefinition(inp_Keyword& keyword)
     surfaces.InsertAssemblyInstanceSurface(name, surface);
     return;
   }
-  surfaces.InsertPartInstanceSurface(CurrentScope(), name,
+  surfaces.InsertPartInstanceSurface(SetScope(), name,
                                      isCombined ? CreateCombinedInstanceLevelSurface(keyword)
                                                 : CreateInstanceLevelSurface(keyword));
 }
@@ -84,11 +81,11 @@ bool inp_SurfaceVisitor::IsNodeSurface(inp_Keyword const& keyword) const
   {
     cow_String const first = keyword.data.AsString(0, 0);
     inpM_AssemblyInstanceSurface whole;
-    if (CurrentScope().Empty() && FindSurface(first, whole))
+    if (SetScope().Empty() && FindSurface(first, whole))
     {
       return !whole.IsElementSurface();
     }
-    if (auto const* const own = surfaces.ConstFindPartInstanceSurface(CurrentScope(), first))
+    if (auto const* const own = surfaces.ConstFindPartInstanceSurface(SetScope(), first))
     {
       return !own->IsElementSurface();
     }
@@ -111,73 +108,107 @@ inpM_PartInstanceSurfaceHandle inp_SurfaceVisitor::CreateInstanceLevelSurface(in
   return surface;
 }
 
-// *SURFACE row: label or set[, face or area]
-void inp_SurfaceVisitor::ReadInstanceLevelRows(inp_Keyword const& keyword,
-                                               inpM_PartInstanceSurface& surface)
+/// Reads the rows of one surface of a part or an instance. Labels wait for others of the same face or area.
+class inp_SurfaceVisitor::PartRows
 {
-  inp_DataArray const& data = keyword.data;
-  Faults faults;
-  Repeats repeats(data, isNodeSurface);
-  inp_SurfaceGrowth<inpM_PartInstanceSurface> growth(surface);
-  cow_List<int> ids; // of `place`, not in the surface yet
-  Place place;
-  auto const add = [&](cow_List<int> const& members)
+public:
+  PartRows(inp_SurfaceVisitor& visitor, inp_DataArray const& data,
+           inpM_PartInstanceSurface& surface)
+    : m_visitor(visitor),
+      m_data(data),
+      m_surface(surface),
+      m_repeats(data, visitor.isNodeSurface),
+      m_growth(surface)
   {
-    if (isNodeSurface)
+  }
+
+  // *SURFACE row: label or set[, face or area]
+  void Read(int row)
+  {
+    if (!m_data.HasValue(row, 0))
     {
-      static_cast<inpM_NodeAreaSurface&>(surface).Add(members, place.area);
+      return;
+    }
+    FaceOrArea here;
+    GetAreaOrFaceId(m_visitor.isNodeSurface, here.area, here.faceId, m_data, row, 1);
+    if (!(here == m_faceOrArea))
+    {
+      AddIds();
+      m_faceOrArea = here;
+    }
+    inp_Types::typeEnm const type = m_data.Type(row, 0);
+    int const id = type == inp_Types::inp_INTEGER ? m_data.AsInt(row, 0) : 0;
+    if (id >= 1)
+    {
+      m_ids.Append(id);
     }
     else
     {
-      static_cast<inpM_ElementFaceIdSurface&>(surface).Add(place.faceId, members);
+      ReadName(m_data.AsString(row, 0), row);
     }
-    growth.By(members.Length());
-  };
-  auto const addIds = [&]
+  }
+
+  void Finish()
   {
-    add(ids);
-    ids.Clear();
-  };
-  auto const readName = [&](cow_String const& name, int row)
+    AddIds();
+    m_growth.Finish();
+  }
+
+  Faults faults;
+
+private:
+  void ReadName(cow_String const& name, int row)
   {
-    auto const* const set = SetsOfKind().ConstFindNestedSet(CurrentScope(), name);
+    auto const* const set = m_visitor.SetsOfKind().ConstFindNestedSet(m_visitor.SetScope(), name);
     if (set == nullptr)
     {
       faults.Add(name);
     }
-    else if (!repeats.Have(place, row) && HasRoomFor(*set, name, faults))
+    else if (!m_repeats.Have(m_faceOrArea, row) && m_visitor.HasRoomFor(*set, name, faults))
     {
-      addIds();
-      add(set->ConstGetIds());
+      AddIds();
+      Add(set->ConstGetIds());
     }
-  };
-  for (int row = FirstSurfaceRow(keyword); row < data.Rows(); ++row)
+  }
+
+  void AddIds()
   {
-    if (!data.HasValue(row, 0))
+    Add(m_ids);
+    m_ids.Clear();
+  }
+
+  void Add(cow_List<int> const& members)
+  {
+    if (m_visitor.isNodeSurface)
     {
-      continue;
-    }
-    Place here;
-    GetAreaOrFaceId(isNodeSurface, here.area, here.faceId, data, row, 1);
-    if (!(here == place))
-    {
-      addIds();
-      place = here;
-    }
-    inp_Types::typeEnm const type = data.Type(row, 0);
-    int const id = type == inp_Types::inp_INTEGER ? data.AsInt(row, 0) : 0;
-    if (id >= 1)
-    {
-      ids.Append(id);
+      static_cast<inpM_NodeAreaSurface&>(m_surface).Add(members, m_faceOrArea.area);
     }
     else
     {
-      readName(data.AsString(row, 0), row);
+      static_cast<inpM_ElementFaceIdSurface&>(m_surface).Add(m_faceOrArea.faceId, members);
     }
+    m_growth.By(members.Length());
   }
-  addIds();
-  growth.Finish();
-  SayMissingSets(keyword, faults);
+
+  inp_SurfaceVisitor& m_visitor;
+  inp_DataArray const& m_data;
+  inpM_PartInstanceSurface& m_surface;
+  Repeats m_repeats;
+  inp_SurfaceGrowth<inpM_PartInstanceSurface> m_growth;
+  FaceOrArea m_faceOrArea; ///< face or area of the last row
+  cow_List<int> m_ids;     ///< of m_faceOrArea, not in the surface yet
+};
+
+void inp_SurfaceVisitor::ReadInstanceLevelRows(inp_Keyword const& keyword,
+                                               inpM_PartInstanceSurface& surface)
+{
+  PartRows rows(*this, keyword.data, surface);
+  for (int row = FirstSurfaceRow(keyword); row < keyword.data.Rows(); ++row)
+  {
+    rows.Read(row);
+  }
+  rows.Finish();
+  SayMissingSets(keyword, rows.faults);
 }
 
 // The first row of a cutting surface is its plane.
@@ -203,10 +234,10 @@ bool inp_SurfaceVisitor::HasRoomFor(inpM_BaseSet const& set, cow_String const& n
 // Rows of these types may name what is no set: materials of an Eulerian section, enriched features.
 void inp_SurfaceVisitor::SayMissingSets(inp_Keyword const& keyword, Faults const& faults)
 {
-  SayNames(inp_msgSurfaceSetsTooLarge, keyword, faults.TooLarge());
+  SayItemsBelow(inp_msgSurfaceSetsTooLarge, keyword, faults.TooLarge(), keyword.NameIn("name"));
   cow_String const type = TypeOf(keyword);
   if (!(type == "EULERIANMATERIAL") && !(type == "XFEM"))
   {
-    SayNames(inp_msgSurfaceSetsMissing, keyword, faults.Names());
+    SayItemsBelow(inp_msgSurfaceSetsMissing, keyword, faults.Names(), keyword.NameIn("name"));
   }
 }

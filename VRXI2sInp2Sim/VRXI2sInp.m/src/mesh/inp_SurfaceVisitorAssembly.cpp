@@ -30,7 +30,7 @@ void inp_SurfaceVisitor::AssemblyRows::Read(int row)
   {
     return;
   }
-  GetAreaOrFaceId(m_visitor.isNodeSurface, m_place.area, m_place.faceId, data, row, 1);
+  GetAreaOrFaceId(m_visitor.isNodeSurface, m_faceOrArea.area, m_faceOrArea.faceId, data, row, 1);
   cow_String const text = data.AsString(row, 0);
   inp_ScopedField const field(text, m_visitor.m_assemblyName);
   if (field.fits && field.instanceName.Empty())
@@ -57,7 +57,7 @@ void inp_SurfaceVisitor::AssemblyRows::ReadPlain(inp_ScopedField const& field, i
   {
     faults.Add(name);
   }
-  else if (!m_repeats.Have(m_place, row) && m_visitor.HasRoomFor(*set, name, faults))
+  else if (!m_repeats.Have(m_faceOrArea, row) && m_visitor.HasRoomFor(*set, name, faults))
   {
     AddIds();
     AddSetOfAssembly(*set);
@@ -89,19 +89,20 @@ void inp_SurfaceVisitor::AssemblyRows::ReadScoped(inp_ScopedField const& field,
     faults.Add(text);
     return;
   }
-  if (m_repeats.Have(m_place, row))
+  if (m_repeats.Have(m_faceOrArea, row))
   {
     return;
   }
   AddIds();
-  inpM_PartInstanceSurfaceHandle& piece = m_pieces[{set, m_place}]; // instances of a part share it
+  inpM_PartInstanceSurfaceHandle& piece =
+    m_pieces[{set, m_faceOrArea}]; // instances of a part share it
   if (piece.IsNull())
   {
     if (!m_visitor.HasRoomFor(*set, text, faults))
     {
       return;
     }
-    piece = MakePiece(m_place, set->ConstGetIds());
+    piece = MakePiece(m_faceOrArea, set->ConstGetIds());
   }
   m_surface.Add(instanceName, *piece);
   m_growth.By(piece->Count());
@@ -118,34 +119,35 @@ bool inp_SurfaceVisitor::AssemblyRows::IsInstance(cow_String const& name)
 
 void inp_SurfaceVisitor::AssemblyRows::AddId(cow_String const& instanceName, int id)
 {
-  if (!(instanceName == m_idsInstance) || !(m_place == m_idsPlace))
+  if (!(instanceName == m_idsInstance) || !(m_faceOrArea == m_idsFaceOrArea))
   {
     AddIds();
     m_idsInstance = instanceName;
-    m_idsPlace = m_place;
+    m_idsFaceOrArea = m_faceOrArea;
   }
   m_ids.Append(id);
 }
 
 void inp_SurfaceVisitor::AssemblyRows::AddIds()
 {
-  AddMembers(m_idsInstance, m_idsPlace, m_ids);
+  AddMembers(m_idsInstance, m_idsFaceOrArea, m_ids);
   m_ids.Clear();
 }
 
 void inp_SurfaceVisitor::AssemblyRows::AddSetOfAssembly(inpM_BaseSet const& set)
 {
-  AddMembers(cow_String(), m_place, set.ConstGetIds());
+  AddMembers(cow_String(), m_faceOrArea, set.ConstGetIds());
   inpM_BaseSet::InstanceTree const instances = set.ConstGetInstanceTree();
   cow_BtreeIterator<cow_String, inpM_OmiSet> it(instances);
   for (it.First(); !it.IsDone(); it.Next())
   {
-    AddMembers(it.CurrentKey(), m_place, set.ConstGetIds(it.CurrentKey()));
+    AddMembers(it.CurrentKey(), m_faceOrArea, set.ConstGetIds(it.CurrentKey()));
   }
 }
 
 void inp_SurfaceVisitor::AssemblyRows::AddMembers(cow_String const& instanceName,
-                                                  Place const& place, cow_List<int> const& ids)
+                                                  FaceOrArea const& faceOrArea,
+                                                  cow_List<int> const& ids)
 {
   if (ids.Empty())
   {
@@ -153,26 +155,27 @@ void inp_SurfaceVisitor::AssemblyRows::AddMembers(cow_String const& instanceName
   }
   if (m_visitor.isNodeSurface && instanceName.Empty())
   {
-    m_surface.Add(inpM_NodeAreaSurface(place.area, ids));
+    m_surface.Add(inpM_NodeAreaSurface(faceOrArea.area, ids));
   }
   else
   {
-    m_surface.Add(instanceName, *MakePiece(place, ids));
+    m_surface.Add(instanceName, *MakePiece(faceOrArea, ids));
   }
   m_growth.By(ids.Length());
 }
 
 inpM_PartInstanceSurfaceHandle
-inp_SurfaceVisitor::AssemblyRows::MakePiece(Place const& place, cow_List<int> const& ids) const
+inp_SurfaceVisitor::AssemblyRows::MakePiece(FaceOrArea const& faceOrArea,
+                                            cow_List<int> const& ids) const
 {
   inpM_PartInstanceSurfaceHandle piece;
   if (m_visitor.isNodeSurface)
   {
-    piece = new inpM_NodeAreaSurface(place.area, ids);
+    piece = new inpM_NodeAreaSurface(faceOrArea.area, ids);
   }
   else
   {
-    piece = new inpM_ElementFaceIdSurface(place.faceId, ids);
+    piece = new inpM_ElementFaceIdSurface(faceOrArea.faceId, ids);
   }
   return piece;
 }

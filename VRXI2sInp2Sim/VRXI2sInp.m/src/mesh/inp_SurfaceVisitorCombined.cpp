@@ -238,7 +238,7 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
   Faults faults;
   for (CombinedName const& name : NamesOf(keyword.data))
   {
-    if (auto const* const other = surfaces.ConstFindPartInstanceSurface(CurrentScope(), name.text))
+    if (auto const* const other = surfaces.ConstFindPartInstanceSurface(SetScope(), name.text))
     {
       faults.AddTooLargeUnless(combination.Apply(name, *other), name.text);
     }
@@ -248,8 +248,9 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
     }
   }
   combination.Finish();
-  SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
-  SayNames(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge());
+  SayItemsBelow(inp_msgCombinedSurfacesMissing, keyword, faults.Names(), keyword.NameIn("name"));
+  SayItemsBelow(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge(),
+                keyword.NameIn("name"));
   return surface;
 }
 
@@ -274,8 +275,9 @@ inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
     }
   }
   combination.Finish();
-  SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
-  SayNames(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge());
+  SayItemsBelow(inp_msgCombinedSurfacesMissing, keyword, faults.Names(), keyword.NameIn("name"));
+  SayItemsBelow(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge(),
+                keyword.NameIn("name"));
   return surface;
 }
 
@@ -288,17 +290,17 @@ void inp_SurfaceVisitor::CropNamedSurface(inp_Keyword const& keyword,
   if (box.IsValid() && keyword.data.HasValue(0, 0))
   {
     cow_String const name = keyword.data.AsString(0, 0);
-    if (auto const* const whole = surfaces.ConstFindPartInstanceSurface(CurrentScope(), name))
+    if (auto const* const whole = surfaces.ConstFindPartInstanceSurface(SetScope(), name))
     {
       surface.Add(*whole);
-      Crop(surface, box, CoordsOf(coordMap, CurrentScope()), ElementsOf(elements, CurrentScope()));
+      Crop(surface, box, CoordsOf(coordMap, SetScope()), ElementsOf(elements, SetScope()));
     }
     else
     {
       faults.Add(name);
     }
   }
-  SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
+  SayItemsBelow(inp_msgCombinedSurfacesMissing, keyword, faults.Names(), keyword.NameIn("name"));
 }
 
 void inp_SurfaceVisitor::CropNamedSurface(inp_Keyword const& keyword,
@@ -318,7 +320,7 @@ void inp_SurfaceVisitor::CropNamedSurface(inp_Keyword const& keyword,
       faults.Add(name);
     }
   }
-  SayNames(inp_msgCombinedSurfacesMissing, keyword, faults.Names());
+  SayItemsBelow(inp_msgCombinedSurfacesMissing, keyword, faults.Names(), keyword.NameIn("name"));
 }
 
 void inp_SurfaceVisitor::Crop(inpM_AssemblyInstanceSurface& surface, inp_CropDefinition const& box,

@@ -41,16 +41,16 @@ private:
 };
 
 /// What a row says of its nodes or elements.
-struct inp_SurfaceVisitor::Place
+struct inp_SurfaceVisitor::FaceOrArea
 {
   double area = 1.0;
   cow_String faceId;
 
-  friend bool operator==(Place const& a, Place const& b)
+  friend bool operator==(FaceOrArea const& a, FaceOrArea const& b)
   {
     return a.area == b.area && a.faceId == b.faceId;
   }
-  friend bool operator<(Place const& a, Place const& b)
+  friend bool operator<(FaceOrArea const& a, FaceOrArea const& b)
   {
     return a.area < b.area || (a.area == b.area && a.faceId < b.faceId);
   }
@@ -95,10 +95,10 @@ public:
   Repeats(inp_DataArray const& data, bool ofNodes) : m_data(data), m_ofNodes(ofNodes) {}
 
   /// To be asked once for each row that names a set.
-  bool Have(Place const& place, int row)
+  bool Have(FaceOrArea const& faceOrArea, int row)
   {
     cow_String const name = m_data.AsString(row, 0);
-    bool const isNew = m_named.emplace(name, m_ofNodes ? Place() : place).second;
+    bool const isNew = m_named.emplace(name, m_ofNodes ? FaceOrArea() : faceOrArea).second;
     return !isNew && !(m_ofNodes && LastRow(name) == row);
   }
 
@@ -117,21 +117,9 @@ private:
 
   inp_DataArray const& m_data;
   bool m_ofNodes;
-  std::set<std::pair<cow_String, Place>> m_named;
+  std::set<std::pair<cow_String, FaceOrArea>> m_named;
   std::unordered_map<cow_String, int> m_lastRows; ///< found when a row repeats another
 };
-
-template <int Places>
-void inp_SurfaceVisitor::SayNames(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
-                                  cow_List<cow_String> const& names)
-{
-  if (names.Length() > 0)
-  {
-    atr_String const text =
-      inp_Utils::MessageWithItems(atr_Say(row, keyword.NameIn("name")), names);
-    ListOf(row.severity).Append(inp_Utils::MessageInKeyword(keyword, text));
-  }
-}
 
 /// Reads the rows of one surface of the assembly.
 class inp_SurfaceVisitor::AssemblyRows
@@ -162,22 +150,24 @@ private:
   void AddId(cow_String const& instanceName, int id);
   void AddIds();
   void AddSetOfAssembly(inpM_BaseSet const& set);
-  void AddMembers(cow_String const& instanceName, Place const& place, cow_List<int> const& ids);
-  inpM_PartInstanceSurfaceHandle MakePiece(Place const& place, cow_List<int> const& ids) const;
+  void AddMembers(cow_String const& instanceName, FaceOrArea const& faceOrArea,
+                  cow_List<int> const& ids);
+  inpM_PartInstanceSurfaceHandle MakePiece(FaceOrArea const& faceOrArea,
+                                           cow_List<int> const& ids) const;
   bool IsInstance(cow_String const& name);
 
   inp_SurfaceVisitor& m_visitor;
   inp_Keyword const& m_keyword;
   inpM_AssemblyInstanceSurface& m_surface;
-  Place m_place; ///< of the row at hand
-  // Ids of rows one behind the other that go to one instance and place, not in the surface yet.
+  FaceOrArea m_faceOrArea; ///< of the row at hand
+  // Ids of rows one behind the other of one instance and one face or area, not in the surface yet.
   cow_List<int> m_ids;
   cow_String m_idsInstance;
-  Place m_idsPlace;
+  FaceOrArea m_idsFaceOrArea;
   cow_String m_knownInstance;
   std::unordered_set<cow_String> m_unknownInstances;
   Repeats m_repeats; ///< of sets, as rows name them
   inp_SurfaceGrowth<inpM_AssemblyInstanceSurface> m_growth;
   /// What a set gives; instances of a part have the same sets.
-  std::map<std::pair<inpM_BaseSet const*, Place>, inpM_PartInstanceSurfaceHandle> m_pieces;
+  std::map<std::pair<inpM_BaseSet const*, FaceOrArea>, inpM_PartInstanceSurfaceHandle> m_pieces;
 };

@@ -11,8 +11,6 @@
 namespace
 {
 
-constexpr char c_assemblyLevel[] = "ASSEMBLY";
-
 enum class ElementKind
 {
   neutral, ///< fits into any part
@@ -77,46 +75,29 @@ void Define(inp_SurfaceUses& uses, inp_Keyword const& keyword)
 
 } // namespace
 
-inp_PartInventoryVisitor::inp_PartInventoryVisitor(
-  inpM_InstanceMap<inp_MapInt2Element> const& partElements,
-  inpM_InstanceMap<inp_MapInt2Element> const& instanceElements,
-  inpM_SetMap const& elementSetsOfParts, inpM_SetMap const& elementSetsOfAssembly)
-  : elements(partElements),
-    m_assemblyElements(instanceElements),
-    partSets(elementSetsOfParts),
-    assemblySets(elementSetsOfAssembly),
-    levelName(c_assemblyLevel)
+inp_PartInventoryVisitor::inp_PartInventoryVisitor(inp_PartMaps const& parts,
+                                                   inp_LevelMaps const& assembly)
+  : elements(parts.elements),
+    m_assemblyElements(assembly.elements),
+    partSets(parts.elsets),
+    assemblySets(assembly.elsets)
 {
 }
 
 void inp_PartInventoryVisitor::DefaultAction(inp_Keyword&) {}
 
-void inp_PartInventoryVisitor::VisitAssembly(inp_Keyword& keyword)
-{
-  inp_Visitor::VisitAssembly(keyword);
-  levelName = c_assemblyLevel;
-}
-
 void inp_PartInventoryVisitor::VisitInstance(inp_Keyword& keyword)
 {
   inp_Visitor::VisitInstance(keyword);
-  levelName = m_instanceName;
   if (inp_NameParameter const part = keyword.ReadName("part"); part.IsGiven())
   {
     instanceParts.Insert(m_instanceName, part.text);
   }
 }
 
-void inp_PartInventoryVisitor::VisitEndInstance(inp_Keyword& keyword)
-{
-  inp_Visitor::VisitEndInstance(keyword);
-  levelName = c_assemblyLevel;
-}
-
 void inp_PartInventoryVisitor::VisitPart(inp_Keyword& keyword)
 {
   inp_Visitor::VisitPart(keyword);
-  levelName = m_partName;
   inp_PartContents contents;
   contents.place = inp_Utils::PlaceOf(keyword);
   if (inp_MapInt2Element const* const ofPart = ElementsOf(elements, m_partName))
@@ -241,7 +222,7 @@ void inp_PartInventoryVisitor::CheckReferencedPart(inp_Keyword const& keyword,
 void inp_PartInventoryVisitor::VisitRigidSurface(inp_Keyword& keyword)
 {
   cow_String const name = keyword.NameIn("elset");
-  if (name.Empty() || !keyword.HasParameter("type") || !(IsInPart() || IsInInstance()))
+  if (name.Empty() || !keyword.HasParameter("type") || IsAtAssemblyLevel())
   {
     SayAt(keyword, inp_msgRigidSurfaceRequirements);
     return;
@@ -266,15 +247,15 @@ void inp_PartInventoryVisitor::CheckRigidSurfaceElements(
   {
     SayAt(keyword,
           IsInPart() ? inp_msgRigidSurfaceElsetNotInPart : inp_msgRigidSurfaceElsetNotInInstance,
-          elset, levelName);
+          elset, MeshScope());
   }
   else if (set->ConstGetOwnIds().IsEmpty())
   {
-    SayAt(keyword, inp_msgRigidSurfaceElsetEmpty, elset, levelName);
+    SayAt(keyword, inp_msgRigidSurfaceElsetEmpty, elset, MeshScope());
   }
   else
   {
-    CheckRigidSurfaceTypes(keyword, *set, ElementsOf(levels, levelName));
+    CheckRigidSurfaceTypes(keyword, *set, ElementsOf(levels, MeshScope()));
   }
 }
 
@@ -293,7 +274,7 @@ void inp_PartInventoryVisitor::CheckRigidSurfaceTypes(inp_Keyword const& keyword
     if (element == nullptr)
     {
       hasUnknown = true;
-      SayAt(keyword, inp_msgRigidSurfaceElementUnknown, id.CurrentItem(), levelName);
+      SayAt(keyword, inp_msgRigidSurfaceElementUnknown, id.CurrentItem(), MeshScope());
       continue;
     }
     hasSliding = hasSliding || IsSlidingType(element->type().View());

@@ -174,8 +174,7 @@ void inp_InputFile::CheckOutOfPlace()
 void inp_InputFile::CheckParts()
 {
   inp_StageTimer const timer("Checking out of place keywords");
-  inp_PartInventoryVisitor visitor(partElementMap, assemblyElementMap, partElsetMap,
-                                   assemblyElsetMap);
+  inp_PartInventoryVisitor visitor(PartMaps(), AssemblyMaps());
   if (featureEnhanced)
   {
     visitor.VisitList(keywords);

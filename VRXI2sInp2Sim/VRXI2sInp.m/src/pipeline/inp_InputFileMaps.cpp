@@ -62,29 +62,29 @@ void inp_InputFile::ExtractPartMaps(bool lumen)
 void inp_InputFile::MakePartMaps(bool lumen)
 {
   inp_StageTimer const timer("ExtractPartMaps");
+  inp_PartMaps maps;
   inp_PartElementVisitor elements(true);
   elements.setLumenCompatible(lumen);
   elements.VisitListAndReport(keywords);
+  maps.elements = elements.GetElements();
+  maps.elsets = elements.GetSets();
 
-  inp_PartNodeVisitor nodes(elements.GetElements(), elements.GetSets(), true);
+  inp_PartNodeVisitor nodes(maps, true);
   nodes.setLumenCompatible(lumen);
   nodes.VisitListAndReport(keywords);
 
-  inp_NodeGenerationVisitor generated(nodes.GetCoordMap(), elements.GetElements(),
-                                      elements.GetSets(), true, restartJob, true, "");
+  inp_NodeGenerationVisitor generated(nodes.GetCoordMap(), maps.elements, maps.elsets, true,
+                                      restartJob, true, "");
   generated.setLumenCompatible(lumen);
   generated.VisitListAndReport(keywords);
+  maps.nodes = generated.GetCoordMap();
   nodes.FinishNodeSets();
+  maps.nsets = nodes.GetSets();
 
-  inp_PartSurfaceVisitor surfaces(nodes.GetSets(), elements.GetSets(), elements.GetElements(),
-                                  generated.GetCoordMap());
+  inp_PartSurfaceVisitor surfaces(maps);
   surfaces.VisitListAndReport(keywords);
-
-  partCoordMap = generated.GetCoordMap();
-  partElementMap = elements.GetElements();
-  partNsetMap = nodes.GetSets();
-  partElsetMap = elements.GetSets();
-  partSurfaceMap = surfaces.GetSurfaces();
+  maps.surfaces = surfaces.GetSurfaces();
+  SetPartMaps(maps);
 }
 
 void inp_InputFile::ReleasePartRows(bool lumen)
@@ -96,36 +96,68 @@ void inp_InputFile::ReleasePartRows(bool lumen)
 void inp_InputFile::ExtractAssemblyMaps(bool lumen)
 {
   inp_StageTimer const timer("ExtractAssemblyMaps");
+  inp_PartMaps const parts = PartMaps();
+  inp_LevelMaps maps;
+  maps.nsets = assemblyNsetMap;
   cow_List<cow_String> const instanceNames = instancePartNames.Instances();
-  inp_AssemblyElementVisitor elements(partElementMap, partElsetMap, true);
+  inp_AssemblyElementVisitor elements(parts, true);
   elements.setLumenCompatible(lumen);
   elements.setInstanceNames(instanceNames);
   elements.VisitList(keywords);
   assemblyKeywords = elements.GetKeywords();
   elements.Report();
+  maps.elements = elements.GetElements();
+  maps.elsets = elements.GetSets();
 
-  inp_AssemblyNodeVisitor nodes(elements.GetElements(), elements.GetSets(), partCoordMap,
-                                partNsetMap, assemblyNsetMap, true);
+  inp_AssemblyNodeVisitor nodes(maps, parts, true);
   nodes.setInstanceNames(instanceNames);
   nodes.VisitListAndReport(keywords);
+  transformationMap = nodes.GetPositions();
 
-  inp_NodeGenerationVisitor generated(nodes.GetCoordMap(), elements.GetElements(),
-                                      elements.GetSets(), true, restartJob, false, "");
+  inp_NodeGenerationVisitor generated(nodes.GetCoordMap(), maps.elements, maps.elsets, true,
+                                      restartJob, false, "");
   generated.VisitListAndReport(keywords);
+  maps.nodes = generated.GetCoordMap();
   nodes.FinishNodeSets();
+  maps.nsets = nodes.GetSets();
 
-  inp_NodeNumbers numbers(generated.GetCoordMap());
+  inp_NodeNumbers numbers(maps.nodes);
   elements.PutNumbers(numbers);
+  maps.elements = elements.GetElements();
+  maps.elsets = elements.GetSets(); // without elements that were left out
 
-  inp_AssemblySurfaceVisitor surfaces(nodes.GetSets(), elements.GetSets(), elements.GetElements(),
-                                      generated.GetCoordMap(), partSurfaceMap);
+  inp_AssemblySurfaceVisitor surfaces(maps, parts);
   surfaces.setInstancePartNames(instancePartNames);
   surfaces.VisitListAndReport(keywords);
+  maps.surfaces = surfaces.GetSurfaces();
+  SetAssemblyMaps(maps);
+}
 
-  assemblyCoordMap = generated.GetCoordMap();
-  assemblyElementMap = elements.GetElements();
-  assemblyNsetMap = nodes.GetSets();
-  assemblyElsetMap = elements.GetSets();
-  assemblySurfaceMap = surfaces.GetSurfaces();
-  transformationMap = nodes.GetPositions();
+inp_PartMaps inp_InputFile::PartMaps() const
+{
+  return {{partCoordMap, partElementMap, partNsetMap, partElsetMap, partSurfaceMap}};
+}
+
+inp_LevelMaps inp_InputFile::AssemblyMaps() const
+{
+  return {assemblyCoordMap, assemblyElementMap, assemblyNsetMap, assemblyElsetMap,
+          assemblySurfaceMap};
+}
+
+void inp_InputFile::SetPartMaps(inp_PartMaps const& maps)
+{
+  partCoordMap = maps.nodes;
+  partElementMap = maps.elements;
+  partNsetMap = maps.nsets;
+  partElsetMap = maps.elsets;
+  partSurfaceMap = maps.surfaces;
+}
+
+void inp_InputFile::SetAssemblyMaps(inp_LevelMaps const& maps)
+{
+  assemblyCoordMap = maps.nodes;
+  assemblyElementMap = maps.elements;
+  assemblyNsetMap = maps.nsets;
+  assemblyElsetMap = maps.elsets;
+  assemblySurfaceMap = maps.surfaces;
 }

@@ -1,10 +1,8 @@
 #pragma once
 
-// The names that a deck without parts gets when it is turned into an assembly of one part: users meet them
-// in results alone.
+// The names in an assembly that a deck without parts is turned into; users meet them in results alone.
+// While such a deck is being read its nodes, elements and sets stand under inp_Types::fakeName().
 
 inline constexpr char inp_generatedPart[] = "PART-1";
 inline constexpr char inp_generatedInstance[] = "PART-1-1";
 inline constexpr char inp_generatedAssembly[] = "Assembly-1";
-/// The part of what belongs to no other part while the deck is being divided.
-inline constexpr char inp_fakePart[] = "FAKE";

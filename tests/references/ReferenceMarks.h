@@ -21,12 +21,17 @@ public:
     : inp_SetFixupVisitor(inpM_SetMap(), inpM_SetMap(), inpM_IdMap(), inpM_IdMap(), model)
   {
   }
-  cow_String FixupIdOrSet(inp_Keyword const&, cow_String const& value, inpM_SetMap const& setMap,
-                          inpM_IdMap const& idMap, cow_String const&, cow_String const&,
+  cow_String FixupReference(inp_Reference const& reference, cow_String const& name) override
+  {
+    bool const isNodes = reference.what == inp_refNodes;
+    EXPECT_EQ(isNodes, reference.sets == &nsets && reference.ids == &nodeIdMap);
+    return name + (isNodes ? "#N" : "#E");
+  }
+  cow_String FixupIdOrSet(inp_Keyword const&, cow_String const& value, inpM_SetMap const&,
+                          inpM_IdMap const&, cow_String const&, cow_String const&,
                           cow_String const&, inp_SetType, cow_String const&) override
   {
-    EXPECT_EQ(&setMap == &nsets, &idMap == &nodeIdMap);
-    return value + (&idMap == &nodeIdMap ? "#N" : "#E");
+    return value;
   }
 };
 

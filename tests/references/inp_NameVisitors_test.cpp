@@ -96,6 +96,8 @@ TEST(inp_NameVisitors, RowsThatHoldNoNames)
     {
       cow_List<inp_Keyword> list;
       list.Append(WithParametersFor(which, place)); // no rows
+      if (which == inp_kwSlideLine && list.ConstGet(0).HasParameter("generate"))
+        continue; // becomes the numbers that it generates
       list.Append(WithParametersFor(which, place));
       auto* const numbers = new inp_NodeDataArrayImpl(2);
       numbers->Append(1, 2., 3., 4.);

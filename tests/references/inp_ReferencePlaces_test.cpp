@@ -1,6 +1,8 @@
-// The tables as a whole: every place of every row is reached by a walk, and nothing else.
+// The tables as a whole: every place of every row is reached by the walks that rewrite and by the one that
+// reads, and nothing else.
 
 #include "ReferenceMarks.h"
+#include "inp_ForEachReference.h"
 #include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "inp_PlaceRules.h"
@@ -39,6 +41,25 @@ inp_Keyword KeywordFor(inp_KeywordEnm which, inp_ReferencePlace const& place)
 }
 
 using Places = std::set<std::string>;
+
+/// All that the walk which only reads comes to.
+Places ReadPlaces(inp_Keyword const& keyword, inp_ModelParameters const& model)
+{
+  Places found;
+  inp_ForEachReference(
+    keyword, inp_Scope(), model,
+    [&](inp_Reference const& reference)
+    {
+      EXPECT_EQ(reference.Name(), reference.IsField()
+                                    ? keyword.data.AsString(reference.row, reference.column)
+                                    : cow_String("A"));
+      found.insert((reference.IsField()
+                      ? std::to_string(reference.row) + "," + std::to_string(reference.column)
+                      : std::string(reference.parameter.View())) +
+                   MarkOf(reference.what));
+    });
+  return found;
+}
 
 /// "nset#N", "1,2#E" (row and column from 0) of all that is marked.
 Places MarkedPlaces(inp_Keyword const& keyword)
@@ -95,6 +116,7 @@ TEST(inp_ReferencePlaces, AWalkReachesEveryPlaceAndNothingElse)
       Places const own = PlacesOf(place);
       EXPECT_TRUE(std::includes(wanted.begin(), wanted.end(), own.begin(), own.end()))
         << list.ConstGet(0).Name() << ": the place does not count for its own keyword";
+      EXPECT_EQ(ReadPlaces(list.ConstGet(0), model), wanted) << list.ConstGet(0).Name();
       MarkAll(list, model);
       EXPECT_EQ(MarkedPlaces(list.ConstGet(0)), wanted) << list.ConstGet(0).Name();
     }

@@ -160,3 +160,63 @@ TEST(inp_NameFixupVisitor, ReportsWhatIsRaisedAndGoesOn)
   EXPECT_EQ(visitor.GetErrorList().ConstGet(1).Origin()->subject, "BAD");
   EXPECT_EQ(KeywordText(keywords.ConstGet(1)), "contactpair: S|T|bad|O#O");
 }
+
+namespace
+{
+
+/// Puts the scope in front of names, counts how often it is asked, and refuses BAD.
+class Scoping : public inp_SetFixupVisitor
+{
+public:
+  explicit Scoping(inp_ModelParameters const& model) : inp_SetFixupVisitor({}, {}, {}, {}, model) {}
+  cow_String FixupReference(inp_Reference const& reference, cow_String const& name) override
+  {
+    ++asked;
+    if (name == "BAD")
+      throw nex_AtrException(atr_String("No such set in ") + reference.PlaceWords() + ".");
+    return reference.scope->MeshScope() + (reference.what == inp_refNodes ? ".N." : ".E.") + name;
+  }
+  cow_String FixupIdOrSet(inp_Keyword const&, cow_String const& value, inpM_SetMap const&,
+                          inpM_IdMap const&, cow_String const&, cow_String const&,
+                          cow_String const&, inp_SetType, cow_String const&) override
+  {
+    return value;
+  }
+  bool AnswersByName() const override { return true; }
+  int asked = 0;
+};
+
+} // namespace
+
+// What one scope, or one kind, was answered must not be taken for another; faults are told each time.
+TEST(inp_SetFixupVisitor, AsksOnceForANameInAScope)
+{
+  cow_List<inp_Keyword> keywords = DeckKeywords(
+    "*PART, NAME=P\n*CLOAD\nTIP, 1, 5.\nTIP, 2, 5.\n tip , 3, 5.\nBAD, 1\nBAD, 1\n"
+    "*NORMAL\nTIP, TIP, 1.\n*END PART\n*PART, NAME=Q\n*CFLUX\nTIP, 11\nTIP, 11\n*END PART\n");
+  inp_ModelParameters const model;
+  Scoping visitor(model);
+  visitor.VisitList(keywords);
+  EXPECT_EQ(KeywordText(keywords.ConstGet(1)),
+            "cload: P.N.TIP|1|5. / P.N.TIP|2|5. / P.N.TIP|3|5. / BAD|1 / BAD|1");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(2)), "normal: P.E.TIP|P.N.TIP|1.");
+  EXPECT_EQ(KeywordText(keywords.ConstGet(5)), "cflux: Q.N.TIP|11 / Q.N.TIP|11");
+  EXPECT_EQ(visitor.asked, 6);
+  EXPECT_EQ(ErrorsOf(visitor), "2 error: No such set in field 1 of data line 4.\n"
+                               "2 error: No such set in field 1 of data line 5.\n");
+}
+
+TEST(inp_SetFixupVisitor, RewritesRowsThatKeywordsShareOnce)
+{
+  cow_List<inp_Keyword> keywords = DeckKeywords("*CFLUX\nTIP, 11\n");
+  keywords.Append(keywords.ConstGet(0));
+  keywords.Append(keywords.ConstGet(0).DeepCopy());
+  inp_ModelParameters const model;
+  Scoping visitor(model);
+  for (char const* row : {".N.TIP|11", ".N..N.TIP|11"}) // each walk once
+  {
+    visitor.VisitList(keywords);
+    for (inp_Keyword const& keyword : keywords)
+      EXPECT_EQ(KeywordText(keyword), std::string("cflux: ") + row);
+  }
+}

@@ -44,6 +44,9 @@ public:
   /// An independent array with the same rows.
   inp_DataArray Copy() const;
 
+  /// Another handle has the same rows.
+  bool IsShared() const { return UseCount() > 1; }
+
   /// The storage, for readers that know its form. Shared with all copies of this handle.
   inp_DataArrayImpl& Impl() const { return *cow_CountedHld<inp_DataArrayImpl>::Get(); }
 };

@@ -1,13 +1,17 @@
 #pragma once
 
-#include "inp_Columns.h"
 #include "inp_ReferenceVisitor.h"
+
+/// Names of this kind are rewritten throughout a deck. The definitions of materials and of distribution tables
+/// keep theirs, and so do the references to them.
+constexpr bool inp_IsRenamed(inp_referenceEnm what)
+{
+  return what != inp_refMaterial && what != inp_refTable;
+}
 
 /// What the fixups of orientations, distributions, materials and rebars have in common: a name is a
 /// parameter or a field, never a number, and one operation says what becomes of it.
-///
-/// Reports:  an exception that the operation raises, with the name and its field or parameter; the
-///           name stays and the walk goes on with the next. Memory failures leave the walk.
+/// Messages name the name, and its field or parameter.
 class inp_NameFixupVisitor : public inp_ReferenceVisitor
 {
 public:
@@ -20,10 +24,13 @@ protected:
   /// The name that is to stand in place of `name`.
   virtual cow_String FixupName(cow_String const& name) = 0;
 
+  cow_String FixupReference(inp_Reference const&, cow_String const& name) override
+  {
+    return FixupName(name);
+  }
   bool TakesNumbers() const override { return false; }
   void ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place) override;
-  /// Lines count from 1; 0 is the last.
-  void ReplaceFields(inp_Keyword& keyword, inp_Columns const& columns, int firstLine, int lastLine);
-  atr_String FaultMessage(inp_Keyword const& keyword, cow_String const& name,
+  void ReplaceFields(inp_Keyword& keyword, inp_Fields const& fields);
+  atr_String FaultMessage(inp_Reference const& reference, cow_String const& name,
                           atr_String const& fault) const override;
 };

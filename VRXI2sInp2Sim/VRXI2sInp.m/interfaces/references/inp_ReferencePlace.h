@@ -40,6 +40,13 @@ enum inp_numbersEnm
   inp_numbersWithD  ///< with "e" or "d"
 };
 
+/// Lines that go on in the next one, which names nothing then.
+enum inp_goesOnEnm
+{
+  inp_goesOnNever,
+  inp_goesOnFollowerLoads ///< of the types TFD, TWD and TSI, in field 2
+};
+
 /// A parameter that decides whether a place counts. Values compare as they stand, in upper case.
 struct inp_PlaceCondition
 {
@@ -79,10 +86,25 @@ struct inp_ReferencePlace
   int stepLines = 1;     ///< of inp_stepFixed
   int fieldsAtLeast = 1; ///< shorter lines are passed over
   inp_numbersEnm numbers = inp_noNumbers;
+  inp_goesOnEnm goesOn = inp_goesOnNever;
   inp_PlaceCondition conditions[c_conditions] = {};
   char const* note = nullptr; ///< what no column of the table says
 
   constexpr bool IsData() const { return parameter == nullptr; }
+  constexpr bool IsOfNodesOrElements() const
+  {
+    return what == inp_refNodes || what == inp_refElements;
+  }
+  /// The walks can do what the place asks for: those of names know no model, which some steps follow from,
+  /// and single numbers, values by themselves and surface definitions are of nodes and elements.
+  constexpr bool IsServed() const
+  {
+    bool const asksForSets = byValue || isId || viaDefinition || step != inp_stepFixed;
+    bool const isWhole =
+      IsData() || (firstLine == 1 && lastLine == 0 && stepLines == 1 && fieldsAtLeast == 1 &&
+                   numbers == inp_noNumbers && goesOn == inp_goesOnNever);
+    return isWhole && (IsOfNodesOrElements() || !asksForSets) && (!isId || lastLine == firstLine);
+  }
 
   static constexpr inp_ReferencePlace Of(inp_referenceEnm named)
   {
@@ -168,6 +190,12 @@ struct inp_ReferencePlace
   constexpr inp_ReferencePlace BehindNumbers(inp_numbersEnm kind) const
   {
     return With(&inp_ReferencePlace::numbers, kind);
+  }
+
+  /// Passes over a line that another one goes on in.
+  constexpr inp_ReferencePlace ButBehind(inp_goesOnEnm lines) const
+  {
+    return With(&inp_ReferencePlace::goesOn, lines);
   }
 
   constexpr inp_ReferencePlace Has(char const* name) const

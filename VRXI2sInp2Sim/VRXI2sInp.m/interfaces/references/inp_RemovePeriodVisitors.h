@@ -33,6 +33,7 @@ public:
 protected:
   bool RewriteInPlace(char* cell) override;
   char NameMark() const override { return '.'; }
+  bool AnswersByName() const override { return true; }
 };
 
 class inp_RemovePeriodSurfaceVisitor : public inp_SurfaceFixupVisitor
@@ -45,6 +46,7 @@ public:
 protected:
   bool RewriteInPlace(char* cell) override;
   char NameMark() const override { return '.'; }
+  bool AnswersByName() const override { return true; }
 };
 
 // The base's constructor serves.
@@ -59,10 +61,10 @@ protected:
   protected:                                                                                       \
     bool Serves(inp_referenceEnm what) const override                                              \
     {                                                                                              \
-      return what != inp_refMaterial && what != inp_refTable &&                                    \
-             inp_##kind##FixupVisitor::Serves(what);                                               \
+      return inp_IsRenamed(what) && inp_##kind##FixupVisitor::Serves(what);                        \
     }                                                                                              \
     bool RewriteInPlace(char* cell) override;                                                      \
     char NameMark() const override { return '.'; }                                                 \
+    bool AnswersByName() const override { return true; }                                           \
   };
 #include "inp_NameKinds.def"

@@ -36,6 +36,7 @@ public:
 protected:
   bool RewriteInPlace(char* cell) override;
   char NameMark() const override { return '.'; }
+  bool AnswersByName() const override { return true; }
 
 private:
   cow_String assemblyName;
@@ -57,6 +58,7 @@ public:
 protected:
   bool RewriteInPlace(char* cell) override;
   char NameMark() const override { return '.'; }
+  bool AnswersByName() const override { return true; }
 
 private:
   cow_String assemblyName;
@@ -77,8 +79,13 @@ private:
     cow_String operation(__VA_ARGS__) override;                                                    \
                                                                                                    \
   protected:                                                                                       \
+    bool Serves(inp_referenceEnm what) const override                                              \
+    {                                                                                              \
+      return inp_IsRenamed(what) && inp_##kind##FixupVisitor::Serves(what);                        \
+    }                                                                                              \
     bool RewriteInPlace(char* cell) override;                                                      \
     char NameMark() const override { return '.'; }                                                 \
+    bool AnswersByName() const override { return true; }                                           \
                                                                                                    \
   private:                                                                                         \
     cow_String assemblyName;                                                                       \

@@ -14,9 +14,8 @@ class inp_ModelParameters;
 ///     parameter, field  ->  ReplaceNodeOrNset...      ->  ReplaceIdOrSet...  ->  FixupIdOrSet
 ///                           ReplaceElementOrElset...
 ///
-/// Reports:  an exception that FixupIdOrSet raises, with its keyword's place; the field or
-///           parameter stays and the walk goes on with the next. Memory failures and
-///           inp_ElementUndefinedNodesError leave the walk.
+/// A derived class overrides FixupIdOrSet, or FixupReference, which knows more: whether nodes or elements
+/// are named, and by which field.
 class inp_SetFixupVisitor : public inp_ReferenceVisitor
 {
 public:
@@ -84,7 +83,9 @@ protected:
   {
     return what == inp_refNodes || what == inp_refElements;
   }
+  cow_String FixupReference(inp_Reference const& reference, cow_String const& name) override;
   void ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place) override;
+  inp_ModelParameters const* Model() const override { return modelParameters; }
 
   inpM_SetMap nsets;
   inpM_SetMap elsets;
@@ -95,13 +96,14 @@ protected:
   std::int64_t mostListed = 20000000; ///< numbers that take the place of ranges in the walk
 
 private:
-  static Fields OneField(int row, int column);
-  cow_String Fixed(inp_Keyword const& keyword, cow_String const& value, inpM_SetMap const& setMap,
-                   inpM_IdMap const& idMap, inp_SetType setType, cow_String const& parameterName);
+  static inp_Fields OneField(int row, int column);
+  inp_referenceEnm WhatOf(inpM_IdMap const& idMap) const;
+  cow_String FixedValue(inp_Keyword const& keyword, cow_String const& value,
+                        inpM_SetMap const& setMap, inpM_IdMap const& idMap, inp_SetType setType);
   void ReplaceWholeColumns(inp_Keyword& keyword, inp_ReferencePlace const& place);
   void ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlace const& place);
   cow_String ReplaceValue(inp_Keyword& keyword, inp_referenceEnm what, cow_String const& value);
-  bool ExpandGenerated(inp_Keyword& keyword);
+  void ExpandGenerated(inp_Keyword& keyword);
 
   std::int64_t m_listed = 0; ///< of mostListed
 };

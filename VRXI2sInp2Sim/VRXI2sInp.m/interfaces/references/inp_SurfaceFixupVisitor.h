@@ -6,8 +6,6 @@
 
 /// Finds every place where a surface is named, and stores what FixupSurfaceName makes of the name.
 /// The places stand in inp_SurfaceReferences.def.
-///
-/// Reports nothing: what FixupSurfaceName raises leaves the walk.
 class inp_SurfaceFixupVisitor : public inp_ReferenceVisitor
 {
 public:
@@ -32,10 +30,12 @@ public:
 
 protected:
   bool Serves(inp_referenceEnm what) const override { return what == inp_refSurface; }
+  cow_String FixupReference(inp_Reference const& reference, cow_String const& name) override
+  {
+    inp_Scope const& scope = *reference.scope;
+    return FixupSurfaceName(name, scope.m_instanceName, scope.m_assemblyName, scope.m_partName);
+  }
   void ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place) override;
 
   inpM_SurfaceMap surfaces;
-
-private:
-  cow_String Fixed(cow_String const& name);
 };

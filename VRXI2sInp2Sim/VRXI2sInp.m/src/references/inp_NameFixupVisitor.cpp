@@ -4,20 +4,20 @@
 
 cow_String inp_NameFixupVisitor::ReplaceData(inp_Keyword& keyword, cow_String const& value)
 {
-  return FixedOrReported(keyword, value, [&] { return FixupName(value); });
+  return Fixed(AtWork(keyword), value);
 }
 
-atr_String inp_NameFixupVisitor::FaultMessage(inp_Keyword const& keyword, cow_String const& name,
-                                              atr_String const& fault) const
+atr_String inp_NameFixupVisitor::FaultMessage(inp_Reference const& reference,
+                                              cow_String const& name, atr_String const& fault) const
 {
-  atr_String message = atr_Say(inp_msgReferenceDataLines, keyword.Name());
+  atr_String message = atr_Say(inp_msgReferenceDataLines, reference.keyword->Name());
   message.Append(fault);
-  cow_String const place = PlaceAtWork();
+  cow_String const place = reference.PlaceWords();
   if (place.Length() > 0)
   {
     message.Append(cow_String(" (\"") + name + "\" in " + place + ")");
   }
-  return inp_Utils::PlacedAt(keyword, message);
+  return inp_Utils::PlacedAt(*reference.keyword, message);
 }
 
 void inp_NameFixupVisitor::ReplaceParameter(inp_Keyword& keyword, cow_String const& name)
@@ -26,13 +26,10 @@ void inp_NameFixupVisitor::ReplaceParameter(inp_Keyword& keyword, cow_String con
                    [&](cow_String const& text) { return ReplaceData(keyword, text); });
 }
 
-void inp_NameFixupVisitor::ReplaceFields(inp_Keyword& keyword, inp_Columns const& columns,
-                                         int firstLine, int lastLine)
+void inp_NameFixupVisitor::ReplaceFields(inp_Keyword& keyword, inp_Fields const& fields)
 {
-  RewriteFields(
-    keyword,
-    {.columns = columns, .firstRow = firstLine - 1, .endRow = lastLine > 0 ? lastLine : INT_MAX},
-    [&](cow_String const& text) { return ReplaceData(keyword, text); });
+  RewriteFields(keyword, fields,
+                [&](cow_String const& text) { return ReplaceData(keyword, text); });
 }
 
 void inp_NameFixupVisitor::ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place)
@@ -43,6 +40,6 @@ void inp_NameFixupVisitor::ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace
   }
   else
   {
-    ReplaceFields(keyword, place.columns, place.firstLine, place.lastLine);
+    ReplaceFields(keyword, inp_FieldsOf(place, keyword, nullptr));
   }
 }

@@ -7,5 +7,5 @@
 
 void inp_OrientationFixupVisitor::ReplaceDataAtColumn(inp_Keyword& keyword, int column)
 {
-  ReplaceFields(keyword, inp_Columns::Of(column), 1, 0);
+  ReplaceFields(keyword, {.columns = inp_Columns::Of(column)});
 }

@@ -4,9 +4,11 @@
 #include "inp_KeywordEnm.h"
 #include "inp_ModelParameters.h"
 #include "inp_PlaceRows.h"
+#include "inp_Utils.h"
 
 #include <algorithm>
 #include <climits>
+#include <cstring>
 #include <string_view>
 
 namespace
@@ -72,6 +74,22 @@ bool IsSkewInContinuum(inp_Keyword const& keyword)
          keyword.GetParameterAsString("element", "") == "CONTINUUM";
 }
 
+bool IsReal(std::string_view text)
+{
+  return inp_Types::IsDouble(text) || inp_Types::IsDoubleD(text);
+}
+
+bool BeginsWithNumber(inp_DataArray const& data, inp_numbersEnm kind)
+{
+  if (kind == inp_noNumbers || data.Rows() == 0)
+  {
+    return false;
+  }
+  cow_String const first = data.AsString(0, 0);
+  return inp_Types::IsDouble(first.View()) ||
+         (kind == inp_numbersWithD && inp_Types::IsDoubleD(first.View()));
+}
+
 } // namespace
 
 inp_ReferencePlace const* inp_FurtherPlaces(inp_KeywordEnm keyword)
@@ -126,6 +144,66 @@ int inp_RowStep(inp_ReferencePlace const& place, inp_Keyword const& keyword,
     return IsSkewInContinuum(keyword) ? 2 : 1;
   }
   return 1;
+}
+
+inp_Fields inp_FieldsOf(inp_ReferencePlace const& place, inp_Keyword const& keyword,
+                        inp_ModelParameters const* model)
+{
+  inp_Fields fields;
+  fields.columns = place.columns;
+  fields.firstRow = place.firstLine - 1 + (BeginsWithNumber(keyword.data, place.numbers) ? 1 : 0);
+  fields.endRow = place.lastLine > 0 ? place.lastLine : INT_MAX;
+  fields.rowStep = model != nullptr ? inp_RowStep(place, keyword, *model) : place.stepLines;
+  fields.fewest = place.fieldsAtLeast;
+  fields.isText = place.isText;
+  fields.goesOn = place.goesOn;
+  return fields;
+}
+
+// Loads that follow the rotation of a structure have their data in a second line.
+bool inp_GoesOn(inp_RawDataArrayImpl const& rows, int row)
+{
+  char const* type = rows.RowText(row);
+  if (rows.Cols(row) < 2)
+  {
+    return false;
+  }
+  type += std::strlen(type) + 1;
+  while (*type == ' ' || *type == '\t' || *type == '\r')
+  {
+    ++type;
+  }
+  // Most loads have a number here, which is told without a text.
+  if ((*type | 0x20) != 't')
+  {
+    return false;
+  }
+  cow_String const text = inp_RawDataArrayImpl::TextOfCell(type);
+  return text == "TFD" || text == "TWD" || text == "TSI";
+}
+
+bool inp_MayBeName(inp_Item const& item, bool takesNumbers)
+{
+  return item.Type() == inp_Types::inp_STRING ||
+         (item.Type() == inp_Types::inp_INTEGER && takesNumbers);
+}
+
+bool inp_MayBeName(char const* cell, bool takesNumbers)
+{
+  inp_Types::typeEnm const type = inp_RawDataArrayImpl::TypeOfCell(cell);
+  if (type == inp_Types::inp_STRING || type == inp_Types::inp_NONE)
+  {
+    return type == inp_Types::inp_STRING;
+  }
+  return takesNumbers && !IsReal(cell);
+}
+
+// Coordinates may stand where the node is not named: 1.5 is no node 5.
+bool inp_ReadSingleId(cow_String const& field, cow_String& id)
+{
+  cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(field);
+  id = inp_Utils::IsScopedSetId(pieces) ? pieces.Last() : field;
+  return inp_Types::IsInteger(id.View()) && !inp_Types::IsDouble(field.View());
 }
 
 int inp_DistributionRowStep(inp_Keyword const& keyword, inp_ModelParameters const& model)

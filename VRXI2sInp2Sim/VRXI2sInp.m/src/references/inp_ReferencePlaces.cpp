@@ -195,6 +195,10 @@ cow_String inp_PlaceWords(inp_ReferencePlace const& place)
   {
     text.Append(", but for a first line that begins with a real number");
   }
+  if (place.goesOn == inp_goesOnFollowerLoads)
+  {
+    text.Append(", not in a line behind one of TFD, TWD or TSI");
+  }
   if (place.note != nullptr)
   {
     text.Append(", ").Append(place.note);

@@ -21,26 +21,43 @@ cow_String inp_SetFixupVisitor::SetTypeEnm2String(inp_SetType type)
 
 // ---- one value, one parameter ----
 
-cow_String inp_SetFixupVisitor::Fixed(inp_Keyword const& keyword, cow_String const& value,
-                                      inpM_SetMap const& setMap, inpM_IdMap const& idMap,
-                                      inp_SetType setType, cow_String const& parameterName)
+cow_String inp_SetFixupVisitor::FixupReference(inp_Reference const& reference,
+                                               cow_String const& name)
 {
-  return FixedOrReported(keyword, value,
-                         [&]
-                         {
-                           return FixupIdOrSet(keyword, value, setMap, idMap, m_assemblyName,
-                                               m_instanceName, m_partName, setType, parameterName);
-                         });
+  inp_Scope const& scope = *reference.scope;
+  return FixupIdOrSet(*reference.keyword, name, *reference.sets, *reference.ids,
+                      scope.m_assemblyName, scope.m_instanceName, scope.m_partName,
+                      reference.setType, reference.parameter);
+}
+
+/// The maps of nodes are told from those of elements here alone. Those of others stand for what the place
+/// at work names.
+inp_referenceEnm inp_SetFixupVisitor::WhatOf(inpM_IdMap const& idMap) const
+{
+  return &idMap == &nodeIdMap      ? inp_refNodes
+         : &idMap == &elementIdMap ? inp_refElements
+                                   : inp_noReference;
+}
+
+cow_String inp_SetFixupVisitor::FixedValue(inp_Keyword const& keyword, cow_String const& value,
+                                           inpM_SetMap const& setMap, inpM_IdMap const& idMap,
+                                           inp_SetType setType)
+{
+  inp_Reference reference = AtWork(keyword, WhatOf(idMap));
+  reference.sets = &setMap;
+  reference.ids = &idMap;
+  reference.setType = setType;
+  return Fixed(reference, value);
 }
 
 cow_String inp_SetFixupVisitor::ReplaceNodeOrNset(inp_Keyword& keyword, cow_String const& value)
 {
-  return Fixed(keyword, value, nsets, nodeIdMap, inp_nodeSet, "");
+  return FixedValue(keyword, value, nsets, nodeIdMap, inp_nodeSet);
 }
 
 cow_String inp_SetFixupVisitor::ReplaceElementOrElset(inp_Keyword& keyword, cow_String const& value)
 {
-  return Fixed(keyword, value, elsets, elementIdMap, inp_elementSet, "");
+  return FixedValue(keyword, value, elsets, elementIdMap, inp_elementSet);
 }
 
 void inp_SetFixupVisitor::ReplaceIdOrSetParameter(inp_Keyword& keyword, cow_String const& name,
@@ -49,7 +66,7 @@ void inp_SetFixupVisitor::ReplaceIdOrSetParameter(inp_Keyword& keyword, cow_Stri
 {
   RewriteParameter(keyword, name,
                    [&](cow_String const& text)
-                   { return Fixed(keyword, text, setMap, idMap, inp_anySet, name); });
+                   { return FixedValue(keyword, text, setMap, idMap, inp_anySet); });
 }
 
 void inp_SetFixupVisitor::ReplaceNodeOrNsetParameter(inp_Keyword& keyword, cow_String const& name)
@@ -65,7 +82,7 @@ void inp_SetFixupVisitor::ReplaceElementOrElsetParameter(inp_Keyword& keyword,
 
 // ---- fields of lines ----
 
-inp_ReferenceVisitor::Fields inp_SetFixupVisitor::OneField(int row, int column)
+inp_Fields inp_SetFixupVisitor::OneField(int row, int column)
 {
   return {.columns = inp_Columns::Of(column), .firstRow = row, .endRow = row + 1};
 }
@@ -76,7 +93,7 @@ void inp_SetFixupVisitor::ReplaceIdOrSetData(inp_Keyword& keyword, inp_Columns c
 {
   RewriteFields(keyword, {.columns = columns, .rowStep = rowStep},
                 [&](cow_String const& text)
-                { return Fixed(keyword, text, setMap, idMap, setType, ""); });
+                { return FixedValue(keyword, text, setMap, idMap, setType); });
 }
 
 void inp_SetFixupVisitor::ReplaceIdOrSetAllData(inp_Keyword& keyword, inpM_SetMap const& setMap,
@@ -84,7 +101,7 @@ void inp_SetFixupVisitor::ReplaceIdOrSetAllData(inp_Keyword& keyword, inpM_SetMa
 {
   RewriteFields(keyword, {.columns = inp_Columns::All()},
                 [&](cow_String const& text)
-                { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
+                { return FixedValue(keyword, text, setMap, idMap, inp_anySet); });
 }
 
 void inp_SetFixupVisitor::ReplaceIdOrSetSingleDatum(inp_Keyword& keyword, int row, int col,
@@ -93,7 +110,7 @@ void inp_SetFixupVisitor::ReplaceIdOrSetSingleDatum(inp_Keyword& keyword, int ro
 {
   RewriteFields(keyword, OneField(row, col),
                 [&](cow_String const& text)
-                { return Fixed(keyword, text, setMap, idMap, inp_anySet, ""); });
+                { return FixedValue(keyword, text, setMap, idMap, inp_anySet); });
 }
 
 void inp_SetFixupVisitor::ReplaceIdSingleDatum(inp_Keyword& keyword, int row, int col,
@@ -101,14 +118,12 @@ void inp_SetFixupVisitor::ReplaceIdSingleDatum(inp_Keyword& keyword, int row, in
 {
   auto const fix = [&](cow_String const& text)
   {
-    cow_List<cow_String> const pieces = inp_Utils::SplitScopedSet(text);
-    cow_String const id = inp_Utils::IsScopedSetId(pieces) ? pieces.Last() : text;
-    // Coordinates may stand where the node is not named: 1.5 is no node 5.
-    if (!inp_Types::IsInteger(id.View()) || inp_Types::IsDouble(text.View()))
+    cow_String id;
+    if (!inp_ReadSingleId(text, id))
     {
       return text;
     }
-    cow_String const fixed = Fixed(keyword, id, setMap, idMap, inp_anySet, "");
+    cow_String const fixed = FixedValue(keyword, id, setMap, idMap, inp_anySet);
     return fixed == id ? text : fixed;
   };
   RewriteFields(keyword, OneField(row, col), fix);
@@ -171,9 +186,7 @@ void inp_SetFixupVisitor::ReplaceWholeColumns(inp_Keyword& keyword, inp_Referenc
     isNodes ? ReplaceNodeOrNsetAllData(keyword) : ReplaceElementOrElsetAllData(keyword);
     return;
   }
-  // A step over all lines leaves the first alone.
-  int const step =
-    place.lastLine == 1 ? keyword.data.Rows() : inp_RowStep(place, keyword, *modelParameters);
+  int const step = inp_RowStep(place, keyword, *modelParameters);
   isNodes ? ReplaceNodeOrNsetData(keyword, place.columns, step)
           : ReplaceElementOrElsetData(keyword, place.columns, step);
 }
@@ -187,11 +200,6 @@ cow_String inp_SetFixupVisitor::ReplaceValue(inp_Keyword& keyword, inp_reference
 
 void inp_SetFixupVisitor::ReplaceByValue(inp_Keyword& keyword, inp_ReferencePlace const& place)
 {
-  RewriteFields(keyword,
-                {.columns = place.columns,
-                 .firstRow = place.firstLine - 1,
-                 .endRow = place.lastLine > 0 ? place.lastLine : INT_MAX,
-                 .fewest = place.fieldsAtLeast,
-                 .isText = place.isText},
+  RewriteFields(keyword, inp_FieldsOf(place, keyword, modelParameters),
                 [&](cow_String const& text) { return ReplaceValue(keyword, place.what, text); });
 }

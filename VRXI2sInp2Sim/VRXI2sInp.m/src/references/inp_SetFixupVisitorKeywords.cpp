@@ -1,6 +1,5 @@
 // The handlers of the keywords: a row of the table each, and what is more than a row.
 
-#include "inp_CellRewriter.h"
 #include "inp_KeywordEnm.h"
 #include "inp_SetFixupVisitor.h"
 
@@ -13,23 +12,6 @@
 
 namespace
 {
-
-/// The line goes on in the next: loads that follow the rotation of a structure have its data there.
-bool GoesOn(inp_CellRewriter const& cells, int row)
-{
-  char const* type = cells.Cols(row) >= 2 ? cells.Cell(row, 1) : "";
-  while (*type == ' ' || *type == '\t' || *type == '\r')
-  {
-    ++type;
-  }
-  // Most loads have a number here, which is told without a text.
-  if ((*type | 0x20) != 't')
-  {
-    return false;
-  }
-  cow_String const text = inp_RawDataArrayImpl::TextOfCell(type);
-  return text == "TFD" || text == "TWD" || text == "TSI";
-}
 
 /// Rows of all numbers, eight in each.
 inp_DataArray NumbersOf(std::vector<inp_ScopedRange> const& ranges)
@@ -61,28 +43,19 @@ inp_DataArray NumbersOf(std::vector<inp_ScopedRange> const& ranges)
 
 } // namespace
 
-// *CLOAD row: node or node set, degree of freedom or type, magnitude, ...
-void inp_SetFixupVisitor::VisitCload(inp_Keyword& keyword)
-{
-  RewriteFields(keyword, {.columns = placesOfCload->columns, .goesOn = GoesOn},
-                [&](cow_String const& text) { return ReplaceNodeOrNset(keyword, text); });
-}
-
 // *SLIDE LINE rows: nodes and node sets; with GENERATE start, end[, step]
 void inp_SetFixupVisitor::VisitSlideLine(inp_Keyword& keyword)
 {
-  if (!keyword.HasParameter("generate") || ExpandGenerated(keyword))
+  if (keyword.HasParameter("generate"))
   {
-    ReplacePlaces(keyword, placesOfSlideLine);
-    return;
+    ExpandGenerated(keyword);
   }
-  ReplaceElementOrElsetParameter(keyword, "elset");
-  ReplaceNodeOrNsetData(keyword, inp_Columns::OfFields(1, 2), 1);
+  ReplacePlaces(keyword, placesOfSlideLine);
 }
 
-/// Puts the numbers that the keyword's rows generate in place of the rows. False, with errors, when a row
-/// generates none: then all rows stay, lest a part of the line is lost.
-bool inp_SetFixupVisitor::ExpandGenerated(inp_Keyword& keyword)
+/// Puts the numbers that the keyword's rows generate in place of the rows. When a row generates none, which is
+/// an error, all rows and GENERATE stay, lest a part of the line is lost.
+void inp_SetFixupVisitor::ExpandGenerated(inp_Keyword& keyword)
 {
   cow_List<atr_String> faults;
   std::vector<inp_ScopedRange> const ranges =
@@ -103,10 +76,9 @@ bool inp_SetFixupVisitor::ExpandGenerated(inp_Keyword& keyword)
   }
   if (faults.Length() > 0)
   {
-    return false;
+    return;
   }
   m_listed = listed;
   keyword.data = NumbersOf(ranges);
   keyword.parameters.Remove("generate");
-  return true;
 }

@@ -6,22 +6,6 @@
 #define INP_PLACES_TABLE "inp_SurfaceReferences.def"
 #include "inp_PlaceHandlers.def"
 
-namespace
-{
-
-bool BeginsWithNumber(inp_DataArray const& data, inp_numbersEnm kind)
-{
-  if (kind == inp_noNumbers || data.Rows() == 0)
-  {
-    return false;
-  }
-  cow_String const first = data.AsString(0, 0);
-  return inp_Types::IsDouble(first.View()) ||
-         (kind == inp_numbersWithD && inp_Types::IsDoubleD(first.View()));
-}
-
-} // namespace
-
 void inp_SurfaceFixupVisitor::ReplacePlace(inp_Keyword& keyword, inp_ReferencePlace const& place)
 {
   if (place.parameter != nullptr)
@@ -34,21 +18,17 @@ void inp_SurfaceFixupVisitor::ReplacePlace(inp_Keyword& keyword, inp_ReferencePl
   }
   else
   {
-    ReplaceSurfaceData(keyword, place.columns, place.stepLines,
-                       BeginsWithNumber(keyword.data, place.numbers) ? 1 : 0);
+    inp_Fields const fields = inp_FieldsOf(place, keyword, nullptr);
+    ReplaceSurfaceData(keyword, place.columns, fields.rowStep, fields.firstRow);
   }
-}
-
-cow_String inp_SurfaceFixupVisitor::Fixed(cow_String const& name)
-{
-  return FixupSurfaceName(name, m_instanceName, m_assemblyName, m_partName);
 }
 
 void inp_SurfaceFixupVisitor::ReplaceSurfaceData(inp_Keyword& keyword, inp_Columns const& columns,
                                                  int rowStep, int firstRow)
 {
   RewriteFields(keyword, {.columns = columns, .firstRow = firstRow, .rowStep = rowStep},
-                [this](cow_String const& text) { return Fixed(text); });
+                [&](cow_String const& text)
+                { return Fixed(AtWork(keyword, inp_refSurface), text); });
 }
 
 void inp_SurfaceFixupVisitor::ReplaceSurfaceAllData(inp_Keyword& keyword)
@@ -58,5 +38,7 @@ void inp_SurfaceFixupVisitor::ReplaceSurfaceAllData(inp_Keyword& keyword)
 
 void inp_SurfaceFixupVisitor::ReplaceSurfaceParameter(inp_Keyword& keyword, cow_String const& name)
 {
-  RewriteParameter(keyword, name, [this](cow_String const& text) { return Fixed(text); });
+  RewriteParameter(keyword, name,
+                   [&](cow_String const& text)
+                   { return Fixed(AtWork(keyword, inp_refSurface), text); });
 }

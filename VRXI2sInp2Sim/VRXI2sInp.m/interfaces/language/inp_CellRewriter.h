@@ -24,24 +24,14 @@ public:
   {
   }
 
-  int Rows() const { return m_rows != nullptr ? m_rows->Rows() : 0; }
-  int Cols(int row) const { return m_rows->Cols(row); }
-  /// A cell that is there, as it is stored.
-  char const* Cell(int row, int column) const
-  {
-    char const* cell = m_rows->RowText(row);
-    for (; column > 0; --column)
-    {
-      cell += std::strlen(cell) + 1;
-    }
-    return cell;
-  }
+  /// Null where there are none of text.
+  inp_RawDataArrayImpl const* Rows() const { return m_rows; }
 
-  /// For each chosen cell of a row of which `wants` says yes, `fix` makes a text of the cell's text.
-  /// Cells whose text stays are not touched. `wants` sees the cell as stored, and may rewrite it
-  /// there and say no.
-  template <class Wants, class Fix>
-  void Row(int row, inp_Columns const& columns, Wants const& wants, Fix const& fix)
+  /// For each chosen cell of a row, `fix(column, cell)` gives the text that is to stand there, or null
+  /// where the cell stays. It sees the cell as stored, and may rewrite it there within its length. The text
+  /// is copied before the next call.
+  template <class Fix>
+  void Row(int row, inp_Columns const& columns, Fix const& fix)
   {
     // The scan pays only where all columns are chosen.
     if (m_mark != '\0' && columns.IsAll() && !HasMark(row))
@@ -49,20 +39,14 @@ public:
       return;
     }
     m_changed.clear();
-    int const end = std::min(Cols(row), columns.IsAll() ? INT_MAX : columns.End());
+    int const end = std::min(m_rows->Cols(row), columns.IsAll() ? INT_MAX : columns.End());
     char* cell = m_rows->RowText(row);
     for (int column = 0; column < end; ++column)
     {
-      if (columns.Has(column) && wants(cell))
+      cow_String const* const text = columns.Has(column) ? fix(column, cell) : nullptr;
+      if (text != nullptr)
       {
-        m_row = row;
-        m_column = column;
-        cow_String const text = inp_RawDataArrayImpl::TextOfCell(cell);
-        cow_String const fixed = fix(text);
-        if (!(fixed == text))
-        {
-          m_changed.push_back({column, fixed});
-        }
+        m_changed.push_back({column, *text});
       }
       cell = column + 1 < end ? cell + std::strlen(cell) + 1 : cell;
     }
@@ -72,16 +56,12 @@ public:
     }
   }
 
-  /// While `fix` works.
-  int CurrentRow() const { return m_row; }
-  int CurrentColumn() const { return m_column; }
-
 private:
   // A row is whole words, with NUL behind its last cell.
   bool HasMark(int row) const
   {
     char const* at = m_rows->RowText(row);
-    for (int cells = Cols(row); cells > 0; at += c_charactersOfWord)
+    for (int cells = m_rows->Cols(row); cells > 0; at += c_charactersOfWord)
     {
       inp_CharacterWord const word = inp_LoadWord(at);
       if (inp_Zeros(word ^ inp_Each(m_mark)) != 0)
@@ -96,7 +76,5 @@ private:
   inp_DataArray m_data; // keeps the rows, whatever becomes of the keyword
   inp_RawDataArrayImpl* m_rows;
   char m_mark;
-  int m_row = 0;
-  int m_column = 0;
   std::vector<inp_RawDataArrayImpl::NewCell> m_changed;
 };

@@ -1,6 +1,7 @@
 #include "inp_RawDataArrayImpl.h"
 
 #include "VRXBasException.h"
+#include "inp_CharacterWord.h"
 #include "inp_Numbers.h"
 #include "inp_ParserExceptions.h"
 #include "inp_Utils.h"
@@ -82,35 +83,92 @@ char* NewBlock(char const* text, std::size_t length)
   return block;
 }
 
-char const* NextCell(char const* cell) { return cell + std::strlen(cell) + 1; }
-
-/// Writes texts over cells, blanks behind them, unless one is too long or has a comma.
-bool WriteOver(char* row, inp_RawDataArrayImpl::NewCell const* cells, int count)
+/// The cell of a column, from the one of an earlier column.
+char* CellFrom(char* cell, int column, int wanted)
 {
-  char* places[16];
-  constexpr int mostPlaces = static_cast<int>(std::size(places));
-  char* at = row;
+  for (; column < wanted; ++column)
+  {
+    cell += std::strlen(cell) + 1;
+  }
+  return cell;
+}
+
+/// Characters of a row in front of the NUL that ends its last cell; its block is whole words.
+std::size_t RowLength(char const* row, int columns)
+{
+  char const* at = row;
+  int left = columns;
+  for (int ends = 0; (ends = inp_CountOf(inp_Zeros(inp_LoadWord(at)))) < left;
+       at += c_charactersOfWord)
+  {
+    left -= ends;
+  }
+  for (; left > 0; ++at)
+  {
+    left -= *at == '\0' ? 1 : 0;
+  }
+  return static_cast<std::size_t>(at - row) - 1;
+}
+
+/// What texts for cells of a row mean for its block.
+struct Replacement
+{
+  bool fits = true;          ///< each text in its cell, without a comma
+  std::ptrdiff_t growth = 0; ///< of the row, in characters
+};
+
+Replacement Measure(char* row, inp_RawDataArrayImpl::NewCell const* cells, int count)
+{
+  Replacement result;
   int column = 0;
   for (int k = 0; k < count; ++k)
   {
-    for (; column < cells[k].column; ++column)
-    {
-      at += std::strlen(at) + 1;
-    }
+    row = CellFrom(row, column, cells[k].column);
+    column = cells[k].column;
     std::string_view const text = cells[k].text.View();
-    if (k == mostPlaces || text.size() > std::strlen(at) || text.find(',') != text.npos)
-    {
-      return false;
-    }
-    places[k] = at;
+    std::size_t const length = std::strlen(row);
+    result.fits = result.fits && text.size() <= length && text.find(',') == text.npos;
+    result.growth += static_cast<std::ptrdiff_t>(text.size()) - static_cast<std::ptrdiff_t>(length);
   }
+  return result;
+}
+
+/// Writes texts over cells, blanks behind them.
+void WriteOver(char* row, inp_RawDataArrayImpl::NewCell const* cells, int count)
+{
+  int column = 0;
   for (int k = 0; k < count; ++k)
   {
+    row = CellFrom(row, column, cells[k].column);
+    column = cells[k].column;
     std::string_view const text = cells[k].text.View();
-    std::memcpy(places[k], text.data(), text.size());
-    std::memset(places[k] + text.size(), ' ', std::strlen(places[k] + text.size()));
+    std::size_t const length = std::strlen(row);
+    std::memcpy(row, text.data(), text.size());
+    std::memset(row + text.size(), ' ', length - text.size());
   }
-  return true;
+}
+
+/// Writes a row with texts in place of cells; gives the number of its columns.
+int WriteRow(char* to, char* row, std::size_t length, int columns,
+             inp_RawDataArrayImpl::NewCell const* cells, int count)
+{
+  char const* const end = row + length;
+  char* cell = row; // of `column`, in the old row
+  int column = 0;
+  for (int k = 0; k < count; ++k)
+  {
+    char* const next = CellFrom(cell, column, cells[k].column);
+    to = std::copy(row, next, to);
+    std::string_view const text = cells[k].text.View();
+    std::memcpy(to, text.data(), text.size());
+    columns = text.find(',') != text.npos ? DivideFrom(to, to + text.size(), columns) : columns;
+    to += text.size();
+    cell = next;
+    column = cells[k].column;
+    row = next + std::strlen(next);
+  }
+  std::copy(static_cast<char const*>(row), end, to);
+  return columns;
 }
 
 #if defined(__SSE2__)
@@ -456,34 +514,17 @@ void inp_RawDataArrayImpl::SetCells(int i, NewCell const* cells, int count)
   VRXBasAssert(i >= 0 && i < nrows, "i >= 0 && i < nrows");
   VRXBasAssert(count == 0 || (cells[0].column >= 0 && cells[count - 1].column < ncols[i]),
                "j >= 0 && j < ncols[i]");
-  if (WriteOver(m_rows[i], cells, count))
+  char* const old = m_rows[i];
+  Replacement const replacement = Measure(old, cells, count);
+  if (replacement.fits)
   {
+    WriteOver(old, cells, count);
     return;
   }
-  // The length of the row as it will be, each cell counted with what closes it.
-  std::size_t length = 0;
-  char const* from = m_rows[i];
-  for (int column = 0, k = 0; column < ncols[i]; ++column, from = NextCell(from))
-  {
-    bool const isNew = k < count && cells[k].column == column;
-    length += (isNew ? cells[k++].text.View().size() : std::strlen(from)) + 1;
-  }
-  char* const block = RoomFor(length - 1);
-  char* to = block;
-  int columns = ncols[i];
-  from = m_rows[i];
-  for (int column = 0, k = 0; column < ncols[i]; ++column, from = NextCell(from))
-  {
-    bool const isNew = k < count && cells[k].column == column;
-    std::string_view const text = isNew ? cells[k++].text.View() : std::string_view(from);
-    std::memcpy(to, text.data(), text.size());
-    columns = isNew ? DivideFrom(to, to + text.size(), columns) : columns;
-    to += text.size();
-    *to++ = '\0';
-  }
-  mem_Free(m_rows[i]);
-  m_rows[i] = block;
-  ncols[i] = columns;
+  std::size_t const length = RowLength(old, ncols[i]);
+  m_rows[i] = RoomFor(length + static_cast<std::size_t>(replacement.growth));
+  ncols[i] = WriteRow(m_rows[i], old, length, ncols[i], cells, count);
+  mem_Free(old);
 }
 
 void inp_RawDataArrayImpl::Set(int i, int j, double value) { Set(i, j, cow_String(value)); }

@@ -24,11 +24,14 @@ public:
   /// Null when there is none.
   Answer const* Find(inp_referenceEnm what, char const* cell)
   {
+    if (m_last != nullptr && m_last->what == what && m_last->Is(cell))
+    {
+      return &m_last->answer;
+    }
     m_length = std::strlen(cell);
     m_slot = m_length < c_longest ? &m_slots[SlotOf(what, cell)] : nullptr;
-    bool const isKnown = m_slot != nullptr && m_slot->what == what && m_slot->length == m_length &&
-                         std::memcmp(m_slot->cell.data(), cell, m_length) == 0;
-    return isKnown ? &m_slot->answer : nullptr;
+    m_last = m_slot != nullptr && m_slot->what == what && m_slot->Is(cell) ? m_slot : nullptr;
+    return m_last != nullptr ? &m_last->answer : nullptr;
   }
 
   /// Of the field that was looked for last.
@@ -37,9 +40,9 @@ public:
     if (m_slot != nullptr)
     {
       m_slot->what = what;
-      m_slot->length = m_length;
-      std::memcpy(m_slot->cell.data(), cell, m_length);
+      std::memcpy(m_slot->cell.data(), cell, m_length + 1);
       m_slot->answer = {text, isNew};
+      m_last = m_slot;
     }
   }
 
@@ -49,6 +52,7 @@ public:
     {
       slot.what = inp_noReference;
     }
+    m_last = nullptr;
   }
 
 private:
@@ -58,9 +62,20 @@ private:
   struct Slot
   {
     inp_referenceEnm what = inp_noReference;
-    std::size_t length = 0;
-    std::array<char, c_longest> cell;
+    std::array<char, c_longest> cell; ///< closed by NUL
     Answer answer;
+
+    // Names are short and begin alike: character by character is soon done.
+    bool Is(char const* other) const
+    {
+      char const* own = cell.data();
+      while (*own == *other && *own != '\0')
+      {
+        ++own;
+        ++other;
+      }
+      return *own == *other;
+    }
   };
 
   std::size_t SlotOf(inp_referenceEnm what, char const* cell) const
@@ -74,6 +89,7 @@ private:
   }
 
   std::array<Slot, c_slots> m_slots;
-  Slot* m_slot = nullptr;
+  Slot* m_slot = nullptr; ///< for the field that was looked for last
+  Slot* m_last = nullptr; ///< that held the last answer
   std::size_t m_length = 0;
 };

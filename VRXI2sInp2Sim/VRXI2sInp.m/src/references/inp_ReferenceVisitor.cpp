@@ -120,6 +120,11 @@ void inp_ReferenceVisitor::RewriteFields(inp_Keyword& keyword, inp_Fields const&
     return;
   }
   inp_Fields const meant = WithinPlace(keyword, fields);
+  m_isKept = AnswersByName() && m_place != nullptr && !m_place->isId && !meant.isText;
+  if (m_isKept && m_answers == nullptr)
+  {
+    m_answers = std::make_unique<inp_ReferenceAnswers>();
+  }
   inp_ForEachRow(meant, *cells.Rows(),
                  [&](int row)
                  {
@@ -145,12 +150,7 @@ cow_String const* inp_ReferenceVisitor::FixCell(char* cell, bool isText, Fix con
   {
     ++cell;
   }
-  bool const isKept = AnswersByName() && m_place != nullptr && !m_place->isId && !isText;
-  if (isKept && m_answers == nullptr)
-  {
-    m_answers = std::make_unique<inp_ReferenceAnswers>();
-  }
-  if (auto const* const known = isKept ? m_answers->Find(m_place->what, cell) : nullptr)
+  if (auto const* const known = m_isKept ? m_answers->Find(m_place->what, cell) : nullptr)
   {
     return known->isNew ? &known->text : nullptr;
   }
@@ -163,7 +163,7 @@ cow_String const* inp_ReferenceVisitor::FixCell(char* cell, bool isText, Fix con
   cow_String const text = m_at.Name();
   m_fixed = fix(text);
   bool const isNew = !(m_fixed == text);
-  if (isKept && !m_hasFault)
+  if (m_isKept && !m_hasFault)
   {
     m_answers->Keep(m_place->what, cell, m_fixed, isNew);
   }

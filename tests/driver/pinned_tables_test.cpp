@@ -88,7 +88,7 @@ Table const tables[] = {
 #define SUM "29d3c9628ad4a09f"
 #include "PinnedTable.def"
 #define TABLE "inp_SetReferences.def"
-#define SUM "6d7e692865c95d36"
+#define SUM "296effb93a1edd1f"
 #include "PinnedTable.def"
 #define TABLE "inp_Suboptions.def"
 #define SUM "14d9ac13dc67fdb8"

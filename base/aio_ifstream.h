@@ -79,6 +79,8 @@ private:
   openEnm PassMark();
   void NoteEnd();
   bool Fill(std::size_t carried);
+  bool TakeLine(char* feed, int limit);
+  bool ReadAcrossChunks(int limit);
   bool ReadLongLine(int limit);
 
   struct FreeAligned

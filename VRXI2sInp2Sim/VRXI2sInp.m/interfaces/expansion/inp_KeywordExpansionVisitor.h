@@ -143,6 +143,8 @@ private:
   bool ReadDataLines(cow_String const& path, cow_String const& file, inp_Keyword& keyword);
   static void CleanRows(inp_Keyword& keyword);
   bool AppendDataLines(aio_ifstream& stream, cow_String const& file, inp_Keyword& keyword);
+  void SayHowReadingEnded(aio_ifstream const& stream, cow_String const& file, int lines,
+                          inp_Keyword const& keyword);
   bool ParseManifest(cow_String const& path, inp_Keyword const& keyword,
                      cow_List<inp_Keyword>& keywords);
   void TakeOver(inp_KeywordExpansionVisitor const& nested);

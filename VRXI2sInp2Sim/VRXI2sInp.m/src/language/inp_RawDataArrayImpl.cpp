@@ -24,6 +24,73 @@ constexpr std::size_t c_longestBlockwise = 255 * 16;
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
+char const* SkipBlanks(char const* text)
+{
+  while (IsBlank(*text))
+  {
+    ++text;
+  }
+  return text;
+}
+
+int CountNonBlanks(char const* text)
+{
+  int count = 0;
+  for (; *text != '\0'; ++text)
+  {
+    count += !IsBlank(*text);
+  }
+  return count;
+}
+
+/// What stands in a cell behind its leading sign, and the type that comes of it.
+class NumberMarks
+{
+public:
+  /// False for a character that no number has.
+  bool Count(char c)
+  {
+    if (c >= '0' && c <= '9')
+    {
+      ++m_digits;
+    }
+    else if (c == '.')
+    {
+      ++m_periods;
+    }
+    else if (c == '+' || c == '-')
+    {
+      ++m_signs;
+    }
+    else if ((c | 0x20) == 'e' || (c | 0x20) == 'd')
+    {
+      ++m_exponents;
+    }
+    else
+    {
+      return false;
+    }
+    return true;
+  }
+
+  /// An integer has at most 9 digits; a longer one counts as a real number.
+  inp_Types::typeEnm Type() const
+  {
+    if (m_signs == 0 && m_periods == 0 && m_exponents == 0)
+    {
+      return m_digits < 10 ? inp_Types::inp_INTEGER : inp_Types::inp_REAL;
+    }
+    return m_signs < 2 && m_periods < 2 && m_exponents < 2 ? inp_Types::inp_REAL
+                                                           : inp_Types::inp_STRING;
+  }
+
+private:
+  int m_digits = 0;
+  int m_periods = 0;
+  int m_signs = 0;
+  int m_exponents = 0;
+};
+
 /// Overwrites the separating commas of a text by NUL and gives the number of columns.
 int DivideFrom(char* text, char const* end, int columns)
 {
@@ -371,18 +438,12 @@ char* inp_RawDataArrayImpl::Cell(int i, int j) const
 
 inp_Types::typeEnm inp_RawDataArrayImpl::Type(int i, int j) const { return TypeOfCell(Cell(i, j)); }
 
+// A blank within the cell takes one step of the walk and ends it as text, unless it stands at the end:
+// the walk goes as many steps as there are other characters.
 inp_Types::typeEnm inp_RawDataArrayImpl::TypeOfCell(char const* cell)
 {
-  char const* at = cell;
-  while (IsBlank(*at))
-  {
-    ++at;
-  }
-  int left = 0;
-  for (char const* other = at; *other != '\0'; ++other)
-  {
-    left += !IsBlank(*other);
-  }
+  char const* at = SkipBlanks(cell);
+  int left = CountNonBlanks(at);
   if (left == 0)
   {
     return inp_Types::inp_NONE;
@@ -396,56 +457,20 @@ inp_Types::typeEnm inp_RawDataArrayImpl::TypeOfCell(char const* cell)
     ++at;
     --left;
   }
-  // A blank within the cell uses up a step of the walk and is no part of a number.
-  int signs = 0;
-  int periods = 0;
-  int exponents = 0;
-  int digits = 0;
+  NumberMarks marks;
   for (; left > 0; --left, ++at)
   {
-    char const c = *at;
-    if (c >= '0' && c <= '9')
-    {
-      ++digits;
-    }
-    else if (c == '.')
-    {
-      ++periods;
-    }
-    else if (c == '+' || c == '-')
-    {
-      ++signs;
-    }
-    else if ((c | 0x20) == 'e' || (c | 0x20) == 'd')
-    {
-      ++exponents;
-    }
-    else
+    if (!marks.Count(*at))
     {
       return inp_Types::inp_STRING;
     }
   }
-  if (signs == 0 && periods == 0)
-  {
-    if (exponents == 0)
-    {
-      return digits < 10 ? inp_Types::inp_INTEGER : inp_Types::inp_REAL;
-    }
-    return exponents == 1 ? inp_Types::inp_REAL : inp_Types::inp_STRING;
-  }
-  return signs < 2 && periods < 2 && exponents < 2 ? inp_Types::inp_REAL : inp_Types::inp_STRING;
+  return marks.Type();
 }
 
 bool inp_RawDataArrayImpl::IsNone(int i, int j) const { return IsNoneCell(Cell(i, j)); }
 
-bool inp_RawDataArrayImpl::IsNoneCell(char const* cell)
-{
-  while (IsBlank(*cell))
-  {
-    ++cell;
-  }
-  return *cell == '\0';
-}
+bool inp_RawDataArrayImpl::IsNoneCell(char const* cell) { return *SkipBlanks(cell) == '\0'; }
 
 bool inp_RawDataArrayImpl::HasValue(int i, int j) const
 {

@@ -6,6 +6,8 @@
 #include "inp_MapInt2Element.h"
 #include "inp_SetVisitor.h"
 
+class inp_NumberFields;
+
 /// Turns the node keywords of one part, or of the assembly level, into nodes and node sets.
 ///
 /// Handles *NODE, *SYSTEM, *NGEN, *NFILL, *NCOPY, *NMAP and *NSET in deck order: a generator sees only
@@ -91,8 +93,12 @@ private:
   struct Arc;
   struct FillRow;
   struct Motion;
+  class NodeCopier;
   struct Mapping;
+  class MappingReader;
   struct NodesOfElements;
+  template <class Rows>
+  class NodeReader;
 
   /// The map of the scope; null, with an error, when there is no such part or instance.
   inp_CoordMap* TargetMap(inp_Keyword const& keyword);
@@ -107,12 +113,21 @@ private:
   template <class Rows>
   void ReadNodes(inp_Keyword const& keyword, Rows const& rows);
   inp_Coord InSystem(inp_Coord coord, cow_String const& system) const;
+  void SetSystemInPlane(inp_Keyword const& keyword, gsl_Vector const& x, gsl_Vector inPlane);
+  void SetSystemAboutZ(inp_Keyword const& keyword, gsl_Vector const& x);
 
   bool GenerateRow(inp_Keyword const& keyword, int row, inp_CoordMap& map, cow_List<int>& labels);
+  bool StoreOnArc(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc, int first,
+                  int step, int count, cow_List<int>& labels);
   bool ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap const& map, Arc& arc);
+  bool ReadThirdPoint(inp_Keyword const& keyword, int row, inp_CoordMap const& map,
+                      inp_NumberFields& fields, Arc& arc);
   void CreateMissingNode(inp_Keyword const& keyword, inp_CoordMap& map, int label);
 
+  bool CheckFillParameters(inp_Keyword const& keyword);
   bool ReadFillRow(inp_Keyword const& keyword, int row, FillRow& fill);
+  bool ReadFillSets(inp_Keyword const& keyword, int row, FillRow& fill);
+  bool ReadFillIntervals(inp_Keyword const& keyword, int row, FillRow& fill);
   bool FillBetweenSets(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap& map,
                        cow_List<int>& labels);
   bool FillBetweenNodes(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap& map, int a,
@@ -120,12 +135,12 @@ private:
   bool CheckFillEnds(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap const& map,
                      int a, int b, bool (&isReported)[2]);
 
+  inpM_BaseSet const* FindSetToCopy(inp_Keyword const& keyword);
   bool ReadMotion(inp_Keyword const& keyword, inp_CoordMap const& map, Motion& motion);
   bool ReadReflection(inp_Keyword const& keyword, Motion& motion);
   bool ReadShift(inp_Keyword const& keyword, Motion& motion);
 
-  void ReadMapping(inp_Keyword const& keyword, cow_String const& type, Mapping& mapping);
-  void SetMappingAxes(inp_Keyword const& keyword, Mapping& mapping);
+  inpM_BaseSet const* FindSetToMap(inp_Keyword const& keyword);
 
   void ReadNodeSet(inp_Keyword const& keyword, cow_String const& name);
   void AddNodesOfElements(inp_Keyword const& keyword, cow_String const& name);

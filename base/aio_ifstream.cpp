@@ -11,7 +11,7 @@
 namespace
 {
 
-/// Reads until `size` bytes are there, the file ends or a read fails (then `error` is set).
+/// Reads `size` bytes, or fewer when the file ends or a read fails; `error` is set then.
 std::size_t ReadFully(int descriptor, char* to, std::size_t size, int& error)
 {
   std::size_t got = 0;
@@ -88,7 +88,7 @@ aio_ifstream::openEnm aio_ifstream::OpenDescriptor(char const* path)
   {
     return errno == EACCES ? aio_unreadable : aio_missing;
   }
-  // Before open(): opening a pipe waits for its writer.
+  // Asked before open(), which would wait for the writer of a pipe.
   if (!S_ISREG(m_status.st_mode))
   {
     return aio_notRegular;
@@ -110,7 +110,7 @@ void aio_ifstream::ReadFirst()
   Fill(0);
 }
 
-/// A byte order mark is no text: that of UTF-8 is passed over, one of UTF-16 refused.
+/// Skips the byte order mark of UTF-8; one of UTF-16 means a file that cannot be read.
 aio_ifstream::openEnm aio_ifstream::PassMark()
 {
   std::size_t const available = static_cast<std::size_t>(m_end - m_next);
@@ -165,7 +165,7 @@ bool aio_ifstream::Fill(std::size_t carried)
     m_hasNulBytes = true;
     std::replace(chunk, chunk + got, '\0', ' ');
   }
-  // At the end of the file the last line still stands in the chunk before.
+  // Where nothing was read, the last line is still that of the chunk before.
   if (got > 0)
   {
     bool const holdsAsterisk = std::memchr(chunk, '*', got) != nullptr;

@@ -110,7 +110,7 @@ atr_Origin const* atr_String::Origin() const noexcept
 
 void atr_String::SetOrigin(atr_Origin const& origin)
 {
-  // A copy first: the argument may be this message's own origin.
+  // Copied first, since the argument may be this message's own origin.
   atr_Origin const kept = origin;
   atr_StringDetail& detail = OwnDetail();
   detail.origin = kept;
@@ -198,7 +198,7 @@ atr_String& atr_String::LocaleToUTF8()
   Assign(utf8);
   if (m_detail != nullptr && m_detail->isParsed)
   {
-    // The places have moved; they are found anew.
+    // The placeholders have moved: they are looked for again.
     atr_StringDetail& detail = OwnDetail();
     detail.places.clear();
     detail.isParsed = false;

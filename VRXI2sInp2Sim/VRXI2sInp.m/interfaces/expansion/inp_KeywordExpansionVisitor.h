@@ -23,7 +23,7 @@ class aio_ifstream;
 /// blanked, that is, becomes an "undefined keyword". A value <name> refers to a parameter of the deck;
 /// it is no word of a table and passes there.
 ///
-/// Reports:  errors, warnings and fatal errors with their keyword's place; the walk goes on.
+/// Reports:  errors, warnings and fatal errors with their keyword's file and line; the walk goes on.
 /// Raises:   nex_PrimException for node rows that cannot be converted (see SetBulkConversion).
 class inp_KeywordExpansionVisitor : public inp_Visitor
 {
@@ -149,11 +149,11 @@ private:
                      cow_List<inp_Keyword>& keywords);
   void TakeOver(inp_KeywordExpansionVisitor const& nested);
 
-  /// As Say, in front of the list's other messages.
+  /// As Say, but puts the message in front of the others in its list.
   template <int Places, class... Arguments>
   void SayFirst(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
                 Arguments const&... arguments);
-  /// An error in an assembly of parts; kept back as long as the deck looks flat.
+  /// An error if the deck is an assembly of parts: kept back until that is known.
   template <int Places, class... Arguments>
   void Refuse(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
               Arguments const&... arguments);

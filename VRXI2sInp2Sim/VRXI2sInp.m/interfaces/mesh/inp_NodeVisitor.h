@@ -65,10 +65,12 @@ protected:
   /// The way back, for the normal too: what is read in position is stored as it was.
   inp_Coord UndoInstanceTransform(inp_Coord const& coord) const;
 
-  /// The arc from A to B about C: its radius, its angle, and three directions by which its points are
-  /// C + radius * (u cos + v sin). `w` is its axis and `e` the way from C to B. It runs counter-clockwise
-  /// about `normal`, once round when A is at B; the short way when `normal` is zero. False, with an
-  /// error, when there is no such arc; ends at unequal distances draw a warning.
+  /// The arc from A to B about C: its radius, its angle, and directions u, v such that its points are
+  /// C + radius * (u cos + v sin), with u towards A. `w` is its axis, and `e` the direction from C to B.
+  ///
+  /// The arc runs counter-clockwise about `normal`, through a whole turn when A is at B. When `normal` is
+  /// zero it takes the shorter way, about the normal of the plane ABC. False, with an error, when there is
+  /// no such arc; a warning when A and B are not equally far from C.
   bool CircleData(inp_Keyword const& keyword, gsl_Point const& a, gsl_Point const& b,
                   gsl_Point const& c, gsl_Vector const& normal, double& radius, double& angle,
                   gsl_Vector& u, gsl_Vector& v, gsl_Vector& w, gsl_Vector& e);

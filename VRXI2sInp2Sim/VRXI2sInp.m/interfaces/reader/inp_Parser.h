@@ -33,7 +33,7 @@ public:
   /// Levels of *INCLUDE below the top file.
   static constexpr int c_deepestInclude = 200;
 
-  /// `directoryName` is the second place where relative names of include files are looked for.
+  /// Relative names of include files are looked for in the working directory, then in `directoryName`.
   /// `includeChain` names the files that are open above this one. With a password, every line is
   /// encrypted. `keepData` off reads keyword lines alone (but keeps the data of *PARAMETER,
   /// *MANIFEST, *HEADING and *STEP). Lines outside startLine..endLine are passed over; 0 is no limit.
@@ -119,8 +119,8 @@ private:
   void saveFatalError(atr_String const& message);
   void SaveWarning(atr_String const& message, int line);
   atr_String AtLine(atr_String message, int line) const;
-  /// The message with the place of the keyword at hand, unless it has one.
-  atr_String Placed(atr_String message) const;
+  /// The message with file, line and name of the keyword at hand as its origin, where it has none yet.
+  atr_String WithOrigin(atr_String message) const;
 
   int m_lineNumber = 0;
   cow_String m_fileName;

@@ -18,7 +18,7 @@ bool HasNoValue(inp_Types::typeEnm type)
 
 } // namespace
 
-/// `accepts` is asked for the item's type.
+/// Reports the value of a parameter unless accepts(its type) is true.
 template <class Accepts, int Places>
 void inp_KeywordExpansionVisitor::CheckType(inp_Keyword const& keyword, cow_String const& parameter,
                                             Accepts accepts, atr_MessageRow<Places> const& row)

@@ -43,11 +43,11 @@ int CountNonBlanks(char const* text)
   return count;
 }
 
-/// What stands in a cell behind its leading sign, and the type that comes of it.
+/// Counts the characters of a cell behind its leading sign, and tells the type from the counts.
 class NumberMarks
 {
 public:
-  /// False for a character that no number has.
+  /// False for a character that stands in no number.
   bool Count(char c)
   {
     if (c >= '0' && c <= '9')
@@ -134,7 +134,7 @@ T* Enlarged(T* array, int used, int capacity)
   return larger;
 }
 
-/// A block for a text to come, with NUL behind it up to the block's end, on a multiple of 16.
+/// A block for a text of that length. Its last 16 bytes, in which the text ends, are NUL.
 char* RoomFor(std::size_t length)
 {
   std::size_t const size = inp_RawDataArrayImpl::BlockSize(length);
@@ -246,8 +246,9 @@ alignas(16) constexpr unsigned char c_keepFirst[32] = {255, 255, 255, 255, 255, 
 
 __m128i Load(void const* from) { return _mm_loadu_si128(static_cast<__m128i const*>(from)); }
 
-/// Copies a line to a block of BlockSize, 16 bytes at a time, with its commas overwritten, and gives
-/// the number of columns; 0 when a quote stands in the line, and then the block is not right.
+/// Copies a line into a block of BlockSize, 16 bytes at a time, overwriting commas by NUL and counting them.
+/// Returns the number of columns; 0 when a quote stands in the line, since commas in quotes must stay: the
+/// block is then to be filled anew.
 int CopyDivided(char* block, char const* line, std::size_t length)
 {
   __m128i const comma = _mm_set1_epi8(',');
@@ -323,7 +324,7 @@ void inp_RawDataArrayImpl::Free()
 void inp_RawDataArrayImpl::Grow()
 {
   int const capacity = std::max(2 * m_capacity, c_firstCapacity);
-  // One array at a time, so that at the peak only one of them stands twice.
+  // One after the other: only one of the arrays is in memory twice at any time.
   m_rows = Enlarged(m_rows, nrows, capacity);
   ncols = Enlarged(ncols, nrows, capacity);
   m_capacity = capacity;
@@ -438,8 +439,8 @@ char* inp_RawDataArrayImpl::Cell(int i, int j) const
 
 inp_Types::typeEnm inp_RawDataArrayImpl::Type(int i, int j) const { return TypeOfCell(Cell(i, j)); }
 
-// A blank within the cell takes one step of the walk and ends it as text, unless it stands at the end:
-// the walk goes as many steps as there are other characters.
+// As many characters are looked at as the cell has besides blanks. So blanks at its end are never reached,
+// and one in its middle makes it a text.
 inp_Types::typeEnm inp_RawDataArrayImpl::TypeOfCell(char const* cell)
 {
   char const* at = SkipBlanks(cell);

@@ -79,7 +79,7 @@ void inp_Visitor::Report() const
   }
 }
 
-// No default: a keyword that the table gains and no operation serves does not compile.
+// Without a default, so that a keyword that is new in the table and has no operation does not compile.
 void inp_Visitor::Visit(inp_Keyword& keyword)
 {
   inp_CurrentPlace::Set(keyword.fileName, keyword.lineNumber);

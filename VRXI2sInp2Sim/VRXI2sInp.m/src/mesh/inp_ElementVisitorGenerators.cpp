@@ -42,8 +42,8 @@ inp_ElementGeneration::Range RangeOfNodes(inp_Element const& element, int movabl
 
 } // namespace
 
-/// Counts elements that are to be generated; false, with a message, when the walk has made too many.
-/// One with very many nodes counts as several.
+/// Counts elements that are to be generated; false, with a message, when the walk has made too many. An
+/// element with very many nodes counts as several, since it takes their memory.
 bool inp_ElementVisitor::CheckCount(inp_Keyword const& keyword, std::int64_t count,
                                     int nodesOfElement)
 {
@@ -185,9 +185,9 @@ void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword)
 inpM_BaseSet const* inp_ElementVisitor::CheckExistenceOfOldSet(inp_Keyword const& keyword,
                                                                cow_String const& name)
 {
-  cow_String place = MeshScope();
-  bool const isSearched = !hasAssemblySets || sets.SearchAssemblyAndInstancesForSet(name, place);
-  inpM_BaseSet const* const set = isSearched ? sets.ConstFindNestedSet(place, name) : nullptr;
+  cow_String scope = MeshScope();
+  bool const isSearched = !hasAssemblySets || sets.SearchAssemblyAndInstancesForSet(name, scope);
+  inpM_BaseSet const* const set = isSearched ? sets.ConstFindNestedSet(scope, name) : nullptr;
   if (set == nullptr)
   {
     Say(inp_msgElementSetMissing, keyword, name);

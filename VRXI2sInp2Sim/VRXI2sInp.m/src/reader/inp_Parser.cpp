@@ -254,10 +254,10 @@ void inp_Parser::OpenFile()
   m_filesRead.Append(Outcome(m_fileName));
   if (outcome == aio_utf16)
   {
-    throw nex_AtrException(Placed(atr_Say(inp_msgFileIsUtf16, m_fileName)));
+    throw nex_AtrException(WithOrigin(atr_Say(inp_msgFileIsUtf16, m_fileName)));
   }
   std::fprintf(stderr, "inp_Parser ERROR: could not open file: '%s'\n", m_fileName.CStr());
-  throw nex_AtrException(Placed(atr_Say(inp_msgCouldNotOpen, m_fileName)));
+  throw nex_AtrException(WithOrigin(atr_Say(inp_msgCouldNotOpen, m_fileName)));
 }
 
 /// Reports what concerns the file as a whole, once it has been read.
@@ -454,7 +454,7 @@ bool inp_Parser::RefusesLine(inp_Keyword const& keyword, char const* line, bool 
 
 // ---- messages ----
 
-atr_String inp_Parser::Placed(atr_String message) const
+atr_String inp_Parser::WithOrigin(atr_String message) const
 {
   atr_Origin origin = message.Origin() != nullptr ? *message.Origin() : atr_Origin();
   if (origin.line == 0)
@@ -472,12 +472,12 @@ atr_String inp_Parser::Placed(atr_String message) const
 
 void inp_Parser::saveError(atr_String const& message)
 {
-  SaveUpToLimit(m_errors, Placed(message), atr_Say(inp_msgNoMoreErrors));
+  SaveUpToLimit(m_errors, WithOrigin(message), atr_Say(inp_msgNoMoreErrors));
 }
 
 void inp_Parser::saveFatalError(atr_String const& message)
 {
-  SaveUpToLimit(m_fatalErrors, Placed(message), atr_Say(inp_msgNoMoreFatalErrors));
+  SaveUpToLimit(m_fatalErrors, WithOrigin(message), atr_Say(inp_msgNoMoreFatalErrors));
 }
 
 void inp_Parser::SaveWarning(atr_String const& message, int line)

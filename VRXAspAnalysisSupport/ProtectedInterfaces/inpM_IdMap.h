@@ -88,12 +88,12 @@ private:
     int largest;
   };
   Range UserIdRange() const;
-  void Touch() { hasRange = false; }
+  void Touch() { m_hasRange = false; }
 
   cow_Btree<cow_String, Handle> instances;
   cow_IntTableInt toNew;
   cow_IntTableInt toUser;
   bool hasIds{false};
-  bool hasRange{false};
+  bool m_hasRange{false};
   Range range{0, 0};
 };

@@ -154,7 +154,7 @@ int inpM_IdMap::NumberIds() const
 
 inpM_IdMap::Range inpM_IdMap::UserIdRange() const
 {
-  if (hasRange)
+  if (m_hasRange)
   {
     return range;
   }
@@ -191,7 +191,7 @@ int inpM_IdMap::LargestId() const
 void inpM_IdMap::ComputeRemapUserIdRange()
 {
   range = UserIdRange();
-  hasRange = true;
+  m_hasRange = true;
 }
 
 void inpM_IdMap::Merge(inpM_IdMap const& other)

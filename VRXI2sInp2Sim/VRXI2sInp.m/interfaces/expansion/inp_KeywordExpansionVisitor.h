@@ -59,9 +59,9 @@ public:
   /// File names without directory, each once.
   cow_List<cow_String> const& GetMissingIncludedFiles() const { return missingIncludedFiles; }
   /// Data files and decks, one for each time that it was read.
-  cow_List<aio_FileRead> const& GetFilesRead() const { return filesRead; }
+  cow_List<aio_FileRead> const& GetFilesRead() const { return m_filesRead; }
   /// Keywords of manifests for which there was not enough memory.
-  int NumberKeywordsLost() const { return keywordsLost; }
+  int NumberKeywordsLost() const { return m_keywordsLost; }
   inpM_InstanceMap<cow_String> const& ConstGetInstancePartNames() const
   {
     return instancePartNames;
@@ -197,9 +197,9 @@ private:
   cow_List<cow_String> includedFiles;
   inpM_InstanceMap<cow_String> instancePartNames;
   cow_List<cow_String> missingIncludedFiles;
-  NameSet missingNames; ///< those of missingIncludedFiles
-  cow_List<aio_FileRead> filesRead;
-  int keywordsLost = 0;
+  NameSet m_missingNames; ///< those of missingIncludedFiles
+  cow_List<aio_FileRead> m_filesRead;
+  int m_keywordsLost = 0;
   cow_List<inp_Keyword> manifestKeywords;
 };
 

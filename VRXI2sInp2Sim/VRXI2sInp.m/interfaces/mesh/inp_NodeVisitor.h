@@ -83,7 +83,7 @@ protected:
   inp_CoordMap coordMap;        ///< being filled
   gsl_Matrix instanceTransform; ///< position of the current instance; identity for a part
   gsl_Matrix systemTransform;   ///< of the latest *SYSTEM
-  inpM_InstanceMap<gsl_Matrix> instancePositions; ///< for the walk over instances
+  inpM_InstanceMap<gsl_Matrix> m_instancePositions; ///< for the walk over instances
   inpM_InstanceMap<cow_String> instanceParts;     ///< for the walk over instances
   inpM_InstanceMap<inp_MapInt2Element> elements;
   inpM_SetMap elementSets;

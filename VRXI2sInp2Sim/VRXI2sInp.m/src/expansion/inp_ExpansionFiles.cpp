@@ -159,7 +159,7 @@ void inp_KeywordExpansionVisitor::NoteMissing(cow_List<cow_String> const& names)
 {
   for (cow_String const& name : names)
   {
-    if (missingNames.insert(name).second)
+    if (m_missingNames.insert(name).second)
     {
       missingIncludedFiles.Append(name);
     }
@@ -177,7 +177,7 @@ bool inp_KeywordExpansionVisitor::ReadDataLines(cow_String const& path, cow_Stri
     Say(inp_msgInputFileNotReadable, keyword, file);
   }
   bool const isRead = isOpened && AppendDataLines(stream, file, keyword);
-  filesRead.Append(stream.Outcome(path));
+  m_filesRead.Append(stream.Outcome(path));
   return isRead;
 }
 
@@ -339,7 +339,7 @@ bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyw
   catch (nex_AtrException const& fault)
   {
     m_fatalErrorList.Append(inp_Utils::MessageInKeyword(keyword, fault.UserReport()));
-    filesRead.Concatenate(parser.FilesRead());
+    m_filesRead.Concatenate(parser.FilesRead());
     return false;
   }
   includedFiles.Concatenate(parser.GetIncludedFiles());
@@ -347,8 +347,8 @@ bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyw
   m_warningList.Concatenate(parser.GetWarnings());
   m_errorList.Concatenate(parser.GetErrors());
   m_fatalErrorList.Concatenate(parser.GetFatalErrors());
-  filesRead.Concatenate(parser.FilesRead());
-  keywordsLost += parser.KeywordsLost();
+  m_filesRead.Concatenate(parser.FilesRead());
+  m_keywordsLost += parser.KeywordsLost();
   return true;
 }
 
@@ -356,7 +356,7 @@ bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyw
 void inp_KeywordExpansionVisitor::TakeOver(inp_KeywordExpansionVisitor const& nested)
 {
   includedFiles.Concatenate(nested.includedFiles);
-  filesRead.Concatenate(nested.filesRead);
+  m_filesRead.Concatenate(nested.m_filesRead);
   NoteMissing(nested.missingIncludedFiles);
   m_warningList.Concatenate(nested.m_warningList);
   m_errorList.Concatenate(nested.m_errorList);

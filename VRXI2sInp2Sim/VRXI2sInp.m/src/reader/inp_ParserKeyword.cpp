@@ -1,5 +1,5 @@
 #include "VRXBasException.h"
-#include "inp_CurrentPlace.h"
+#include "inp_CurrentOrigin.h"
 #include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "inp_Parser.h"
@@ -55,7 +55,7 @@ inp_Keyword inp_Parser::ParseKeyword()
   VRXBasAssert(IsKeyword(line), "IsKeyword(data)");
   m_keywordLine = m_lineNumber;
   m_keywordName.Erase();
-  inp_CurrentPlace::Set(m_fileName, m_lineNumber);
+  inp_CurrentOrigin::Set(m_fileName, m_lineNumber);
   inp_Keyword keyword;
   keyword.lineNumber = m_lineNumber;
   keyword.fileName = FileName();

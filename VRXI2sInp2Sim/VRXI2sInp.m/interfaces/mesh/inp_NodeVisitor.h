@@ -13,10 +13,10 @@ class inp_NumberFields;
 /// Handles *NODE, *SYSTEM, *NGEN, *NFILL, *NCOPY, *NMAP and *NSET in deck order: a generator sees only
 /// what stands above it. Every other keyword is passed over.
 ///
-/// Needs:    for *NSET with ELSET the element maps and element sets of the same level; empty ones do.
+/// Needs:    for *NSET with ELSET the element maps and element sets of the same level, which may be empty.
 /// Produces: nodes by user label, in the child of the map that has the name of the scope (the part,
 ///           or else the instance; the map itself at assembly level), and node sets.
-/// Reports:  errors and warnings through inp_Visitor, each with its keyword's place. Where a fault ends
+/// Reports:  errors and warnings through inp_Visitor, each with its keyword's line. Where a fault ends
 ///           its keyword, what was generated before stays; no set is made then. Never throws for a
 ///           fault in the deck.
 ///
@@ -37,7 +37,7 @@ public:
   inp_CoordMap const& GetCoordMap() const { return coordMap; }
 
   /// Adds to the sets of *NSET with ELSET, and to those that name them, the midside nodes that elements
-  /// have got since the walk: their labels are given out when all other nodes are known.
+  /// have been given since the walk: these get their labels when all other nodes are known.
   void FinishNodeSets();
 
   void VisitNcopy(inp_Keyword& keyword) override;
@@ -60,9 +60,9 @@ protected:
   gsl_Point ReadNodeFromKeywordData(inp_Keyword const& keyword, cow_String const& instanceName,
                                     int row, int column) const;
 
-  /// The position goes where the current instance stands; the normal stays.
+  /// Moves a node to where the current instance stands. Its normal is not turned.
   inp_Coord ApplyInstanceTransform(inp_Coord const& coord) const;
-  /// The way back, for the normal too: what is read in position is stored as it was.
+  /// Moves a node from there back to where it is stored, and turns its normal back.
   inp_Coord UndoInstanceTransform(inp_Coord const& coord) const;
 
   /// The arc from A to B about C: its radius, its angle, and directions u, v such that its points are
@@ -81,10 +81,10 @@ protected:
   static gsl_Vector MatrixVectorMultiply3x3(double const (&matrix)[3][3], gsl_Vector const& vector);
 
   inp_CoordMap coordMap;        ///< being filled
-  gsl_Matrix instanceTransform; ///< position of the current instance; identity for a part
+  gsl_Matrix instanceTransform; ///< to where the current instance stands; identity for a part
   gsl_Matrix systemTransform;   ///< of the latest *SYSTEM
   inpM_InstanceMap<gsl_Matrix> m_instancePositions; ///< for the walk over instances
-  inpM_InstanceMap<cow_String> instanceParts;     ///< for the walk over instances
+  inpM_InstanceMap<cow_String> instanceParts;       ///< for the walk over instances
   inpM_InstanceMap<inp_MapInt2Element> elements;
   inpM_SetMap elementSets;
   bool hasAssemblySets = false; ///< sets are searched in the whole model, not in the scope alone

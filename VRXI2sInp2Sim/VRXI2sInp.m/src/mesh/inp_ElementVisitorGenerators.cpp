@@ -117,7 +117,7 @@ private:
     return true;
   }
 
-  /// All elements of a block or, with a message, none: when nodes would leave the range of labels.
+  /// Makes all elements of a block; none, with a message, when nodes would leave the range of labels.
   void MakeBlock(inp_ElementGeneration const& generation, inp_Element const& pattern,
                  inp_MapInt2Element& target)
   {
@@ -238,7 +238,7 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
   }
 }
 
-/// False stops the keyword.
+/// False, with a message, when the keyword is to end.
 bool inp_ElementVisitor::CopyElement(inp_Keyword const& keyword, inp_MapInt2Element& target,
                                      int label, int newLabel, int nodeShift, cow_List<int>& labels)
 {

@@ -377,8 +377,8 @@ private:
   cow_String m_system;
   bool m_isAsGiven; ///< coordinates are rectangular and in the part's own system
   bool m_isNamed;   ///< the nodes go into a set
-  inp_CoordMap* m_map =
-    nullptr; ///< looked for when the first node is known: rows without any miss none
+  // Looked for at the first node, so that a keyword without nodes says nothing of a missing map.
+  inp_CoordMap* m_map = nullptr;
   bool m_isMapKnown = false;
   cow_List<int> m_labels; ///< for the set
 };

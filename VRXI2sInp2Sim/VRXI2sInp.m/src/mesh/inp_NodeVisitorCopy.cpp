@@ -28,8 +28,7 @@ gsl_Point Through(gsl_Point const& center, gsl_Point const& point)
 ///         P . . . . . M . . . . . P'        P' = 2 M - P
 ///                     |
 ///
-/// A shift is a translation and then a rotation. The copies of a shift are made one of the other: the
-/// n-th has gone through both n times.
+/// A shift is a translation and then a rotation. Each copy is the one before, shifted once more.
 struct inp_NodeVisitor::Motion
 {
   enum kindEnm
@@ -46,7 +45,7 @@ struct inp_NodeVisitor::Motion
   gsl_StLine line{gsl_Point(), gsl_Point()};
   gsl_Plane plane{gsl_Point(), gsl_Vector()};
   gsl_Matrix step;  ///< from one copy to the next
-  gsl_Matrix shift; ///< of the present copy
+  gsl_Matrix shift; ///< from the old node to the copy being made
   int copies = 1;
 
   gsl_Point Move(gsl_Point point) const
@@ -68,7 +67,7 @@ struct inp_NodeVisitor::Motion
     return Through(center, point);
   }
 
-  /// The normal of the copy. A point turns the normal round; a pole, which places nodes in the same way,
+  /// The normal of the copy. A point turns the normal round; a pole, which moves nodes in the same way,
   /// leaves it as it is.
   gsl_Vector Turn(gsl_Vector normal) const
   {

@@ -9,9 +9,9 @@ namespace
 {
 
 // *NFILL puts nodes on the straight way from each node A of a first set to the node B of a second one
-// that stands at the same position in its set. Where they lie on the way decides
+// that has the same index in its set. Where they lie depends on the parameters:
 //
-//   nothing    A --.--.--.--.-- B      intervals of equal length
+//   none       A --.--.--.--.-- B      intervals of equal length
 //   BIAS       A -.--.---.----. B      each interval longer, or shorter, than the one before by a factor;
 //                                      with TWO STEP every second one, so that pairs of equal intervals
 //                                      make elements with midside nodes

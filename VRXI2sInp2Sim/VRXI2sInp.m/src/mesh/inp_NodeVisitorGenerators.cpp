@@ -35,7 +35,7 @@ shapeEnm ShapeOf(inp_Keyword const& keyword)
 
 } // namespace
 
-/// A row of *NGEN as points and directions, all in the position of the current instance.
+/// A row of *NGEN as points and directions, all where the current instance stands.
 ///
 /// Nodes stand at equal steps of t, which runs from -1 at A to 1 at B:
 ///

@@ -55,13 +55,14 @@ double FactorField(inp_NumberFields& fields, int row, int column)
 
 } // namespace
 
-/// How *NMAP moves a node.
+/// How *NMAP moves a node: its coordinates are multiplied by the scale, taken for those of the mapping's
+/// system and made rectangular, and then moved to where the points of the rows put that system.
 struct inp_NodeVisitor::Mapping
 {
   mappingEnm type = c_translation;
   gsl_Point a, b, c, d;
   double scale[3] = {1.0, 1.0, 1.0};
-  gsl_Matrix motion; ///< what follows the conversion of the coordinates
+  gsl_Matrix motion; ///< from the mapping's system to that of the part
   double torusRadius = 0.0;
   double diamondAxes[3][3] = {}; ///< in columns
 

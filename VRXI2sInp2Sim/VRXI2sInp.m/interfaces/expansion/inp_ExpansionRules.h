@@ -27,7 +27,7 @@ struct inp_ExpansionRule
 {
   char const* handler;           ///< "VisitNode"
   char const* const* parameters; ///< full names in the order that abbreviations are tried
-  /// Runs of a parameter's name, its words and a null, ended by a null in the place of a name. A
+  /// Runs of a parameter's name, its words and a null, ended by a null instead of a name. A
   /// parameter with two runs takes the words of both.
   char const* const* values;
   inp_Requirement const* requirements; ///< in the order in which they are looked at

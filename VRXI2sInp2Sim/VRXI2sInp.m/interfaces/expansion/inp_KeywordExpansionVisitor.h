@@ -150,12 +150,12 @@ private:
   void TakeOver(inp_KeywordExpansionVisitor const& nested);
 
   /// As Say, but puts the message in front of the others in its list.
-  template <int Places, class... Arguments>
-  void SayFirst(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+  template <int Placeholders, class... Arguments>
+  void SayFirst(atr_MessageRow<Placeholders> const& row, inp_Keyword const& keyword,
                 Arguments const&... arguments);
   /// An error if the deck is an assembly of parts: kept back until that is known.
-  template <int Places, class... Arguments>
-  void Refuse(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+  template <int Placeholders, class... Arguments>
+  void Refuse(atr_MessageRow<Placeholders> const& row, inp_Keyword const& keyword,
               Arguments const&... arguments);
   bool Meets(inp_Keyword& keyword, inp_Requirement const& requirement);
   bool MeetsFor(inp_Keyword& keyword, inp_Requirement::kindEnm kind, char const* name);
@@ -163,17 +163,17 @@ private:
   void RefuseOption(inp_Keyword const& keyword, inp_Requirement const& requirement,
                     atr_MessageRow<1> const& row);
 
-  template <class Accepts, int Places>
+  template <class Accepts, int Placeholders>
   void CheckType(inp_Keyword const& keyword, cow_String const& parameter, Accepts accepts,
-                 atr_MessageRow<Places> const& row);
-  template <int Places>
-  void CheckBeginsWithLetter(inp_Keyword const& keyword, atr_MessageRow<Places> const& row);
+                 atr_MessageRow<Placeholders> const& row);
+  template <int Placeholders>
+  void CheckBeginsWithLetter(inp_Keyword const& keyword, atr_MessageRow<Placeholders> const& row);
   void CheckBackstresses(inp_Keyword const& keyword);
   void MarkFeatureEnhanced();
   void RegisterInstance(inp_Keyword const& keyword);
-  template <int Places>
+  template <int Placeholders>
   void CheckIntegerWith(inp_Keyword const& keyword, cow_String const& parameter,
-                        atr_MessageRow<Places> const& row);
+                        atr_MessageRow<Placeholders> const& row);
 
   bool resultsFormatOdb = true;
   cow_List<atr_String> deferredErrors;
@@ -203,16 +203,16 @@ private:
   cow_List<inp_Keyword> manifestKeywords;
 };
 
-template <int Places, class... Arguments>
-void inp_KeywordExpansionVisitor::SayFirst(atr_MessageRow<Places> const& row,
+template <int Placeholders, class... Arguments>
+void inp_KeywordExpansionVisitor::SayFirst(atr_MessageRow<Placeholders> const& row,
                                            inp_Keyword const& keyword,
                                            Arguments const&... arguments)
 {
   ListOf(row.severity).Prepend(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...)));
 }
 
-template <int Places, class... Arguments>
-void inp_KeywordExpansionVisitor::Refuse(atr_MessageRow<Places> const& row,
+template <int Placeholders, class... Arguments>
+void inp_KeywordExpansionVisitor::Refuse(atr_MessageRow<Placeholders> const& row,
                                          inp_Keyword const& keyword, Arguments const&... arguments)
 {
   cow_List<atr_String>& list = featureEnhanced ? m_errorList : deferredErrors;

@@ -199,9 +199,9 @@ void inp_KeywordExpansionVisitor::VisitPlastic(inp_Keyword& keyword)
 }
 
 /// A name that is a text begins with a letter, or stands in quotes.
-template <int Places>
+template <int Placeholders>
 void inp_KeywordExpansionVisitor::CheckBeginsWithLetter(inp_Keyword const& keyword,
-                                                        atr_MessageRow<Places> const& row)
+                                                        atr_MessageRow<Placeholders> const& row)
 {
   inp_Item const* const item = keyword.parameters.ConstFind("name");
   if (item == nullptr || item->Type() != inp_Types::inp_STRING || IsReference(item->AsString()))

@@ -155,10 +155,10 @@ void inp_KeywordExpansionVisitor::VisitStep(inp_Keyword& keyword)
   numberSteps = static_cast<int>(std::min<long long>(count, std::numeric_limits<int>::max()));
 }
 
-template <int Places>
+template <int Placeholders>
 void inp_KeywordExpansionVisitor::CheckIntegerWith(inp_Keyword const& keyword,
                                                    cow_String const& parameter,
-                                                   atr_MessageRow<Places> const& row)
+                                                   atr_MessageRow<Placeholders> const& row)
 {
   inp_Item const* const item = keyword.parameters.ConstFind(parameter);
   if (item != nullptr && item->Type() != inp_Types::inp_INTEGER)

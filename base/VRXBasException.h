@@ -23,7 +23,7 @@ public:
   VRXBasException& operator=(VRXBasException const&) = default;
   virtual ~VRXBasException() = default;
 
-  /// What happened, for a developer: the user's words, and the place in the source when known.
+  /// What happened, for a developer: the user's words, and the source file and line where known.
   virtual atr_String DeveloperReport(VRXBasStringMode mode = VRXBasStringMode()) const;
   /// What happened, for a user, with the message's origin.
   virtual atr_String UserReport(VRXBasStringMode mode = VRXBasStringMode()) const;
@@ -39,7 +39,7 @@ public:
   virtual std::type_info const& DynTypeId() const;
   virtual void DBWrite(cls_WriteVisitor const& visitor) const;
 
-  /// Records the place in the source and raises this exception as its own type.
+  /// Records source file and line and raises this exception as its own type.
   [[noreturn]] void Throw(char const* file, int line);
 
   /// Null and 0 when the exception was not raised by Throw.

@@ -14,7 +14,8 @@ fs::path PathOf(cow_String const& text) { return fs::path(std::string(text.View(
 
 cow_String TextOf(fs::path const& path) { return cow_String(std::string_view(path.native())); }
 
-// Status behind links. A NUL byte would cut the name short and ask about another file.
+// The type of a file, links followed. A name with a NUL byte is refused: the system would see it cut short,
+// as the name of another file.
 fs::file_type TypeOf(cow_String const& path)
 {
   if (path.Empty() || path.Find('\0') < path.Length())

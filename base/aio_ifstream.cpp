@@ -11,7 +11,7 @@
 namespace
 {
 
-/// Reads until `size` bytes are there, the file ends or a read fails (then `error` is set).
+/// Reads `size` bytes, or fewer when the file ends or a read fails; `error` is set then.
 std::size_t ReadFully(int descriptor, char* to, std::size_t size, int& error)
 {
   std::size_t got = 0;
@@ -51,6 +51,11 @@ bool IsSameState(struct stat const& one, struct stat const& other)
          one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
 }
 
+char* FindLineFeed(char* from, char* to)
+{
+  return static_cast<char*>(std::memchr(from, '\n', static_cast<std::size_t>(to - from)));
+}
+
 } // namespace
 
 void aio_ifstream::FreeAligned::operator()(char* buffer) const
@@ -83,7 +88,7 @@ aio_ifstream::openEnm aio_ifstream::OpenDescriptor(char const* path)
   {
     return errno == EACCES ? aio_unreadable : aio_missing;
   }
-  // Before open(): opening a pipe waits for its writer.
+  // Asked before open(), which would wait for the writer of a pipe.
   if (!S_ISREG(m_status.st_mode))
   {
     return aio_notRegular;
@@ -105,7 +110,7 @@ void aio_ifstream::ReadFirst()
   Fill(0);
 }
 
-/// A byte order mark is no text: that of UTF-8 is passed over, one of UTF-16 refused.
+/// Skips the byte order mark of UTF-8; one of UTF-16 means a file that cannot be read.
 aio_ifstream::openEnm aio_ifstream::PassMark()
 {
   std::size_t const available = static_cast<std::size_t>(m_end - m_next);
@@ -160,7 +165,7 @@ bool aio_ifstream::Fill(std::size_t carried)
     m_hasNulBytes = true;
     std::replace(chunk, chunk + got, '\0', ' ');
   }
-  // At the end of the file the last line still stands in the chunk before.
+  // Where nothing was read, the last line is still that of the chunk before.
   if (got > 0)
   {
     bool const holdsAsterisk = std::memchr(chunk, '*', got) != nullptr;
@@ -176,34 +181,13 @@ bool aio_ifstream::ReadLine(int limit)
 {
   limit = std::min(limit, static_cast<int>(c_carrySize) - 1);
   m_cutBytes = 0;
-  char* feed =
-    static_cast<char*>(std::memchr(m_next, '\n', static_cast<std::size_t>(m_end - m_next)));
-  if (feed == nullptr)
-  {
-    std::size_t const carried = static_cast<std::size_t>(m_end - m_next);
-    if (carried > static_cast<std::size_t>(limit) || carried > c_carrySize)
-    {
-      return ReadLongLine(limit);
-    }
-    char* const chunk = m_buffer ? m_buffer.get() + c_carrySize : nullptr;
-    if (carried > 0)
-    {
-      std::memmove(chunk - carried, m_next, carried);
-    }
-    bool const more = chunk != nullptr && Fill(carried);
-    if (!more && carried == 0)
-    {
-      m_lineLength = 0;
-      return false;
-    }
-    feed = more
-             ? static_cast<char*>(std::memchr(chunk, '\n', static_cast<std::size_t>(m_end - chunk)))
-             : nullptr;
-    if (feed == nullptr)
-    {
-      return ReadLongLine(limit);
-    }
-  }
+  char* const feed = FindLineFeed(m_next, m_end);
+  return feed != nullptr ? TakeLine(feed, limit) : ReadAcrossChunks(limit);
+}
+
+/// The line that ends in a line feed within the chunk.
+inline bool aio_ifstream::TakeLine(char* feed, int limit)
+{
   m_line = m_next;
   m_next = feed + 1;
   m_endedByLineFeed = true;
@@ -221,34 +205,61 @@ bool aio_ifstream::ReadLine(int limit)
   return true;
 }
 
-/// A line that ends beyond this chunk, or with the file. Its head is kept, the rest passed over.
+/// The line whose head is what is left of this chunk: the head moves into the area below the chunk, and
+/// the next chunk is read behind it, so that the line is in one piece.
+///
+///     before   |  carry area  |  chunk ............... 1, 0.5, |
+///     after    |   1, 0.5,    |  0.25\n 2, ...                 |
+bool aio_ifstream::ReadAcrossChunks(int limit)
+{
+  std::size_t const carried = static_cast<std::size_t>(m_end - m_next);
+  if (carried > static_cast<std::size_t>(limit) || carried > c_carrySize)
+  {
+    return ReadLongLine(limit);
+  }
+  char* const chunk = m_buffer ? m_buffer.get() + c_carrySize : nullptr;
+  if (carried > 0)
+  {
+    std::memmove(chunk - carried, m_next, carried);
+  }
+  bool const more = chunk != nullptr && Fill(carried);
+  if (!more && carried == 0)
+  {
+    m_lineLength = 0;
+    return false;
+  }
+  char* const feed = more ? FindLineFeed(chunk, m_end) : nullptr;
+  return feed != nullptr ? TakeLine(feed, limit) : ReadLongLine(limit);
+}
+
+/// The head of a line that is longer than the limit, or the last line of a file without a line feed. The
+/// rest of the line is passed over.
 bool aio_ifstream::ReadLongLine(int limit)
 {
   std::size_t const available = static_cast<std::size_t>(m_end - m_next);
   std::size_t const kept = std::min(available, static_cast<std::size_t>(limit));
   std::size_t cut = available - kept;
   // The kept head moves out of the way of the chunks that follow.
-  char* const place = m_buffer.get();
-  std::memmove(place, m_next, kept);
+  char* const head = m_buffer.get();
+  std::memmove(head, m_next, kept);
   m_endedByLineFeed = false;
   while (!m_endedByLineFeed && Fill(0))
   {
-    std::size_t const size = static_cast<std::size_t>(m_end - m_next);
-    char* const feed = static_cast<char*>(std::memchr(m_next, '\n', size));
+    char* const feed = FindLineFeed(m_next, m_end);
     m_endedByLineFeed = feed != nullptr;
-    cut += feed != nullptr ? static_cast<std::size_t>(feed - m_next) : size;
+    cut += static_cast<std::size_t>((feed != nullptr ? feed : m_end) - m_next);
     m_next = feed != nullptr ? feed + 1 : m_end;
   }
   if (!m_endedByLineFeed)
   {
     m_next = m_end;
-    if (Failed()) // what was read of the line is not the line
+    if (Failed()) // only a piece of the line was read
     {
       m_lineLength = 0;
       return false;
     }
   }
-  m_line = place;
+  m_line = head;
   m_lineLength = static_cast<int>(kept);
   m_line[kept] = '\0';
   m_cutBytes = static_cast<int>(std::min<std::size_t>(cut, 2));

@@ -40,8 +40,7 @@ public:
   void Close();
   bool IsOpen() const { return m_descriptor >= 0; }
 
-  /// Reads the next line and keeps at most `limit` bytes of it (1023 at most); the rest is passed
-  /// over.
+  /// Reads the next line and keeps at most `limit` bytes of it (1023 at most); the rest is passed over.
   /// Returns false at the end of the file.
   bool ReadLine(int limit);
 
@@ -53,8 +52,8 @@ public:
   /// The last line was ended by a line feed and not by the end of the file.
   bool EndedByLineFeed() const { return m_endedByLineFeed; }
   bool HasNulBytes() const { return m_hasNulBytes; }
-  /// The last line, or text near it, may hold an asterisk. False is certain of a line that was not
-  /// cut: found out for a chunk at a time, it spares looking through every line.
+  /// The last line may hold an asterisk. The file is searched a chunk at a time, which is quicker than line
+  /// by line: true may be due to a line nearby, but false is certain, unless the line was cut.
   bool MayHoldAsterisk() const { return m_mayHoldAsterisk; }
   /// A read failed half way through the file.
   bool Failed() const { return m_error != 0; }
@@ -63,13 +62,13 @@ public:
   /// Size at opening, in bytes.
   long long FileSize() const { return static_cast<long long>(m_status.st_size); }
   long long BytesRead() const { return m_bytesRead; }
-  /// How the reading of the file went, up to now. Of one that could not be opened, why not.
+  /// How the reading has gone so far; for a file that could not be opened, why not.
   aio_FileRead Outcome(cow_String const& path) const;
 
 private:
-  // The area below the chunk takes the head of a line that crosses from one chunk to the next, so
-  // that the file is always read to the same, aligned place: reading to an unaligned one takes
-  // four times as long on common kernels.
+  // The carry area, in front of the chunk, takes the head of a line that goes on in the next chunk. So the
+  // file is always read to the same, aligned address: reading to an unaligned one takes four times as long
+  // on common kernels.
   static constexpr std::size_t c_chunkSize = std::size_t(1) << 16;
   static constexpr std::size_t c_carrySize = 1024;
   static constexpr std::size_t c_alignment = 64;
@@ -79,6 +78,8 @@ private:
   openEnm PassMark();
   void NoteEnd();
   bool Fill(std::size_t carried);
+  bool TakeLine(char* feed, int limit);
+  bool ReadAcrossChunks(int limit);
   bool ReadLongLine(int limit);
 
   struct FreeAligned

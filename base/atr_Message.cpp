@@ -33,17 +33,18 @@ atr_String atr_translate::Result(VRXBasStringMode) const
   cow_String text;
   std::size_t done = 0;
   int unnumbered = 0;
-  for (atr_Place place = atr_NextPlace(format, 0); place.length > 0;
-       place = atr_NextPlace(format, place.start + place.length))
+  for (atr_Placeholder placeholder = atr_NextPlaceholder(format, 0); placeholder.length > 0;
+       placeholder = atr_NextPlaceholder(format, placeholder.start + placeholder.length))
   {
-    if (!place.name.empty())
+    if (!placeholder.name.empty())
       continue;
-    Argument const* const argument = Find(place.isNumbered ? place.number : ++unnumbered);
+    Argument const* const argument =
+      Find(placeholder.isNumbered ? placeholder.number : ++unnumbered);
     if (argument == nullptr)
       continue;
-    text.Append(format.substr(done, place.start - done));
+    text.Append(format.substr(done, placeholder.start - done));
     text.Append(argument->text.View());
-    done = place.start + place.length;
+    done = placeholder.start + placeholder.length;
   }
   text.Append(format.substr(done));
   atr_String message(text);

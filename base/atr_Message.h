@@ -8,7 +8,7 @@
 #include <vector>
 
 /// A placeholder of a format; length 0 when there is none.
-struct atr_Place
+struct atr_Placeholder
 {
   std::size_t start = 0;
   std::size_t length = 0;
@@ -28,7 +28,7 @@ constexpr bool IsNameChar(char c)
 constexpr bool IsConversion(char c) { return c == 's' || c == 'd'; }
 
 // The placeholder that begins with the '%' at `start`, if one does.
-constexpr atr_Place PlaceAt(std::string_view format, std::size_t start)
+constexpr atr_Placeholder PlaceholderAt(std::string_view format, std::size_t start)
 {
   std::size_t end = start + 1;
   while (end < format.size() && IsNameChar(format[end]))
@@ -44,36 +44,36 @@ constexpr atr_Place PlaceAt(std::string_view format, std::size_t start)
     if (allDigits && number < 1000)
       number = number * 10 + (c - '0');
   }
-  atr_Place place;
-  place.start = start;
+  atr_Placeholder placeholder;
+  placeholder.start = start;
   if (closes && allDigits && number > 0)
   {
-    place.length = end + 2 - start;
-    place.number = number;
-    place.isNumbered = true;
+    placeholder.length = end + 2 - start;
+    placeholder.number = number;
+    placeholder.isNumbered = true;
   }
   else if (closes && word.size() > 1 && !IsDigit(word[0]))
   {
-    place.length = end + 2 - start;
-    place.name = word;
+    placeholder.length = end + 2 - start;
+    placeholder.name = word;
   }
   else if (!word.empty() && IsConversion(word[0]))
   {
-    place.length = 2;
+    placeholder.length = 2;
   }
-  return place;
+  return placeholder;
 }
 
 } // namespace atr_detail
 
 /// The next placeholder of a format at or after `from`. "%%" holds none.
-constexpr atr_Place atr_NextPlace(std::string_view format, std::size_t from)
+constexpr atr_Placeholder atr_NextPlaceholder(std::string_view format, std::size_t from)
 {
   for (std::size_t at = format.find('%', from); at < format.size(); at = format.find('%', at))
   {
-    atr_Place const place = atr_detail::PlaceAt(format, at);
-    if (place.length > 0)
-      return place;
+    atr_Placeholder const placeholder = atr_detail::PlaceholderAt(format, at);
+    if (placeholder.length > 0)
+      return placeholder;
     at += at + 1 < format.size() && format[at + 1] == '%' ? 2 : 1;
   }
   return {};
@@ -81,17 +81,17 @@ constexpr atr_Place atr_NextPlace(std::string_view format, std::size_t from)
 
 /// The number of arguments that a format takes: its unnumbered placeholders or its highest number,
 /// whichever is more.
-constexpr int atr_CountPlaces(char const* format)
+constexpr int atr_CountPlaceholders(char const* format)
 {
   std::string_view const text(format);
   int unnumbered = 0;
   int highest = 0;
-  for (atr_Place place = atr_NextPlace(text, 0); place.length > 0;
-       place = atr_NextPlace(text, place.start + place.length))
+  for (atr_Placeholder placeholder = atr_NextPlaceholder(text, 0); placeholder.length > 0;
+       placeholder = atr_NextPlaceholder(text, placeholder.start + placeholder.length))
   {
-    if (place.isNumbered)
-      highest = place.number > highest ? place.number : highest;
-    else if (place.name.empty())
+    if (placeholder.isNumbered)
+      highest = placeholder.number > highest ? placeholder.number : highest;
+    else if (placeholder.name.empty())
       ++unnumbered;
   }
   return unnumbered > highest ? unnumbered : highest;
@@ -176,8 +176,8 @@ enum atr_severityEnm
 ///
 /// A family lists its rows in a .def file and makes a constant of each:
 ///
-///     inline constexpr atr_MessageRow<atr_CountPlaces(text)> inp_msgX{"X", atr_error, text};
-template <int Places>
+///     inline constexpr atr_MessageRow<atr_CountPlaceholders(text)> inp_msgX{"X", atr_error, text};
+template <int Placeholders>
 struct atr_MessageRow
 {
   char const* code;
@@ -185,12 +185,13 @@ struct atr_MessageRow
   char const* text;
 };
 
-/// Makes a row's message. The origin gets the row's code, and the place of an argument that is a
-/// message with a place.
-template <int Places, class... Arguments>
-atr_String atr_Say(atr_MessageRow<Places> const& row, Arguments const&... arguments)
+/// Makes a row's message. Its origin has the row's code and, where an argument is itself a message, the file,
+/// line and keyword of that one.
+template <int Placeholders, class... Arguments>
+atr_String atr_Say(atr_MessageRow<Placeholders> const& row, Arguments const&... arguments)
 {
-  static_assert(sizeof...(Arguments) == Places, "one argument for each placeholder of the row");
+  static_assert(sizeof...(Arguments) == Placeholders,
+                "one argument for each placeholder of the row");
   atr_translate translator(row.text);
   [[maybe_unused]] int index = 0;
   (atr_SubstituteFormat(translator, ++index, arguments), ...);

@@ -13,7 +13,7 @@
 struct atr_StringDetail : mem_AllocationOperators
 {
   // An unfilled placeholder of the text, with its name or else its number.
-  struct Place
+  struct Placeholder
   {
     int start;
     int length;
@@ -25,13 +25,13 @@ struct atr_StringDetail : mem_AllocationOperators
   bool hasOrigin = false;
   bool isParsed = false;
   atr_Origin origin;
-  std::vector<Place> places;
+  std::vector<Placeholder> placeholders;
 
   void Shift(int from, int by)
   {
-    for (Place& place : places)
-      if (place.start >= from)
-        place.start += by;
+    for (Placeholder& placeholder : placeholders)
+      if (placeholder.start >= from)
+        placeholder.start += by;
   }
 
   // Placeholders are found once, in the text as it was before the first of them was filled.
@@ -41,12 +41,14 @@ struct atr_StringDetail : mem_AllocationOperators
       return;
     isParsed = true;
     int unnumbered = 0;
-    for (atr_Place place = atr_NextPlace(text, 0); place.length > 0;
-         place = atr_NextPlace(text, place.start + place.length))
+    for (atr_Placeholder placeholder = atr_NextPlaceholder(text, 0); placeholder.length > 0;
+         placeholder = atr_NextPlaceholder(text, placeholder.start + placeholder.length))
     {
-      int const number = place.isNumbered || !place.name.empty() ? place.number : ++unnumbered;
-      places.push_back({static_cast<int>(place.start), static_cast<int>(place.length), number,
-                        cow_String(place.name)});
+      int const number =
+        placeholder.isNumbered || !placeholder.name.empty() ? placeholder.number : ++unnumbered;
+      placeholders.push_back({static_cast<int>(placeholder.start),
+                              static_cast<int>(placeholder.length), number,
+                              cow_String(placeholder.name)});
     }
   }
 };
@@ -110,7 +112,7 @@ atr_Origin const* atr_String::Origin() const noexcept
 
 void atr_String::SetOrigin(atr_Origin const& origin)
 {
-  // A copy first: the argument may be this message's own origin.
+  // Copied first, since the argument may be this message's own origin.
   atr_Origin const kept = origin;
   atr_StringDetail& detail = OwnDetail();
   detail.origin = kept;
@@ -151,7 +153,7 @@ atr_String& atr_String::AppendNewLine()
 void atr_String::InsertText(int index, std::string_view text)
 {
   int const at = std::clamp(index, 0, Length());
-  if (m_detail != nullptr && !m_detail->places.empty())
+  if (m_detail != nullptr && !m_detail->placeholders.empty())
     OwnDetail().Shift(at, static_cast<int>(text.size()));
   Splice(at, 0, text);
 }
@@ -198,32 +200,33 @@ atr_String& atr_String::LocaleToUTF8()
   Assign(utf8);
   if (m_detail != nullptr && m_detail->isParsed)
   {
-    // The places have moved; they are found anew.
+    // The placeholders have moved: they are looked for again.
     atr_StringDetail& detail = OwnDetail();
-    detail.places.clear();
+    detail.placeholders.clear();
     detail.isParsed = false;
   }
   return *this;
 }
 
 template <class IsMeant>
-void atr_String::FillPlaces(IsMeant const& isMeant, std::string_view value)
+void atr_String::FillPlaceholders(IsMeant const& isMeant, std::string_view value)
 {
   atr_StringDetail& detail = OwnDetail();
   detail.Parse(View());
-  std::vector<atr_StringDetail::Place> const places = std::exchange(detail.places, {});
+  std::vector<atr_StringDetail::Placeholder> const placeholders =
+    std::exchange(detail.placeholders, {});
   int grown = 0;
-  for (atr_StringDetail::Place place : places)
+  for (atr_StringDetail::Placeholder placeholder : placeholders)
   {
-    place.start += grown;
-    if (isMeant(place))
+    placeholder.start += grown;
+    if (isMeant(placeholder))
     {
-      Splice(place.start, place.length, value);
-      grown += static_cast<int>(value.size()) - place.length;
+      Splice(placeholder.start, placeholder.length, value);
+      grown += static_cast<int>(value.size()) - placeholder.length;
     }
     else
     {
-      detail.places.push_back(std::move(place));
+      detail.placeholders.push_back(std::move(placeholder));
     }
   }
 }
@@ -241,8 +244,9 @@ atr_String& atr_String::ReplaceNonTranslated(int index, char const* value)
 atr_String& atr_String::ReplaceNonTranslated(int index, atr_StringBase const& value)
 {
   cow_String const kept(value);
-  FillPlaces([index](auto const& place) { return place.name.Empty() && place.number == index; },
-             kept.View());
+  FillPlaceholders([index](auto const& placeholder)
+                   { return placeholder.name.Empty() && placeholder.number == index; },
+                   kept.View());
   return *this;
 }
 
@@ -250,8 +254,9 @@ atr_String& atr_String::ReplaceNonTranslated(char const* name, atr_StringBase co
 {
   cow_String const kept(value);
   cow_String const wanted(name);
-  FillPlaces([&wanted](auto const& place) { return !place.name.Empty() && place.name == wanted; },
-             kept.View());
+  FillPlaceholders([&wanted](auto const& placeholder)
+                   { return !placeholder.name.Empty() && placeholder.name == wanted; },
+                   kept.View());
   return *this;
 }
 

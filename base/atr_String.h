@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-/// Where a message comes from: its stable code, and the place in the deck that it speaks of.
+/// Where a message comes from: its stable code, and the file, line and keyword that it speaks of.
 struct atr_Origin
 {
   char const* code = ""; ///< the message row's id; a literal
@@ -74,7 +74,7 @@ private:
   void TakeOriginOf(atr_String const& other);
   void InsertText(int index, std::string_view text);
   template <class IsMeant>
-  void FillPlaces(IsMeant const& isMeant, std::string_view value);
+  void FillPlaceholders(IsMeant const& isMeant, std::string_view value);
   void DropDetail() noexcept;
 
   atr_StringDetail* m_detail = nullptr;

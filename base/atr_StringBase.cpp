@@ -23,7 +23,7 @@ int CheckedLength(std::size_t length)
   return static_cast<int>(length);
 }
 
-// Membership in a set of bytes: one look-up a character instead of a search of the set.
+// A set of bytes, as a table of flags.
 class ByteSet
 {
 public:
@@ -128,7 +128,7 @@ void atr_StringBase::Assign(std::string_view text)
     Drop();
     return;
   }
-  // The new block is filled before the old one goes: the text may lie in it.
+  // The new block is filled before the old one is freed: the text may lie in the old one.
   atr_StringRep* const rep = atr_StringRep::Make(length);
   std::memcpy(rep->Text(), text.data(), text.size());
   rep->Text()[length] = '\0';
@@ -158,8 +158,8 @@ void atr_StringBase::Splice(int start, int count, std::string_view by)
   }
   else
   {
-    // A text that grows again and again at its end gets room to spare, so that building one is
-    // linear; any other text is stored exactly.
+    // A text that is appended to gets room to spare, so that building one in pieces takes linear time.
+    // Any other text is stored without spare room.
     int capacity = newLength;
     if (sole && atEnd && by.size() > 0)
       capacity += std::min(newLength / 2, static_cast<int>(longestText) - newLength);
@@ -298,7 +298,7 @@ void atr_StringBase::SubstituteText(std::string_view from, std::string_view to, 
     ++found;
   if (found == 0)
     return;
-  // Sizes are counted first: one block, each byte moved once.
+  // The sizes are added up first, so that there is one block and each byte is copied once.
   atr_StringBase result;
   char* out = result.MakeRoom(CheckedLength(text.size() - found * from.size() + found * to.size()));
   std::size_t done = 0;

@@ -41,8 +41,15 @@ struct cow_BtreeNode : mem_AllocationOperators
     return at < entries.size() && cow_CompareKeys(entries[at].key, key) == 0;
   }
 
-  /// Halves the full child at `at` to make room for a key; its middle entry comes up. Before a key
-  /// that stands behind all others the last one comes up, as the next key will likely follow it.
+  /// Splits the full child at `at` to make room for a key. Its middle entry moves up into this node:
+  ///
+  ///        | D |                                | D     M |
+  ///        +---+---+            becomes         +---+-----+-----+
+  ///        |       |                            |       |       |
+  ///      A B     G J M P S                     A B     G J     P S
+  ///
+  /// For a key behind all others the last entry moves up instead of the middle one: keys then probably come
+  /// in ascending order, and the lower node is left full and not half empty.
   void SplitChild(std::size_t at, K const& key)
   {
     cow_BtreeNode* const lower = children[at].Get();
@@ -197,7 +204,7 @@ V* cow_Btree<K, V, Entry>::Find(K const& key)
   }
 }
 
-// Full nodes are split on the way down, so that there is always room for what comes up.
+// Full nodes are split on the way down, so that a node always has room for the entry that moves up.
 template <class K, class V, class Entry>
 void cow_Btree<K, V, Entry>::AddNew(Entry entry)
 {

@@ -95,7 +95,7 @@ public:
   }
 
 private:
-  // On exhaustion the referent, which the caller has given away, goes too.
+  // When memory is exhausted the referent is deleted, since the caller has given it away.
   static int* NewCount(T* referent)
   {
     void* const cell = mem_MallocTiny(sizeof(int));

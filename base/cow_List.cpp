@@ -19,11 +19,11 @@ void cow_SetOutOfRangeHook(void (*hook)(int index, int length)) noexcept { outOf
   std::abort();
 }
 
-// With 2^e the highest power of two in the hint, blocks hold 2^(e-3) items, and the fraction above
-// 2^e, read from the hint as a single, is rounded up to eighths.
+// Where 2^e is the highest power of two in the hint, blocks hold 2^(e-3) items, so that 8 to 16 of them hold
+// all. Their number is read from the hint in single precision: 8, and its fraction in eighths, rounded up.
 cow_ListShape cow_ShapeForHint(int hint) noexcept
 {
-  constexpr int largestHint = 1 << 28; // places of a full directory still fit an int
+  constexpr int largestHint = 1 << 28; // the slots of a full directory still fit an int
   cow_ListShape shape{4, 0};
   if (hint <= 0)
     return shape;

@@ -10,7 +10,7 @@
 //     cow_List<int> b = a;      // O(1), shares
 //     b.Get(0) = 7;             // b has a directory and a first block of its own; a[0] is still 1
 //
-// Item i lives at place p = first offset + i, in block p >> shift, slot p & (block size - 1):
+// Item i lives at position p = first offset + i, in block p >> shift, slot p & (block size - 1):
 //
 //     directory    0        1        2        3
 //                +--------+--------+--------+--------+--
@@ -105,7 +105,7 @@ public:
   cow_List& Prepend(T const& x); // amortised O(1)
   cow_List& Prepend(T&& x);
 
-  /// Puts `x` before item `i`; the length is a place too. Moves the shorter side by one.
+  /// Puts `x` before item `i`, or behind all when `i` is the length. Moves the shorter side by one.
   void InsertIndex(int i, T const& x);
   void RemoveIndex(int i); // moves the shorter side by one
   void RemoveLast();
@@ -154,9 +154,9 @@ private:
   [[noreturn]] void RaiseOutOfRange(int i) const noexcept { cow_RaiseOutOfRange(i, m_length); }
 
   int SlotMask() const noexcept { return (1 << m_blockShift) - 1; }
-  T* AddressOf(int place) const noexcept
+  T* AddressOf(int position) const noexcept
   {
-    return m_directory[place >> m_blockShift]->items + (place & SlotMask());
+    return m_directory[position >> m_blockShift]->items + (position & SlotMask());
   }
   T& Item(int i) noexcept { return *AddressOf(m_firstOffset + i); }
 
@@ -177,15 +177,15 @@ private:
   void SetDirectorySize(int size);
   static Block* CopyBlock(Block const* from, int blockShift, int begin, int end);
   void IsolateBlock(int block);
-  void Isolate(int place) { IsolateRange(place, place); }
-  void IsolateRange(int loPlace, int hiPlace);
+  void Isolate(int position) { IsolateRange(position, position); }
+  void IsolateRange(int from, int to);
   void DropBlock(int block, int liveBegin, int liveEnd) noexcept;
   void Truncate(int n);
   void Release() noexcept;
   void MakeRoomInFront();
-  T* PlaceBehind();
-  T* PlaceBehindSlow();
-  T* PlaceInFront();
+  T* SlotBehind();
+  T* SlotBehindSlow();
+  T* SlotInFront();
 
   int m_length = 0;
   int m_directorySize = 0; // slots in use; the array may be longer
@@ -246,114 +246,6 @@ void cow_List<T>::Swap(cow_List& other) noexcept
   std::swap(m_directory, other.m_directory);
 }
 
-// ------------------------------------------------------------------------------------ sharing
-
-template <class T>
-void cow_List<T>::UseDirectory(cow_ListDirectoryHead* head) noexcept
-{
-  void* const slots = reinterpret_cast<char*>(head) + cow_listDirectoryHeadSize;
-  m_directoryCount = &head->count;
-  m_directory = static_cast<Block**>(slots);
-}
-
-template <class T>
-void cow_List<T>::Detach()
-{
-  if (m_directoryCount != nullptr && *m_directoryCount != 1)
-    CopyArray();
-}
-
-template <class T>
-void cow_List<T>::CopyArray()
-{
-  int* const sharedCount = m_directoryCount;
-  Block* const* const shared = m_directory;
-  UseDirectory(cow_AllocateDirectory(nullptr, m_directorySize));
-  std::copy_n(shared, m_directorySize, m_directory);
-  for (int block = 0; block < m_directorySize; ++block)
-    if (m_directory[block] != nullptr)
-      ++m_directory[block]->count;
-  --*sharedCount;
-}
-
-// The directory must not be shared, and a slot that falls away must hold no items. The array grows
-// geometrically behind the size, so that a long row of appends copies each slot a few times only.
-template <class T>
-void cow_List<T>::SetDirectorySize(int size)
-{
-  int const capacity = m_directoryCount == nullptr
-                         ? 0
-                         : reinterpret_cast<cow_ListDirectoryHead*>(m_directoryCount)->capacity;
-  if (size > capacity)
-    UseDirectory(cow_AllocateDirectory(m_directoryCount, std::max(size, capacity + capacity / 2)));
-  for (int block = size; block < m_directorySize; ++block)
-    DropBlock(block, 0, 0);
-  if (size > m_directorySize)
-    std::fill(m_directory + m_directorySize, m_directory + size, nullptr);
-  m_directorySize = size;
-}
-
-// A new block with copies of the given slots.
-template <class T>
-cow_ListBlock<T>* cow_List<T>::CopyBlock(Block const* from, int blockShift, int begin, int end)
-{
-  Block* const copy = Block::Make(blockShift);
-  try
-  {
-    if (begin < end)
-      std::uninitialized_copy(from->items + begin, from->items + end, copy->items + begin);
-  }
-  catch (...)
-  {
-    Block::Free(copy);
-    throw;
-  }
-  return copy;
-}
-
-template <class T>
-void cow_List<T>::IsolateBlock(int block)
-{
-  Block*& slot = m_directory[block];
-  if (slot == nullptr)
-    slot = Block::Make(m_blockShift);
-  else if (slot->count != 1)
-  {
-    Block* const copy = CopyBlock(slot, m_blockShift, LiveBegin(block), LiveEnd(block));
-    --slot->count;
-    slot = copy;
-  }
-}
-
-template <class T>
-void cow_List<T>::IsolateRange(int loPlace, int hiPlace)
-{
-  Detach();
-  for (int block = loPlace >> m_blockShift; block <= hiPlace >> m_blockShift; ++block)
-    IsolateBlock(block);
-}
-
-template <class T>
-void cow_List<T>::DropBlock(int block, int liveBegin, int liveEnd) noexcept
-{
-  Block* const dropped = std::exchange(m_directory[block], nullptr);
-  if (dropped == nullptr || --dropped->count != 0)
-    return;
-  if (liveBegin < liveEnd)
-    std::destroy(dropped->items + liveBegin, dropped->items + liveEnd);
-  Block::Free(dropped);
-}
-
-template <class T>
-void cow_List<T>::Release() noexcept
-{
-  if (m_directoryCount == nullptr || --*m_directoryCount != 0)
-    return;
-  for (int block = 0; block < m_directorySize; ++block)
-    DropBlock(block, LiveBegin(block), LiveEnd(block));
-  mem_Free(m_directoryCount);
-}
-
 // ------------------------------------------------------------------------------------- length
 
 template <class T>
@@ -376,92 +268,23 @@ void cow_List<T>::Resize(int n)
   SetDirectorySize((lastGroup + 1) * 16);
 }
 
-// The directory must not be shared. What can fail comes first.
-template <class T>
-void cow_List<T>::Truncate(int n)
-{
-  int const kept = (m_firstOffset + n - 1) >> m_blockShift;
-  int const last = (m_firstOffset + m_length - 1) >> m_blockShift;
-  int const newEnd = m_firstOffset + n - (kept << m_blockShift);
-  Block*& slot = m_directory[kept];
-  if (slot->count != 1)
-  {
-    Block* const copy = CopyBlock(slot, m_blockShift, LiveBegin(kept), newEnd);
-    --slot->count;
-    slot = copy;
-  }
-  else
-    std::destroy(slot->items + newEnd, slot->items + LiveEnd(kept));
-  for (int block = kept + 1; block <= last; ++block)
-    DropBlock(block, LiveBegin(block), LiveEnd(block));
-  m_length = n;
-}
-
-template <class T>
-T* cow_List<T>::PlaceBehind()
-{
-  int const place = m_firstOffset + m_length;
-  int const block = place >> m_blockShift;
-  if (block < m_directorySize && *m_directoryCount == 1 && m_directory[block] != nullptr &&
-      m_directory[block]->count == 1) [[likely]]
-    return m_directory[block]->items + (place & SlotMask());
-  return PlaceBehindSlow();
-}
-
-template <class T>
-T* cow_List<T>::PlaceBehindSlow()
-{
-  int const place = m_firstOffset + m_length;
-  if (place >> m_blockShift >= m_directorySize)
-    Resize(m_length + 1);
-  Isolate(place);
-  return AddressOf(place);
-}
-
-template <class T>
-T* cow_List<T>::PlaceInFront()
-{
-  if (m_firstOffset == 0)
-    MakeRoomInFront();
-  Isolate(m_firstOffset - 1);
-  return AddressOf(m_firstOffset - 1);
-}
-
-// Moves the blocks to the end of the directory, which grows first when it is full: by 16 slots, and
-// by half its size once it is large.
-template <class T>
-void cow_List<T>::MakeRoomInFront()
-{
-  int const used = (m_length + SlotMask()) >> m_blockShift;
-  if (used == m_directorySize)
-    Resize(((used + used / 2 / 16 * 16) << m_blockShift) + 1);
-  else
-    Detach();
-  for (int block = used; block < m_directorySize; ++block)
-    DropBlock(block, 0, 0);
-  int const freed = m_directorySize - used;
-  std::copy_backward(m_directory, m_directory + used, m_directory + m_directorySize);
-  std::fill_n(m_directory, freed, nullptr);
-  m_firstOffset = freed << m_blockShift;
-}
-
 // -------------------------------------------------------------------------------------- items
 
 template <class T>
 T& cow_List<T>::Get(int i)
 {
-  int const place = m_firstOffset + CheckIndex(i);
+  int const position = m_firstOffset + CheckIndex(i);
   if (*m_directoryCount != 1) [[unlikely]]
     CopyArray();
-  if (m_directory[place >> m_blockShift]->count != 1) [[unlikely]]
-    IsolateBlock(place >> m_blockShift);
-  return *AddressOf(place);
+  if (m_directory[position >> m_blockShift]->count != 1) [[unlikely]]
+    IsolateBlock(position >> m_blockShift);
+  return *AddressOf(position);
 }
 
 template <class T>
 cow_List<T>& cow_List<T>::Append(T const& x)
 {
-  ::new (static_cast<void*>(PlaceBehind())) T(x);
+  ::new (static_cast<void*>(SlotBehind())) T(x);
   ++m_length;
   return *this;
 }
@@ -469,7 +292,7 @@ cow_List<T>& cow_List<T>::Append(T const& x)
 template <class T>
 cow_List<T>& cow_List<T>::Append(T&& x)
 {
-  ::new (static_cast<void*>(PlaceBehind())) T(std::move(x));
+  ::new (static_cast<void*>(SlotBehind())) T(std::move(x));
   ++m_length;
   return *this;
 }
@@ -477,7 +300,7 @@ cow_List<T>& cow_List<T>::Append(T&& x)
 template <class T>
 cow_List<T>& cow_List<T>::Prepend(T const& x)
 {
-  ::new (static_cast<void*>(PlaceInFront())) T(x);
+  ::new (static_cast<void*>(SlotInFront())) T(x);
   --m_firstOffset;
   ++m_length;
   return *this;
@@ -486,7 +309,7 @@ cow_List<T>& cow_List<T>::Prepend(T const& x)
 template <class T>
 cow_List<T>& cow_List<T>::Prepend(T&& x)
 {
-  ::new (static_cast<void*>(PlaceInFront())) T(std::move(x));
+  ::new (static_cast<void*>(SlotInFront())) T(std::move(x));
   --m_firstOffset;
   ++m_length;
   return *this;
@@ -648,3 +471,4 @@ bool cow_List<T>::RemoveMember(T const& x)
 }
 
 #include "cow_ListIter.h"
+#include "cow_ListSharing.h"

@@ -26,7 +26,7 @@ struct cow_ListShape
 /// expected items, and 16 slots are spare: 16384 items give blocks of 2048 and 24 slots.
 cow_ListShape cow_ShapeForHint(int hint) noexcept;
 
-/// A counted run of item places. Which places hold items is known to the lists alone.
+/// A counted run of slots for items. Which of them hold items, only the lists know.
 template <class T>
 struct cow_ListBlock
 {
@@ -58,37 +58,37 @@ public:
   using reference = T const&;
 
   cow_ListConstIterator() = default;
-  cow_ListConstIterator(cow_ListBlock<T>* const* directory, int blockShift, int place)
-    : m_directory(directory), m_place(place), m_blockShift(blockShift)
+  cow_ListConstIterator(cow_ListBlock<T>* const* directory, int blockShift, int position)
+    : m_directory(directory), m_position(position), m_blockShift(blockShift)
   {
   }
 
   reference operator*() const noexcept
   {
-    return m_directory[m_place >> m_blockShift]->items[m_place & ((1 << m_blockShift) - 1)];
+    return m_directory[m_position >> m_blockShift]->items[m_position & ((1 << m_blockShift) - 1)];
   }
   pointer operator->() const noexcept { return &**this; }
 
   cow_ListConstIterator& operator++() noexcept
   {
-    ++m_place;
+    ++m_position;
     return *this;
   }
   cow_ListConstIterator operator++(int) noexcept
   {
     cow_ListConstIterator const before = *this;
-    ++m_place;
+    ++m_position;
     return before;
   }
 
   bool operator==(cow_ListConstIterator const& other) const noexcept
   {
-    return m_place == other.m_place;
+    return m_position == other.m_position;
   }
 
 private:
   cow_ListBlock<T>* const* m_directory = nullptr;
-  int m_place = 0;
+  int m_position = 0;
   int m_blockShift = 0;
 };
 

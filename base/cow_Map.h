@@ -176,7 +176,7 @@ private:
   void LeaveTree();
   void MakeTree();
 
-  // The one or the other. What is small lies in what the alignment would leave empty.
+  // The tree, or the B-tree in place of it. The size lies in bytes that the variant would leave unused.
   [[no_unique_address]] std::variant<Handle, cow_COW<Sorted>> m_form;
   int m_size = 0;
 };
@@ -369,9 +369,9 @@ void cow_Map<K, V>::MakeTree()
     [&](Entry const& entry, int depth)
     {
       path.resize(static_cast<std::size_t>(depth));
-      Handle& place = path.empty() ? root : path.back()->Child(cow_MapBit(entry.key, depth - 1));
-      place = new Node(entry.key, entry.value);
-      path.push_back(place.Get());
+      Handle& handle = path.empty() ? root : path.back()->Child(cow_MapBit(entry.key, depth - 1));
+      handle = new Node(entry.key, entry.value);
+      path.push_back(handle.Get());
     });
   m_form = std::move(root);
 }

@@ -3,8 +3,8 @@
 // cow_MapOrder<Entry>: the tree that entries make when they go into a cow_Map one after another, found
 // without walking its long paths.
 //
-// Keys that have run out of bits go left at every node, so what is long in such a tree are runs of left
-// turns. Here a run is an array, and a key that has no bits left goes to its end at once:
+// Keys that have run out of bits go left at every node, so the long paths of such a tree are runs of left
+// turns. Here each run is an array of slots, and a key without further bits is put at its end at once:
 //
 //           A                  run 0: A C D     begins at the root
 //         /   \                run 1: B E       right of A
@@ -29,7 +29,7 @@ public:
     int const end = cow_MapBitsEnd(entry.key);
     std::size_t run = 0;
     std::size_t at = 0;
-    for (int depth = 0; depth < end && at < m_runs[run].places.size(); ++depth)
+    for (int depth = 0; depth < end && at < m_runs[run].slots.size(); ++depth)
     {
       if (cow_MapBit(entry.key, depth) == 0)
       {
@@ -39,11 +39,11 @@ public:
       run = RightOf(run, at, depth);
       at = 0;
     }
-    m_runs[run].places.push_back({&entry, 0});
+    m_runs[run].slots.push_back({&entry, 0});
   }
 
-  /// Calls visit(entry, depth) for each, in preorder: along a run, then right of its last place, and
-  /// so on up to right of its first.
+  /// Calls visit(entry, depth) for each, in preorder: along a run, then what hangs right of its last slot,
+  /// and so on back to its first.
   template <class Visit>
   void ForEach(Visit const& visit) const
   {
@@ -53,31 +53,31 @@ public:
       Run const& run = m_runs[waiting.back()];
       waiting.pop_back();
       int depth = run.depth;
-      for (Place const& place : run.places)
+      for (Slot const& slot : run.slots)
       {
-        visit(*place.entry, depth++);
-        if (place.right != 0)
-          waiting.push_back(place.right);
+        visit(*slot.entry, depth++);
+        if (slot.right != 0)
+          waiting.push_back(slot.right);
       }
     }
   }
 
 private:
-  struct Place
+  struct Slot
   {
     Entry const* entry;
     std::size_t right; ///< the run that begins with the right child, 0 when there is none
   };
   struct Run
   {
-    int depth; ///< of its first place
-    std::vector<Place> places;
+    int depth; ///< of its first slot
+    std::vector<Slot> slots;
   };
 
-  /// The run right of a place, made when there is none; it gets its first entry at once.
+  /// The run that hangs right of a slot. It is made when there is none; the caller puts an entry in at once.
   std::size_t RightOf(std::size_t run, std::size_t at, int depth)
   {
-    std::size_t& right = m_runs[run].places[at].right;
+    std::size_t& right = m_runs[run].slots[at].right;
     if (right != 0)
       return right;
     right = m_runs.size();

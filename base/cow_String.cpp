@@ -37,7 +37,7 @@ cow_String& cow_String::operator=(char const* text)
 
 cow_String& cow_String::Append(atr_StringBase const& text)
 {
-  // Appending to nothing shares.
+  // To append to an empty text is to share the other one.
   if (Empty())
     return *this = cow_String(text);
   AppendText(text.View());
@@ -104,7 +104,7 @@ cow_String& cow_String::Substitute(char const* from, char const* to, int count)
 
 cow_String& cow_String::Substitute(cow_String const& from, cow_String const& to, int count)
 {
-  // Copies keep both alive where one of them is this text.
+  // Copies, since one of the arguments may be this text.
   cow_String const keptFrom(from);
   cow_String const keptTo(to);
   SubstituteText(keptFrom.View(), keptTo.View(), count);

@@ -32,7 +32,7 @@ public:
   cow_String& operator=(omn_FixedString text) { return *this = text.CStr(); }
   ~cow_String() = default;
 
-  /// A place in a writable text: read as a char, or assigned one.
+  /// A byte of a writable text: read as a char, or assigned one.
   class Byte
   {
   public:

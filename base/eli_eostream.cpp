@@ -22,7 +22,7 @@ eli_eostream::~eli_eostream()
   }
   catch (...)
   {
-    // A target that raises on failure has its own state set; a destructor passes nothing on.
+    // A destructor raises nothing. The target's own state tells of the failure.
   }
 }
 

@@ -8,7 +8,7 @@
 /// The text stream to which listings are written: buffered, and without any locale.
 ///
 /// Stands over another stream, which must outlive it and gets the text at the latest when this one
-/// goes. The line width is recorded for those who lay out lines; nothing is folded here. Numbers are
+/// is destroyed. The line width is recorded for those who lay out lines; nothing is folded here. Numbers are
 /// written as atr_FormatNumber writes them.
 class eli_eostream
 {

@@ -73,11 +73,11 @@ constinit CommonStore store;
 
 constexpr std::size_t largestChunk = std::size_t{32} << 20;
 constexpr std::size_t hugePage = std::size_t{2} << 20;
-// A block of its own from this size on takes whole huge pages: at most half as much again as it needs.
+// From this size on a slab of its own takes whole huge pages, which wastes at most a third of them.
 constexpr std::size_t worthHugePages = 2 * hugePage;
 
-// A chunk of whole huge pages is asked for as such: first touches of small pages, not the work on
-// their content, are what filling a large deck's rows would otherwise wait for.
+// Asks the system for huge pages where a chunk consists of them: with small pages, the reading of a large
+// deck would spend most of its time on page faults.
 void* AllocateChunk(std::size_t size)
 {
 #if defined(__linux__)
@@ -92,7 +92,7 @@ void* AllocateChunk(std::size_t size)
   return std::aligned_alloc(mem_slabSize, size);
 }
 
-// Where memory is short, a smaller one: the C library may take twice the room of a single slab.
+// Takes a chunk from which slabs are cut; a smaller one when memory is short.
 bool TakeChunk()
 {
   std::size_t size = store.chunkSize;
@@ -117,7 +117,7 @@ char* EndOfBlocks(mem_Slab* slab, std::size_t sizeClass)
   return reinterpret_cast<char*>(slab) + mem_slabHeader + count * size;
 }
 
-// A slab that was given back, or a new one. The store is locked.
+// A slab that was given back, or a new one. The caller holds the lock of the store.
 mem_Slab* CutSlab(std::size_t sizeClass)
 {
   void* memory = store.freeSlabs;
@@ -148,7 +148,7 @@ mem_Slab* TakeSlab(std::uint32_t sizeClass)
   return CutSlab(sizeClass);
 }
 
-// A slab that is being carved counts so many blocks more, so that it is not given back meanwhile.
+// Added to a slab's count of blocks while blocks are still being taken from it, so that it is not given back.
 constexpr std::uint32_t beingCarved = std::uint32_t{1} << 30;
 // Longer blocks would leave too much of a slab unused.
 constexpr std::size_t longestInOrder = mem_slabSize / 8;
@@ -223,8 +223,8 @@ struct ThreadEnd
   }
 };
 
-// Makes sure that the end of this thread hands its lists over. False when that is already past: then
-// nothing may stay in them.
+// Registers this thread, so that its lists go to the store when it ends. False when it has handed them over
+// already: blocks must then go to the store at once.
 bool Attach()
 {
   static thread_local ThreadEnd end;

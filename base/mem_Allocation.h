@@ -13,10 +13,10 @@
 // multiple of 16 up to 512, and wider steps up to a third of a slab. A larger block is a slab of its
 // own, with the same header.
 //
-// Blocks that come and go in long rows, as the lines of a deck do, may be taken in order instead: one
-// behind the other, whatever their sizes. Such a slab counts its blocks. With the last one it is free
-// for any use, so that what is made of the lines stands where they stood, in pages that the system has
-// handed out already.
+// Blocks that are taken and given back one after the other, as those of data lines are, may be taken "in
+// order" instead: side by side in a slab, whatever their sizes. Such a slab counts its blocks, and is free
+// for any use when the last one is given back. So the records that are made of the lines reuse the memory
+// of the lines, whose pages the system has handed out already.
 //
 // Every thread has its own free lists, without locks or atomics. A block that another thread frees
 // joins that thread's list. A thread that ends leaves its lists to a common store, from which others
@@ -84,7 +84,7 @@ class mem_AllocationOperators
 public:
   static void* operator new(std::size_t size) { return mem_OperatorNewThrow(size); }
   static void* operator new[](std::size_t size) { return mem_OperatorNewThrow(size); }
-  static void* operator new(std::size_t, void* place) noexcept { return place; }
+  static void* operator new(std::size_t, void* memory) noexcept { return memory; }
   static void operator delete(void* block) noexcept { mem_Free(block); }
   static void operator delete[](void* block) noexcept { mem_Free(block); }
   static void operator delete(void*, void*) noexcept {}
@@ -95,7 +95,7 @@ class mem_AllocationOperatorsTiny
 {
 public:
   static void* operator new(std::size_t size) { return mem_OperatorNewTinyThrow(size); }
-  static void* operator new(std::size_t, void* place) noexcept { return place; }
+  static void* operator new(std::size_t, void* memory) noexcept { return memory; }
   static void operator delete(void* block) noexcept { mem_Free(block); }
   static void operator delete(void*, void*) noexcept {}
 };
@@ -128,14 +128,15 @@ inline constexpr std::array<std::size_t, 21> mem_blocksPerSlab{
 inline constexpr std::size_t mem_fineClasses = 1 + mem_fineLimit / 16;
 inline constexpr std::size_t mem_classCount = mem_fineClasses + mem_blocksPerSlab.size();
 
-/// Class of a block that is a slab of its own, cut by itself.
+/// Class of a block that is a slab of its own, allocated in its own size.
 inline constexpr std::uint32_t mem_ownSlab = mem_classCount;
 /// Class of a block that fills a slab of the usual size.
 inline constexpr std::uint32_t mem_wholeSlab = mem_classCount + 1;
 /// Class of blocks in order.
 inline constexpr std::uint32_t mem_inOrderSlab = mem_classCount + 2;
 
-/// Smaller blocks above the widest class are cut by themselves, to their own size.
+/// Above the widest class, a block of this size or more takes a whole slab of the usual size; a smaller one
+/// is allocated in its own size.
 inline constexpr std::size_t mem_worthWholeSlab = mem_slabSize * 3 / 4;
 
 /// Block size by class. Class 0 serves tiny cells, class n the multiple 16 * n, then the wider ones.
@@ -159,7 +160,8 @@ struct mem_Slab
   mem_Slab*
     nextPartial;     // chain of half-carved slabs that ended threads left behind, or of free ones
   char* partialNext; // their first block not yet handed out
-  std::atomic<std::uint32_t> blocksInOrder; // taken and not given back, and more while it is carved
+  std::atomic<std::uint32_t>
+    blocksInOrder; // not given back; many more while blocks are still taken from it
 };
 static_assert(sizeof(mem_Slab) <= mem_slabHeader);
 

@@ -1,8 +1,8 @@
 #pragma once
 
-/// How much a deck may make of a few of its lines (nodes of a generator, bytes of a set) before it is
-/// refused: the amount given, or a small part of it in programs that fuzz, which are to come to such
-/// refusals often and at little cost.
+/// The limit on what a few lines of a deck may ask for (nodes of a generator, bytes of a set): the amount
+/// given or, in programs that fuzz, a small part of it, so that they reach the limit often and at little
+/// cost.
 template <class T>
 constexpr T mem_Budget(T most)
 {

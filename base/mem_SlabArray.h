@@ -6,8 +6,9 @@
 #include <cstddef>
 #include <utility>
 
-/// An array of built-in values, or of arrays of them, in blocks of a slab's size: a large one stands where
-/// slabs have been given back, in place of new memory of its whole length. Small ones are taken in order.
+/// An array of built-in values, or of arrays of them, in blocks of a slab's size. So a large array can reuse
+/// slabs that were given back, where it would otherwise need new memory of its whole length. Small ones are
+/// taken in order.
 ///
 ///     index    0 ........ n-1 | n ........ 2n-1 | 2n .. size-1
 ///     block    0              | 1               | 2, which is no longer than it must be

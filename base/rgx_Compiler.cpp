@@ -8,7 +8,7 @@
 namespace
 {
 
-// Limits that keep a hostile pattern from taking all memory or all of the stack.
+// Limits, so that no pattern can use up memory or stack.
 constexpr std::size_t mostSteps = 50000;
 constexpr int mostDepth = 200;
 constexpr int mostRepeats = 1000;
@@ -51,7 +51,7 @@ void rgx_Compiler::Compile()
   if (!AtEnd())
     Fail("\")\" without \"(\"");
   steps.push_back({Op::Match, 0, 0});
-  // Targets count from the step itself while pieces are moved about; now they get their place.
+  // While pieces were put together, targets were distances from their own step. Now they become indices.
   for (std::size_t i = 0; i < steps.size(); ++i)
     if (steps[i].op == Op::Split || steps[i].op == Op::Jump)
     {

@@ -21,7 +21,7 @@ public:
     BeginRound();
     for (;; ++at)
     {
-      // A new thread starts at each place, with the lowest rank, until a match is found.
+      // Until a match is found, a new thread of the lowest rank starts at each position.
       bool const mayStart = !m_program.m_onlyAtBegin || at == 0;
       if (!m_found && mayStart)
         Enter(0, at, at);
@@ -99,7 +99,7 @@ private:
       Step const& code = m_program.m_steps[static_cast<std::size_t>(thread.step)];
       if (code.op == Op::Match)
       {
-        // All threads of lower rank are beaten.
+        // A match: threads of lower rank can no longer win.
         m_found = true;
         start = thread.start;
         end = at;
@@ -123,8 +123,8 @@ private:
 rgx_Program::rgx_Program(std::string_view pattern)
 {
   rgx_Compiler(pattern, *this).Compile();
-  // When no step that takes a byte or matches can be reached without passing '^', a search behind
-  // the place 0 is lost from the start.
+  // When every way to a step that takes a byte or matches leads through '^', a match can only begin at
+  // position 0.
   std::vector<char> seen(m_steps.size(), 0);
   std::vector<int> open{0};
   m_onlyAtBegin = true;

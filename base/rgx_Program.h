@@ -7,7 +7,7 @@
 
 /// A compiled pattern: a small machine whose threads run side by side over the text.
 ///
-/// Each step of a thread either takes one byte or is a split, a jump or a test of the place. All
+/// Each step of a thread either takes one byte or is a split, a jump or a test of the position. All
 /// threads take the same byte before any takes the next, and of two that reach the same step the
 /// one of lower rank is dropped, so there are never more threads than steps.
 class rgx_Program
@@ -16,7 +16,7 @@ public:
   /// Compiles; raises nex_PrimException for a malformed pattern or one of too many steps.
   explicit rgx_Program(std::string_view pattern);
 
-  /// The first match at or after `from`; the place 0 of `text` is where '^' matches.
+  /// The first match at or after `from`; position 0 of `text` is where '^' matches.
   bool Search(std::string_view text, std::size_t from, std::size_t& start, std::size_t& end) const;
 
 private:
@@ -44,5 +44,5 @@ private:
 
   std::vector<Step> m_steps;
   std::vector<ByteClass> m_classes;
-  bool m_onlyAtBegin = false; // no match can start behind the place 0
+  bool m_onlyAtBegin = false; // no match can start behind position 0
 };

@@ -49,7 +49,7 @@ void rgx_ReIterator::Next()
 {
   if (m_isDone)
     return;
-  // An empty match must not be found again.
+  // Behind an empty match the search goes on one byte further, or it would find the same match again.
   Search(m_end > m_start ? m_end : m_end + 1);
 }
 

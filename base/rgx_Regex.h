@@ -41,7 +41,7 @@ public:
 
   /// The whole text of the current match; "" when the walk is done.
   cow_String String() const;
-  /// Place of the current match in the text; only while the walk is not done.
+  /// Position of the current match in the text; only while the walk is not done.
   int Start() const noexcept { return static_cast<int>(m_start); }
   int End() const noexcept { return static_cast<int>(m_end); }
 

@@ -12,7 +12,7 @@ struct Entry
   int level;
 };
 
-// Set once this thread's list is gone; a singleton built after that lives on unregistered.
+// Set when this thread's list has been destroyed. A singleton that is built later is never finalized.
 thread_local bool isGone = false;
 
 struct Entries
@@ -29,7 +29,7 @@ struct Entries
   {
     while (!list.empty())
     {
-      // The last of the lowest level; a finalizer may register further ones.
+      // One at a time, the last of the lowest level: a finalizer may register further ones.
       auto const next = std::min_element(
         list.rbegin(), list.rend(), [](auto const& a, auto const& b) { return a.level < b.level; });
       Finalizer const finalizer = next->finalizer;

@@ -13,8 +13,8 @@ public:
   using Finalizer = void (*)();
 
   static void Register(Finalizer finalizer, int destructLevel);
-  /// Finalizes this thread's singletons, those too that a finalizer brings up. A singleton asked
-  /// for afterwards is built anew.
+  /// Finalizes this thread's singletons, also those that a finalizer builds. A singleton that is asked for
+  /// afterwards is built anew.
   static void FinalizeAll();
 };
 

@@ -3,7 +3,7 @@
 #include "cow_List.h"
 #include "drv_Exit.h"
 #include "drv_FixedText.h"
-#include "inp_CurrentPlace.h"
+#include "inp_CurrentOrigin.h"
 #include "mem_Allocation.h"
 
 #include <algorithm>
@@ -44,9 +44,9 @@ struct Place
 /// The keyword at work, and else the deck.
 Place PlaceOfFailure()
 {
-  bool const isKnown = inp_CurrentPlace::Line() > 0;
-  return {isKnown ? inp_CurrentPlace::File() : drv_TheCrashContext().deck,
-          isKnown ? inp_CurrentPlace::Line() : 0};
+  bool const isKnown = inp_CurrentOrigin::Line() > 0;
+  return {isKnown ? inp_CurrentOrigin::File() : drv_TheCrashContext().deck,
+          isKnown ? inp_CurrentOrigin::Line() : 0};
 }
 
 /// Takes away what is drawn on the terminal, where the words are to stand.

@@ -6,7 +6,7 @@
 #include "drv_Exit.h"
 #include "drv_Output.h"
 #include "drv_Progress.h"
-#include "inp_CurrentPlace.h"
+#include "inp_CurrentOrigin.h"
 #include "inp_ParserExceptions.h"
 #include "omi_Singleton.h"
 #include "omi_Timer.h"
@@ -227,7 +227,7 @@ bool drv_Job::RunStep(char const* step, drv_stageEnm stage, void (*run)(drv_Job&
   }
   timer.Stop();
   m_times.push_back({step, timer.ElapsedSeconds()});
-  inp_CurrentPlace::Clear();
+  inp_CurrentOrigin::Clear();
   return true;
 }
 

@@ -18,14 +18,14 @@ constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
 double Tolerance() { return omi_Singleton<gsl_Util>::Instance().tolerance; }
 
-// An angle carries the rounding of its conversion from degrees, so a sine or cosine smaller than that
-// is a zero meant: without this a quarter turn would put 6e-17 of x into y.
+// Makes a sine or cosine 0 that is smaller than the rounding of its angle, which was converted from degrees:
+// otherwise a quarter turn would put 6e-17 of x into y.
 double WithoutRounding(double sineOrCosine, double radians)
 {
   return std::abs(sineOrCosine) <= 2.0 * epsilon * std::abs(radians) ? 0.0 : sineOrCosine;
 }
 
-// A direction of any length: not measured by the tolerance, which is meant for lengths in the deck.
+// The direction with length 1, however short it is: the tolerance is meant for lengths in the deck.
 gsl_Vector UnitAxis(gsl_Vector const& axis)
 {
   double const magnitude = axis.ComputeMagnitude();
@@ -104,9 +104,9 @@ void gsl_Matrix::Concatenate(gsl_Matrix const& next)
   *this = product;
 }
 
-// Of a vector the part along the axis stays and the part across it turns, so the axis keeps its place
-// without rounding. The translation, point - R * point, is made from the part across alone, so that
-// neither a point far out along the axis nor a small angle costs digits.
+// Rodrigues' formula: the part of a vector along the axis stays, the part across it turns. So points on the
+// axis stay where they are, without rounding. The translation, point - R * point, is computed from the part
+// across alone: neither a point far out along the axis nor a small angle then loses digits.
 gsl_Matrix gsl_Matrix::AxisRotation(gsl_Point const& point, gsl_Vector const& direction,
                                     double radians)
 {
@@ -143,7 +143,7 @@ bool gsl_Matrix::GetAxisRotation(gsl_Point& point, gsl_Vector& direction, double
   {
     return false;
   }
-  // Twice the axis times the sine, and twice the cosine: together good at every angle.
+  // Twice the axis times the sine, and twice the cosine: together they give every angle with all digits.
   gsl_Vector twist(m_rows[2][1] - m_rows[1][2], m_rows[0][2] - m_rows[2][0],
                    m_rows[1][0] - m_rows[0][1]);
   double const cosine = 0.5 * (m_rows[0][0] + m_rows[1][1] + m_rows[2][2] - 1.0);
@@ -187,8 +187,8 @@ void gsl_Matrix::SetColumn(int i, gsl_Vector const& column)
   m_rows[2][i] = column.Z();
 }
 
-// One step of R -> R (3 - R'R) / 2 takes a rotation that rounding has bent to the nearest true one, far
-// below rounding. What is bent by more than rounding was given so, and is not ours to mend.
+// Rounding makes the columns of a product slightly oblique. One step of R -> R (3 - R'R) / 2 brings it to the
+// nearest true rotation. A matrix that is oblique by more than rounding was given so, and stays.
 void gsl_Matrix::RemoveDrift()
 {
   gsl_Vector const columns[] = {Column(0), Column(1), Column(2)};
@@ -213,9 +213,9 @@ void gsl_Matrix::RemoveDrift()
   }
 }
 
-// Beyond a quarter turn the sine fades, and the axis is read off the symmetric part of the rotation,
-// cosine + (1 - cosine) * axis * axis'. Its sign comes from the twist, except at a half turn, which has
-// none.
+// Towards a half turn the sine vanishes, and with it the twist, sine * axis. The axis is then taken from the
+// symmetric part of the rotation, cosine + (1 - cosine) * axis * axis'. Its sign comes from the twist; at a
+// half turn both signs are right.
 gsl_Vector gsl_Matrix::AxisOfWideTurn(gsl_Vector const& twist, double cosine) const
 {
   int largest = m_rows[0][0] >= m_rows[1][1] ? 0 : 1;
@@ -231,7 +231,7 @@ gsl_Vector gsl_Matrix::AxisOfWideTurn(gsl_Vector const& twist, double cosine) co
   return axis;
 }
 
-// Written so that an entry that is no number makes no identity.
+// The comparisons are written so that they fail for an entry that is NaN.
 void gsl_Matrix::UpdateIsIdentity()
 {
   gsl_Util const& util = omi_Singleton<gsl_Util>::Instance();

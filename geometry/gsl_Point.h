@@ -3,7 +3,7 @@
 class gsl_Plane;
 class gsl_StLine;
 
-/// A place in space, in the deck's length units; the origin at construction.
+/// A point in space, in the deck's length units; the origin at construction.
 class gsl_Point
 {
 public:

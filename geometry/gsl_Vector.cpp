@@ -20,7 +20,7 @@ double gsl_Vector::ComputeMagnitude() const
 {
   if (m_magnitude == staleMagnitude)
   {
-    // The plain sum is exact where the squares are; only at the ends of the range does hypot serve.
+    // hypot is needed only where the squares overflow or vanish.
     double const square = DotProduct(*this);
     bool const isInRange = square > 1.0e-280 && square < 1.0e280;
     m_magnitude = isInRange ? std::sqrt(square) : std::hypot(m_x, m_y, m_z);
@@ -48,7 +48,7 @@ gsl_Vector gsl_Vector::CrossProduct(gsl_Vector const& other) const
 
 double gsl_Vector::AngleWith(gsl_Vector const& other, bool ofLines) const
 {
-  // The arc cosine of the dot product would lose half the digits near 0 and pi.
+  // The arc cosine of the dot product alone would lose half of the digits near 0 and pi.
   double const cosine = DotProduct(other);
   double const sine = CrossProduct(other).ComputeMagnitude();
   return std::atan2(sine, ofLines ? std::abs(cosine) : cosine);

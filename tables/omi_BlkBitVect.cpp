@@ -9,9 +9,9 @@ unsigned const smallestShift = 3;
 
 // log2 of the words per block of a vector whose highest word is `word`.
 //
-// Up to 2^16 words, two million labels, a block and the block table share the memory evenly. Beyond,
-// blocks grow more slowly: numbers of that size come as many short runs far apart, and each costs
-// a block (see the figures in the header).
+// Up to 2^16 words, two million labels, blocks grow with the square root of the words, so that a block and
+// the table of blocks are about equally long. Beyond, they grow more slowly: labels of that size come as
+// many short runs far apart, each of which costs a block (see the figures in the header).
 unsigned ShiftFor(unsigned word)
 {
   unsigned const width = static_cast<unsigned>(std::bit_width(word));

@@ -44,7 +44,7 @@ public:
     return isNew;
   }
 
-  /// Tells whether a bit is set; false outside the blocks there are. Never allocates.
+  /// Tells whether a bit is set; false where there is no block. Never allocates.
   bool GetBit(unsigned index) const
   {
     unsigned const word = index >> 5;
@@ -81,8 +81,8 @@ public:
   /// The lowest set bit at or above `from`; false when there is none.
   bool FindAtOrAbove(unsigned from, unsigned& found) const
   {
-    // A branch of its own for runs: the processor foresees it, and goes on to the next bit before the
-    // word of this one is there.
+    // Within a run the bit itself is set. The processor predicts this branch, and goes on with the next bit
+    // before the word of this one has been loaded.
     if (GetBit(from)) [[likely]]
     {
       found = from;

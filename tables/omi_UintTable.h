@@ -168,7 +168,7 @@ public:
   static void operator delete(void* memory) { VRXBasOmiDefaultAllocator::deallocate(memory); }
 
   /// log2 of the values a block. Larger blocks make a leap to a far key cheaper and scattered keys
-  /// dearer; runs do not mind. Bytes for 999999999 alone, bytes a key for every 1000th key:
+  /// dearer; runs cost the same. Bytes for 999999999 alone, bytes a key for every 1000th key:
   /// 32 cells 74864, 640; 64 cells 54960, 771; 128 cells 44048, 1216; 256 cells 28008, 2209.
   static constexpr unsigned cellsShift = 6;
 

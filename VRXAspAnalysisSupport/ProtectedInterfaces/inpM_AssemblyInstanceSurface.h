@@ -5,27 +5,27 @@
 
 #include <cstdint>
 
-/// A surface of the assembly: by instance a piece within it, and nodes of the assembly's own.
+/// A surface of the assembly: a piece in each of some instances, and nodes of the assembly itself.
 ///
 ///     *SURFACE, NAME=GRIP            WHEEL-1   S1  elements of its set RIM
 ///     WHEEL-1.RIM, S1                WHEEL-2   S1
 ///     WHEEL-2.RIM, S1
 ///
-/// Elements of the assembly's own are the piece of the instance "". A piece of which nothing is left may
-/// stay, empty. A copy shares everything and costs O(1).
+/// The assembly's own elements are the piece of an instance with the name "". A piece that has become empty
+/// may stay. A copy shares everything and costs O(1).
 class inpM_AssemblyInstanceSurface
 {
 public:
   void Add(cow_String const& instanceName, inpM_PartInstanceSurface const& piece);
   void Add(inpM_NodeAreaSurface const& nodes) { m_nodes.Add(nodes); }
-  void Add(inpM_AssemblyInstanceSurface const& other); ///< whether internal stays
+  void Add(inpM_AssemblyInstanceSurface const& other); ///< stays internal, or not
 
-  /// Leaves what is in a piece of an instance, or in another surface. With a piece, no other instance
-  /// and none of the assembly's own nodes remains.
+  /// Keeps only what is also in a piece of an instance, or in another surface. With a piece, all other
+  /// instances and the assembly's own nodes are dropped.
   void Intersection(cow_String const& instanceName, inpM_PartInstanceSurface const& piece);
   void Intersection(inpM_AssemblyInstanceSurface const& other);
 
-  /// Takes away what is in a piece of an instance, or in another surface.
+  /// Removes what is in a piece of an instance, or in another surface.
   void Difference(cow_String const& instanceName, inpM_PartInstanceSurface const& piece);
   void Difference(inpM_AssemblyInstanceSurface const& other);
 
@@ -42,15 +42,15 @@ public:
   /// A surface of nodes that lie in several instances.
   bool IsCrossInstanceNodeBasedSurface() const;
 
-  /// Not made of nodes; so is one without anything in it.
+  /// True unless the surface is made of nodes; also when it is empty.
   bool IsElementSurface() const;
   bool IsEmpty() const;
 
-  /// Facets and nodes, with all repeats; O(instances).
+  /// The number of facets and nodes, repeats included; O(instances).
   std::int64_t Count() const;
   void DropRepeats(); ///< see inpM_PartInstanceSurface
 
-  /// By the id map's child of the same name for an instance; see inpM_PartInstanceSurface::Renumber.
+  /// Each instance by the id maps' children of its name; see inpM_PartInstanceSurface::Renumber.
   void Renumber(inpM_IdMap const& nodes, inpM_IdMap const& elements, bool toUser);
 
 private:

@@ -31,9 +31,9 @@ enum inpM_SetTypeFlag
 /// Sets are held by inpM_SetHandle, whose copies share until one is written to; a clone shares the ids
 /// likewise. An empty instance name stands for the own level in every operation.
 ///
-/// Adding costs the members added (and, in a sorted set of a few, the members that they go between);
-/// taking the members as one of the containers below costs the members, but for the own ids of a set
-/// of the same kind, which are shared. Belongs to one thread at a time.
+/// Adding takes time for the members added, and in a small sorted set for those that must move. The own ids
+/// are shared with the container in which the set keeps them; to get them as one of the other containers
+/// takes time for all of them. Belongs to one thread at a time.
 class inpM_BaseSet : public mem_AllocationOperators
 {
 public:
@@ -69,8 +69,8 @@ public:
   virtual cow_Map<cow_String, inpM_OmiSet> ConstGetInstanceIds() const;
   virtual void Add(inpM_OmiSet const& ids) = 0;
 
-  /// Keeps, at every level, the ids from `first` to `last` that lie whole steps above `first`, and drops
-  /// the others: what a generated range has too much is cut off. A step below 1 counts as 1.
+  /// Keeps, at every level, the ids first, first + step and so on up to last, and drops all others. A step
+  /// below 1 counts as 1.
   virtual void TrimGeneratedSets(int first, int last, int step) = 0;
 
   virtual int DynTypeId() const = 0;
@@ -83,8 +83,8 @@ public:
   /// Tells whether an own id is in the set. Linear in an unsorted set.
   virtual bool IsMember(int id) const = 0;
 
-  /// Puts new numbers for old ones, or with `toUser` old ones for new ones. A level without a pair in
-  /// the map stays as it is; elsewhere an id without an entry is dropped.
+  /// Replaces user ids by internal ones, or with `toUser` internal ids by those of the user. A level for
+  /// which the map has no pairs stays as it is; at others, ids without an entry are dropped.
   virtual void Renumber(inpM_IdMap const& idMap, bool toUser) = 0;
 
   /// Bytes on the heap, without what the allocator adds.

@@ -5,8 +5,8 @@
 
 /// Sets by name, in ascending order of the names.
 ///
-/// A copy shares everything and costs O(1); operations cost O(log n), so a hundred thousand sets in
-/// one map are no matter. What is inserted is a clone or a share of what was given.
+/// A copy shares everything and costs O(1). Operations cost O(log n), also with a hundred thousand sets in
+/// one map. What is inserted is a clone of what was given, or shares it.
 class inpM_BaseSetMap
 {
 public:
@@ -19,7 +19,7 @@ public:
   /// The set, or null: one search in place of two.
   inpM_BaseSet const* ConstFind(cow_String const& name) const;
 
-  /// Puts a set in, in place of the one of that name. True when the name is new.
+  /// Inserts a set, or replaces the one of that name. True when the name is new.
   bool Insert(cow_String const& name, inpM_BaseSet const& set);
   bool Insert(cow_String const& name, inpM_SetHandle const& set); ///< shares
 

@@ -9,8 +9,9 @@
 ///     surface.Add("S2", others);
 ///     surface.Difference("S1", some);
 ///
-/// Elements that are added twice stand there twice, until DropRepeats. Adding costs the elements added; taking away, and
-/// what is common, cost the elements of the faces concerned. A copy shares and costs O(1).
+/// An element that is added twice is in the surface twice, until DropRepeats. Adding takes time for the
+/// elements added; Difference and Intersection take time for all elements of the faces concerned. A copy
+/// shares and costs O(1).
 class inpM_ElementFaceIdSurface : public inpM_PartInstanceSurface
 {
 public:

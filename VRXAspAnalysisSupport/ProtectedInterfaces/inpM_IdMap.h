@@ -27,8 +27,8 @@ public:
   /// Enters a pair in both directions, over what either id is mapped to.
   void Insert(int user, int internal);
 
-  /// The children. An unknown name reads as a map without pairs. What Get returns is made when there is
-  /// none, and is good until this map is copied or changed in another way.
+  /// The maps of the levels below. An unknown name reads as a map without pairs; Get makes one, and what it
+  /// returns is good until this map is copied or changed in another way.
   void Insert(cow_String const& instanceName, inpM_IdMap const& ids);
   bool IsMember(cow_String const& instanceName) const { return instances.IsMember(instanceName); }
   inpM_IdMap const& ConstGet(cow_String const& instanceName) const;
@@ -45,8 +45,8 @@ public:
   int ConstGet(int user) const;
   int ConstGetUserId(int internal) const;
 
-  /// Puts the internal id for each of `count` ids, in place. A zero stays. Raises
-  /// nex_PrimException<atr_String> at the first id without an entry; those before it are done then.
+  /// Replaces each of `count` user ids by its internal id, in place. A zero stays. Raises
+  /// nex_PrimException<atr_String> at the first id without an entry; those before it are then replaced.
   void Renumber(int* ids, int count) const;
 
   /// The same on a list, whose counterpart it returns; with `back` from internal ids to user ids.
@@ -54,20 +54,20 @@ public:
 
   int NumberIds() const; ///< pairs, with those of all children
 
-  /// The user ids' ends, with those of all children; 0 when there is no pair. O(levels).
+  /// The smallest and the largest user id, children included; 0 when there is no pair. O(levels).
   int SmallestId() const;
   int LargestId() const;
 
-  /// Notes the user ids' ends, so that the two above cost O(1) until the map is written to. To be called
-  /// when a map is finished.
+  /// Computes both once, so that they cost O(1) until the map is written to. To be called when a map is
+  /// finished.
   void ComputeRemapUserIdRange();
 
   /// Adds, at every level, the ids of the other that are not there yet.
   void Merge(inpM_IdMap const& other);
 
   /// Adds, at every level, `count` copies of every pair: copy k with both ids shifted by k * `offset`. Ids
-  /// there are already stay, and copies beyond 999999999 are left out, as are all when the offset is
-  /// below 1.
+  /// that the map has already keep their numbers. Copies beyond 999999999 are left out; with an offset below
+  /// 1 all of them are.
   void InsertDuplicateOffsetIds(int offset, int count);
 
   /// Shifts the user ids of every level; internal ones stay. An id that would leave the range of labels,
@@ -88,12 +88,12 @@ private:
     int largest;
   };
   Range UserIdRange() const;
-  void Touch() { hasRange = false; }
+  void Touch() { m_hasRange = false; }
 
   cow_Btree<cow_String, Handle> instances;
   cow_IntTableInt toNew;
   cow_IntTableInt toUser;
   bool hasIds{false};
-  bool hasRange{false};
+  bool m_hasRange{false};
   Range range{0, 0};
 };

@@ -170,7 +170,8 @@ cow_List<cow_String> inpM_InstanceMap<T>::Instances() const
   return names;
 }
 
-// Never the same map twice over: what a caller may have written into the last one is gone.
+// The map is emptied each time, as an earlier caller may have written to it. Thread-local, because the
+// counts of shared data are not atomic.
 template <class T>
 inpM_InstanceMap<T>& inpM_InstanceMap<T>::Unknown(cow_String const& instanceName)
 {

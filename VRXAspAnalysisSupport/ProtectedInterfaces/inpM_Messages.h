@@ -4,5 +4,5 @@
 
 /// The rows of inpM_Messages.def as constants: inpM_msg<id>, for atr_Say.
 #define INPM_MESSAGE(id, severity, text)                                                           \
-  inline constexpr atr_MessageRow<atr_CountPlaces(text)> inpM_msg##id{#id, severity, text};
+  inline constexpr atr_MessageRow<atr_CountPlaceholders(text)> inpM_msg##id{#id, severity, text};
 #include "inpM_Messages.def"

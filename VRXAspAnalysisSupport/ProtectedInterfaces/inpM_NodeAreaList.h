@@ -35,8 +35,8 @@ public:
   void Difference(inpM_NodeAreaList const& other);
   void Intersection(inpM_NodeAreaList const& other); ///< areas stay
 
-  /// Puts new numbers for old ones, or with `toUser` old ones for new ones. A map without a pair changes
-  /// nothing; otherwise a node without an entry is dropped.
+  /// Replaces user ids by internal ones, or with `toUser` internal ids by those of the user. A map without
+  /// pairs changes nothing; otherwise nodes without an entry are dropped.
   void Renumber(inpM_IdMap const& idMap, bool toUser);
 
 private:

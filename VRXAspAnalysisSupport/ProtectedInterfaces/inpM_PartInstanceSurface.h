@@ -44,8 +44,8 @@ public:
   /// A line for each face with its elements behind it, or for each node with its area.
   virtual void Print(aio_ostream& stream) const = 0;
 
-  /// Puts new ids for old ones, or with `toUser` old ones for new ones. A map without a pair changes
-  /// nothing; otherwise what has no entry is dropped.
+  /// Replaces user ids by internal ones, or with `toUser` internal ids by those of the user. A map without
+  /// pairs changes nothing; otherwise what has no entry is dropped.
   virtual void Renumber(inpM_IdMap const& idMap, bool toUser) = 0;
 
   /// Drops what is no user id of the map. A map without a pair changes nothing.
@@ -55,10 +55,10 @@ public:
   virtual FaceMap ConstGetFaceIdElementIdsMap() const = 0;    ///< empty for nodes
   virtual bool IsEmpty() const = 0;
 
-  /// Facets or nodes, with all repeats.
+  /// The number of facets or nodes, repeats included.
   virtual int Count() const = 0;
 
-  /// Leaves of what stands there several times, since it was added in turn, the first.
+  /// Of each facet that was added several times, keeps the first one.
   virtual void DropRepeats() = 0;
 
 protected:

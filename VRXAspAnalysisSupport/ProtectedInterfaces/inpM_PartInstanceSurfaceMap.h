@@ -21,14 +21,14 @@ public:
   inpM_PartInstanceSurface const* ConstFind(cow_String const& name) const;
   inpM_PartInstanceSurface* Find(cow_String const& name);
 
-  /// Puts a surface in, in place of the one of that name. True when the name is new.
+  /// Inserts a surface, or replaces the one of that name. True when the name is new.
   bool Insert(cow_String const& name, inpM_PartInstanceSurface const& surface);
   bool Insert(cow_String const& name, inpM_PartInstanceSurfaceHandle const& surface); ///< shares
 
   /// Adds to the surface of that name, or inserts it when there is none.
   void Add(cow_String const& name, inpM_PartInstanceSurface const& surface);
 
-  /// Puts in every surface of the other, in place of the one of its name.
+  /// Inserts every surface of the other; one of the same name is replaced.
   void Merge(inpM_PartInstanceSurfaceMap const& other);
 
   int Size() const { return m_surfaces.Size(); }

@@ -33,8 +33,8 @@ public:
   void InsertNestedSet(cow_String const& instanceName, cow_String const& name,
                        inpM_SetHandle const& set);
 
-  /// Adds to the set of that name, whose type and kind stay; inserts it when there is none. As clone,
-  /// Add and insert, but in place: a set that grows by many small ones is not copied each time.
+  /// Adds to the set of that name, whose type and kind stay; inserts it when there is none. Works in place,
+  /// so that a set which grows by many small additions is not copied each time.
   void AddToNestedSet(cow_String const& instanceName, cow_String const& name,
                       inpM_BaseSet const& set);
 
@@ -68,8 +68,8 @@ public:
   /// Drops, at every level, the sets whose names are not in the list.
   void DeleteAllSetsExceptThoseListed(cow_List<cow_String> const& names);
 
-  /// Puts new numbers for old ones, or with `toUser` old ones for new ones, by the id map's child of
-  /// the same name for an instance; see inpM_BaseSet::Renumber.
+  /// Renumbers the sets of every level, those of an instance by the id map's child of its name; see
+  /// inpM_BaseSet::Renumber.
   void Renumber(inpM_IdMap const& idMap, bool toUser);
 
   /// True when the set stands at the own level or in an instance; `instanceName` is then the first such

@@ -70,12 +70,12 @@ public:
 
   bool IsEmpty() const; ///< no surface at any level
 
-  /// Puts in every surface of the other, in place of the one of its level and name: a surface that is
-  /// defined again is another one.
+  /// Inserts every surface of the other. One of the same level and name is replaced: a surface that is
+  /// defined again is another surface.
   void Merge(inpM_SurfaceMap const& other);
 
-  /// Puts new ids for old ones, or with `toUser` old ones for new ones, by the id maps' children of
-  /// the same name for an instance; see inpM_PartInstanceSurface::Renumber.
+  /// Renumbers the surfaces of every level, those of an instance by the id maps' children of its name; see
+  /// inpM_PartInstanceSurface::Renumber.
   void Renumber(inpM_IdMap const& nodes, inpM_IdMap const& elements, bool toUser);
 
 private:

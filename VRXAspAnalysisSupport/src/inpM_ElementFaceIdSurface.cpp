@@ -10,7 +10,7 @@ namespace
 {
 using FaceIterator = cow_BtreeIterator<cow_String, cow_List<int>>;
 
-/// The elements, in their order, that are in the set, or that are not.
+/// The elements that are in the set, or that are not, in the order of the list.
 cow_List<int> Kept(cow_List<int> const& elements, inpM_OmiSet const& set, bool inSet)
 {
   cow_List<int> kept;
@@ -38,7 +38,7 @@ bool IsAscending(cow_List<int> const& elements)
   return true;
 }
 
-/// Each element once, where it stands first. A list without repeats comes back as it is, shared.
+/// The list with each element once, where it occurs first. A list without repeats is returned unchanged.
 cow_List<int> WithoutRepeats(cow_List<int> const& elements)
 {
   if (IsAscending(elements) || inpM_OmiSet(elements).Size() == elements.Length())
@@ -81,7 +81,7 @@ void inpM_ElementFaceIdSurface::Add(cow_String const& faceId, cow_List<int> cons
   m_count += count;
 }
 
-/// Puts change(face, elements) in place of the elements of each face. A face left without any goes.
+/// Replaces the elements of each face by change(face, elements). Faces that are then empty are dropped.
 template <class Change>
 void inpM_ElementFaceIdSurface::ChangeFaces(Change const& change)
 {

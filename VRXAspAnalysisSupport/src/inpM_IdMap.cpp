@@ -42,7 +42,7 @@ void AddAbsent(cow_IntTableInt& table, cow_IntTableInt const& added)
   }
 }
 
-// Where ids of a copy meet those of the original, the original keeps its numbers.
+// Ids that the table has already keep their numbers.
 void AddShifted(cow_IntTableInt& table, cow_IntTableInt const& original, int offset, int count)
 {
   for (std::int64_t copy = 1; copy <= count && copy * offset <= inpM_largestLabel; ++copy)
@@ -89,7 +89,8 @@ void inpM_IdMap::Insert(cow_String const& instanceName, inpM_IdMap const& ids)
 
 inpM_IdMap const& inpM_IdMap::ConstGet(cow_String const& instanceName) const
 {
-  static thread_local inpM_IdMap const none; // of the thread, as copies of it count
+  // Thread-local, because the counts of shared data are not atomic.
+  static thread_local inpM_IdMap const none;
   Handle const* const child = instances.ConstFind(instanceName);
   return child == nullptr ? none : **child;
 }
@@ -153,7 +154,7 @@ int inpM_IdMap::NumberIds() const
 
 inpM_IdMap::Range inpM_IdMap::UserIdRange() const
 {
-  if (hasRange)
+  if (m_hasRange)
   {
     return range;
   }
@@ -190,7 +191,7 @@ int inpM_IdMap::LargestId() const
 void inpM_IdMap::ComputeRemapUserIdRange()
 {
   range = UserIdRange();
-  hasRange = true;
+  m_hasRange = true;
 }
 
 void inpM_IdMap::Merge(inpM_IdMap const& other)

@@ -14,7 +14,7 @@ namespace
 std::size_t const alwaysFew = 32;
 std::size_t const mostFew = 16384;
 
-/// The members that a start, an end and a step stand for, the lowest first.
+/// The members of a run: first, first + step and so on up to last.
 struct Run
 {
   int first;
@@ -27,7 +27,8 @@ struct Run
   }
 };
 
-/// None when the steps lead away from the end.
+/// The run that a row's start, end and step mean, in ascending order; none when the steps lead away from the
+/// end.
 std::optional<Run> MakeRun(int start, int end, int step)
 {
   if (start == end)
@@ -57,7 +58,7 @@ omi_Set const& NoBits()
 }
 } // namespace
 
-/// What a set holds: `few`, or `many` when there is one.
+/// The members of a set: the bits of `many` when it exists, or else the array `few`.
 struct inpM_OmiSetData : mem_AllocationOperators
 {
   inpM_OmiSetData() = default;
@@ -87,15 +88,15 @@ private:
   omi_Set& Many();
 };
 
-// Turns the array into bits, if it is not done yet.
+// The set as bits; turns the array into bits at the first call.
 omi_Set& inpM_OmiSetData::Many()
 {
   if (!many)
   {
     auto bits = std::make_unique<omi_Set>();
-    for (std::size_t place = few.size(); place > 0; --place) // from the top: makes room once
+    for (std::size_t i = few.size(); i > 0; --i) // from the largest down: makes room once
     {
-      bits->Insert(few[place - 1]);
+      bits->Insert(few[i - 1]);
     }
     many = std::move(bits);
     few = std::vector<int>();
@@ -109,14 +110,14 @@ bool inpM_OmiSetData::Insert(int item)
   {
     return many->Insert(item);
   }
-  auto const place =
+  auto const at =
     few.empty() || few.back() < item ? few.end() : std::lower_bound(few.begin(), few.end(), item);
-  if (place != few.end() && *place == item)
+  if (at != few.end() && *at == item)
   {
     return false;
   }
-  few.insert(place, item);
-  // Looked at when the array doubles, so that the estimate costs nothing a member.
+  few.insert(at, item);
+  // The estimate visits all members: it is made only when the array has doubled in length.
   if (few.size() > alwaysFew && std::has_single_bit(few.size() - 1) &&
       !IsBetterFew(few.size(), few.front(), few.back()))
   {
@@ -148,14 +149,13 @@ void inpM_OmiSetData::Insert(std::vector<int> const& sorted)
 {
   if (many || few.size() + sorted.size() > mostFew)
   {
-    for (std::size_t place = sorted.size(); place > 0; --place)
+    for (std::size_t i = sorted.size(); i > 0; --i)
     {
-      Many().Insert(sorted[place - 1]);
+      Many().Insert(sorted[i - 1]);
     }
     return;
   }
-  if (64 * sorted.size() <=
-      few.size()) // a set that grows by a few at a time is not copied for each
+  if (64 * sorted.size() <= few.size()) // merging copies the array: not for a few members at a time
   {
     for (int const item : sorted)
     {
@@ -181,12 +181,12 @@ bool inpM_OmiSetData::Remove(int item)
   {
     return many->Remove(item);
   }
-  auto const place = std::lower_bound(few.begin(), few.end(), item);
-  if (place == few.end() || *place != item)
+  auto const at = std::lower_bound(few.begin(), few.end(), item);
+  if (at == few.end() || *at != item)
   {
     return false;
   }
-  few.erase(place);
+  few.erase(at);
   return true;
 }
 
@@ -202,7 +202,7 @@ inpM_OmiSet::inpM_OmiSet(cow_List<int> const& items)
   std::vector<int> sorted(items.begin(), items.end());
   bool const ascends =
     std::adjacent_find(sorted.begin(), sorted.end(), std::greater_equal<>()) == sorted.end();
-  if (!ascends) // as labels in rows nearly always do
+  if (!ascends) // rare: labels in rows nearly always ascend
   {
     std::sort(sorted.begin(), sorted.end());
     sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
@@ -310,7 +310,7 @@ bool inpM_OmiSet::IsGenerated(int& start, int& end, int& step) const
   {
     return false;
   }
-  // With a stride of 1 the ends and the size leave no room for a gap.
+  // With a stride of 1 there can be no gap: the size is that of the whole run.
   for (std::int64_t expected = first + stride; stride != 1 && !it.IsDone(); it.Next())
   {
     if (it.CurrentItem() != expected)

@@ -46,7 +46,7 @@ bool HaveSameMembers(inpM_BaseSet const& a, inpM_BaseSet const& b)
   return it.IsDone();
 }
 
-/// The sets that stay, by the hash of their members.
+/// The sets that are kept, found again by a hash of their members.
 class KeptSets
 {
 public:

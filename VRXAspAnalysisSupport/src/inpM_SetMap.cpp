@@ -13,7 +13,8 @@ using TreeIterator = cow_BtreeIterator<cow_String, inpM_BaseSetMap>;
 
 inpM_BaseSetMap const& NoSets()
 {
-  static thread_local inpM_BaseSetMap const none; // of the thread, as copies of it count
+  // Thread-local, because the counts of shared data are not atomic.
+  static thread_local inpM_BaseSetMap const none;
   return none;
 }
 
@@ -142,7 +143,7 @@ cow_List<cow_String> inpM_SetMap::Instances() const
   return names;
 }
 
-// A tree has no removal: renaming is rare, and linear in the instances.
+// The tree of instances cannot remove a name, so it is built anew: renaming is rare.
 void inpM_SetMap::ChangeInstanceName(cow_String const& from, cow_String const& to)
 {
   if (from == to || !HasInstance(from))

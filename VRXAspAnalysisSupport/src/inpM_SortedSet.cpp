@@ -19,7 +19,7 @@ void inpM_SortedSet::Add(cow_String const& instanceName, cow_List<int> const& id
   Add(instanceName, inpM_OmiSet(ids));
 }
 
-// One at a time while they are few: most sets are read a row at a time.
+// A few ids are put in one by one, since most sets are read row by row; many are merged at once.
 void inpM_SortedSet::Add(cow_List<int> const& ids)
 {
   if (ids.Length() > 32)
@@ -85,7 +85,7 @@ inpM_BaseSet::InstanceTree inpM_SortedSet::ConstGetInstanceTree() const
   return m_instances ? *m_instances : InstanceTree();
 }
 
-// Leaves out the instances that have no ids afterwards.
+// Changes the ids of every instance; instances without ids are then dropped.
 template <class Change>
 void inpM_SortedSet::ChangeInstances(Change const& change)
 {
@@ -98,7 +98,7 @@ void inpM_SortedSet::ChangeInstances(Change const& change)
   }
 }
 
-// Walks the range or the ids, whichever is shorter: the ids may be a run to the largest label.
+// Visits the numbers of the range or the ids, whichever are fewer: the ids may be a run of 999999999.
 inpM_OmiSet inpM_SortedSet::Trimmed(inpM_OmiSet const& ids, int first, int last, int step)
 {
   inpM_OmiSet kept;

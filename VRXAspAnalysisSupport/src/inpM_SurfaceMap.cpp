@@ -9,7 +9,8 @@ using InstanceIterator = cow_BtreeIterator<cow_String, inpM_PartInstanceSurfaceM
 
 inpM_PartInstanceSurfaceMap const& NoSurfaces()
 {
-  static thread_local inpM_PartInstanceSurfaceMap const none; // of the thread, as copies count
+  // Thread-local, because the counts of shared data are not atomic.
+  static thread_local inpM_PartInstanceSurfaceMap const none;
   return none;
 }
 } // namespace

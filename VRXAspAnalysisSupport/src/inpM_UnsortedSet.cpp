@@ -94,7 +94,7 @@ inpM_BaseSet::InstanceTree inpM_UnsortedSet::ConstGetInstanceTree() const
   return sets;
 }
 
-// Leaves out the instances that have no ids afterwards.
+// Changes the ids of every instance; instances without ids are then dropped.
 template <class Change>
 void inpM_UnsortedSet::ChangeInstances(Change const& change)
 {

@@ -36,15 +36,15 @@ TEST(atr, FillsPlaceholdersInOneReading)
   };
   for (auto const& [message, text] : cases)
     EXPECT_EQ(Text(message), text);
-  static_assert(atr_CountPlaces("100% %% %") == 0);
-  static_assert(atr_CountPlaces("%1$s %3$s %1$d") == 3);
-  static_assert(atr_CountPlaces("%%s%d") == 1);
+  static_assert(atr_CountPlaceholders("100% %% %") == 0);
+  static_assert(atr_CountPlaceholders("%1$s %3$s %1$d") == 3);
+  static_assert(atr_CountPlaceholders("%%s%d") == 1);
 }
 
 TEST(atr, SaysARowWithItsCodeAndTheArgumentsPlace)
 {
   static constexpr char const* format = "In %s: %s";
-  static constexpr atr_MessageRow<atr_CountPlaces(format)> row{"Outer", atr_error, format};
+  static constexpr atr_MessageRow<atr_CountPlaceholders(format)> row{"Outer", atr_error, format};
 
   atr_String inner("bad row");
   inner.SetOrigin({"Inner", "deck.inp", 7, "node"});

@@ -6,11 +6,14 @@
 
 /// What is special in how the elements of a keyword list their nodes.
 ///
-/// Layered elements may be given by their bottom nodes alone; OFFSET then tells the labels of the
-/// layers above, and the nodes stand layer behind layer:
+/// Layered elements may be given by their bottom nodes alone. The labels of the layers above then follow
+/// from OFFSET, which is added once for each layer, and the element lists its nodes layer by layer:
 ///
-///     *ELEMENT, TYPE=CAXA42, OFFSET=100        four bottom nodes, two layers
-///     1, 11, 12, 13, 14                        1: 11 12 13 14, 111 112 113 114, 211 212 213 214
+///     *ELEMENT, TYPE=CAXA42, OFFSET=100        four bottom nodes, two layers above
+///     1, 11, 12, 13, 14
+///                       211 212 213 214        second layer
+///                       111 112 113 114        first layer
+///                        11  12  13  14        bottom
 struct inp_ElementFamily
 {
   enum kindEnm

@@ -9,9 +9,13 @@
 /// A row of *ELGEN: a block of elements that repeat a master in up to three directions.
 ///
 ///     master, count, node shift, element shift [, the same of the second and of the third direction]
+///
+///     1, 3, 1, 1, 2, 10, 100                   label, and by how much its nodes are shifted:
+///                                              101 +10   102 +11   103 +12     second row
+///                                                1  0      2 +1      3 +2      the master's row
 struct inp_ElementGeneration
 {
-  /// What the generators of a walk may make: more could hardly be held, and no model comes near.
+  /// The most elements that the generators of a walk may make. No model comes near; memory would not last.
   static constexpr int c_mostElements = mem_Budget(50000000);
   static constexpr int c_directions = 3;
   static constexpr int c_fields = 1 + 3 * c_directions;
@@ -61,14 +65,14 @@ private:
 /// A row without fields, or with a blank one alone.
 bool inp_IsBlankRow(inp_DataArray const& data, int row);
 
-/// An element as its generators copy it: the midside nodes of a gasket that the deck left out have no
-/// label again, even when the original's have got theirs by now.
+/// An element as generators copy it. The midside nodes of a gasket that the deck left out have no labels in
+/// the copy, even when those of the original have been given theirs meanwhile.
 inp_Element inp_AsGiven(inp_Element const& element);
 
-/// The nodes that go with a copy of an element: all but those at the end that orient a cross section.
+/// How many nodes of an element move with its copy: all but those at the end that orient a cross section.
 int inp_MovableNodesInGeneration(inp_Element const& element, bool allNodes);
 int inp_MovableNodesInCopy(inp_Element const& element);
 
-/// Moves the first `count` nodes by `shift`; places without a node stay. False, and no change, when a
-/// label would leave the range of labels.
+/// Adds `shift` to the first `count` node labels; a 0, which is no node, stays. False, and no change, when
+/// a label would leave the range of labels.
 bool inp_ShiftNodes(inp_Element& element, int count, std::int64_t shift);

@@ -12,8 +12,8 @@ struct inp_ElementInfo
   std::int32_t minNodes;
   std::int32_t maxNodes;
 
-  /// The type of that name, whatever its case; null when there is none. O(log types), and no visitor
-  /// needs a table of its own.
+  /// The type of that name, whatever its case; null when there is none. O(log types): visitors need no
+  /// table of their own.
   static inp_ElementInfo const* elementInfo(cow_String const& type);
 
   /// All types, by the number of their nodes.

@@ -4,11 +4,11 @@
 
 #include <span>
 
-/// The order that turns a mirrored element of a type outside in again: place i of the copy takes the
-/// node at place order[i] - 1. Empty for a type that is no continuum element.
+/// The order in which a mirrored element of a type lists its nodes: node i of the copy is node order[i] - 1
+/// of the original. Empty for a type that is no continuum element.
 ///
-/// The order of a type with optional nodes has a place for each of them; an element without them uses
-/// the entries that point into its list.
+/// The order of a type with optional nodes has an entry for each of them; an element without them uses the
+/// entries that point into its list.
 std::span<int const> inp_ReflectionOrder(cow_String const& type);
 
 /// Puts the nodes of a mirrored element into that order; false, and no change, for a type without one.

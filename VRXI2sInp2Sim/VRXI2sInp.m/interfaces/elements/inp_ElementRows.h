@@ -14,10 +14,10 @@ class inp_RawDataArrayImpl;
 ///     n16 ... n20
 ///     2, ...
 ///
-/// A row that stands behind such a field is yet a new element when the nodes so far are enough and it
-/// would bring more than the type takes. Blank rows at the end count for nothing. Rows are read as they
-/// are kept, as numbers or as text, and their faults are the same in both: among numbers a 0 is a blank
-/// field, as rows in which the deck has a 0 stay text.
+/// Even behind such a field a row begins a new element, when the nodes so far are enough for the type and it
+/// would bring more than the type takes. Blank rows at the end are ignored. Rows are read in the form in
+/// which they are kept, as numbers or as text, and have the same faults in both. Among numbers a 0 is a
+/// blank field: rows in which the deck itself has a 0 are kept as text.
 ///
 ///     inp_ElementRows rows(keyword.data, family, inp_ElementRows::c_checked, c_dropBlanks);
 ///     while (rows.Next())

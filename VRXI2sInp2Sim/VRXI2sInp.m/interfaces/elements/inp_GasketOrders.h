@@ -7,7 +7,7 @@
 /// How the nodes of a solid element become those of a gasket, for *ELEMENT with SOLID ELEMENT NUMBERING.
 ///
 /// A gasket lists the corners of its bottom and their midside nodes, then those of its top. Face number
-/// s of the solid element becomes the bottom; `order` holds, for each node of the gasket, its place in
+/// s of the solid element becomes the bottom; `order` holds, for each node of the gasket, its index in
 /// the list of the solid element, from 0.
 struct inp_GasketOrder
 {

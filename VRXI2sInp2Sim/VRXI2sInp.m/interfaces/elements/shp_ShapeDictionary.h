@@ -4,9 +4,9 @@
 
 #include <span>
 
-/// A face of an element: places in its list of nodes, from 0. Corners come first, in the order that lets
-/// the normal of the face of a solid point into the element, then the midside nodes in the same
-/// order, then the node in the middle.
+/// The nodes of a face, as indices into the element's list of nodes, from 0. The corners come first, in
+/// the order that makes the normal of a solid's face point into the element; then the midside nodes in the
+/// same order; then the node in the middle of the face.
 struct shp_Face
 {
   static constexpr int c_mostNodes = 9;
@@ -77,4 +77,7 @@ class shp_ShapeDictionary
 public:
   /// The shape of a type, whatever its case; null for one without faces that are known here.
   static shp_Shape const* GetShape(cow_String const& type);
+
+private:
+  struct Shapes;
 };

@@ -27,7 +27,7 @@ struct inp_ExpansionRule
 {
   char const* handler;           ///< "VisitNode"
   char const* const* parameters; ///< full names in the order that abbreviations are tried
-  /// Runs of a parameter's name, its words and a null, ended by a null in the place of a name. A
+  /// Runs of a parameter's name, its words and a null, ended by a null instead of a name. A
   /// parameter with two runs takes the words of both.
   char const* const* values;
   inp_Requirement const* requirements; ///< in the order in which they are looked at
@@ -36,10 +36,10 @@ struct inp_ExpansionRule
 /// All rules in table order, ended by one without a handler.
 inp_ExpansionRule const* inp_ExpansionRules();
 
-/// Of a keyword's handler; null for keywords without a rule.
+/// The rule of a keyword's handler; null for keywords without a rule.
 inp_ExpansionRule const* inp_ExpansionRuleOf(inp_KeywordEnm keyword);
 
-/// By the handler's name; null when there is none of that name.
+/// The rule of a handler, by its name; null when there is no such handler.
 inp_ExpansionRule const* inp_ExpansionRuleNamed(char const* handler);
 
 /// The run behind the one that begins at `values`.

@@ -23,7 +23,7 @@ class aio_ifstream;
 /// blanked, that is, becomes an "undefined keyword". A value <name> refers to a parameter of the deck;
 /// it is no word of a table and passes there.
 ///
-/// Reports:  errors, warnings and fatal errors with their keyword's place; the walk goes on.
+/// Reports:  errors, warnings and fatal errors with their keyword's file and line; the walk goes on.
 /// Raises:   nex_PrimException for node rows that cannot be converted (see SetBulkConversion).
 class inp_KeywordExpansionVisitor : public inp_Visitor
 {
@@ -59,9 +59,9 @@ public:
   /// File names without directory, each once.
   cow_List<cow_String> const& GetMissingIncludedFiles() const { return missingIncludedFiles; }
   /// Data files and decks, one for each time that it was read.
-  cow_List<aio_FileRead> const& GetFilesRead() const { return filesRead; }
+  cow_List<aio_FileRead> const& GetFilesRead() const { return m_filesRead; }
   /// Keywords of manifests for which there was not enough memory.
-  int NumberKeywordsLost() const { return keywordsLost; }
+  int NumberKeywordsLost() const { return m_keywordsLost; }
   inpM_InstanceMap<cow_String> const& ConstGetInstancePartNames() const
   {
     return instancePartNames;
@@ -143,17 +143,19 @@ private:
   bool ReadDataLines(cow_String const& path, cow_String const& file, inp_Keyword& keyword);
   static void CleanRows(inp_Keyword& keyword);
   bool AppendDataLines(aio_ifstream& stream, cow_String const& file, inp_Keyword& keyword);
+  void SayHowReadingEnded(aio_ifstream const& stream, cow_String const& file, int lines,
+                          inp_Keyword const& keyword);
   bool ParseManifest(cow_String const& path, inp_Keyword const& keyword,
                      cow_List<inp_Keyword>& keywords);
   void TakeOver(inp_KeywordExpansionVisitor const& nested);
 
-  /// As Say, in front of the list's other messages.
-  template <int Places, class... Arguments>
-  void SayFirst(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+  /// As Say, but puts the message in front of the others in its list.
+  template <int Placeholders, class... Arguments>
+  void SayFirst(atr_MessageRow<Placeholders> const& row, inp_Keyword const& keyword,
                 Arguments const&... arguments);
-  /// An error in an assembly of parts; kept back as long as the deck looks flat.
-  template <int Places, class... Arguments>
-  void Refuse(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+  /// An error if the deck is an assembly of parts: kept back until that is known.
+  template <int Placeholders, class... Arguments>
+  void Refuse(atr_MessageRow<Placeholders> const& row, inp_Keyword const& keyword,
               Arguments const&... arguments);
   bool Meets(inp_Keyword& keyword, inp_Requirement const& requirement);
   bool MeetsFor(inp_Keyword& keyword, inp_Requirement::kindEnm kind, char const* name);
@@ -161,17 +163,17 @@ private:
   void RefuseOption(inp_Keyword const& keyword, inp_Requirement const& requirement,
                     atr_MessageRow<1> const& row);
 
-  template <class Accepts, int Places>
+  template <class Accepts, int Placeholders>
   void CheckType(inp_Keyword const& keyword, cow_String const& parameter, Accepts accepts,
-                 atr_MessageRow<Places> const& row);
-  template <int Places>
-  void CheckBeginsWithLetter(inp_Keyword const& keyword, atr_MessageRow<Places> const& row);
+                 atr_MessageRow<Placeholders> const& row);
+  template <int Placeholders>
+  void CheckBeginsWithLetter(inp_Keyword const& keyword, atr_MessageRow<Placeholders> const& row);
   void CheckBackstresses(inp_Keyword const& keyword);
   void MarkFeatureEnhanced();
   void RegisterInstance(inp_Keyword const& keyword);
-  template <int Places>
+  template <int Placeholders>
   void CheckIntegerWith(inp_Keyword const& keyword, cow_String const& parameter,
-                        atr_MessageRow<Places> const& row);
+                        atr_MessageRow<Placeholders> const& row);
 
   bool resultsFormatOdb = true;
   cow_List<atr_String> deferredErrors;
@@ -195,22 +197,22 @@ private:
   cow_List<cow_String> includedFiles;
   inpM_InstanceMap<cow_String> instancePartNames;
   cow_List<cow_String> missingIncludedFiles;
-  NameSet missingNames; ///< those of missingIncludedFiles
-  cow_List<aio_FileRead> filesRead;
-  int keywordsLost = 0;
+  NameSet m_missingNames; ///< those of missingIncludedFiles
+  cow_List<aio_FileRead> m_filesRead;
+  int m_keywordsLost = 0;
   cow_List<inp_Keyword> manifestKeywords;
 };
 
-template <int Places, class... Arguments>
-void inp_KeywordExpansionVisitor::SayFirst(atr_MessageRow<Places> const& row,
+template <int Placeholders, class... Arguments>
+void inp_KeywordExpansionVisitor::SayFirst(atr_MessageRow<Placeholders> const& row,
                                            inp_Keyword const& keyword,
                                            Arguments const&... arguments)
 {
   ListOf(row.severity).Prepend(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...)));
 }
 
-template <int Places, class... Arguments>
-void inp_KeywordExpansionVisitor::Refuse(atr_MessageRow<Places> const& row,
+template <int Placeholders, class... Arguments>
+void inp_KeywordExpansionVisitor::Refuse(atr_MessageRow<Placeholders> const& row,
                                          inp_Keyword const& keyword, Arguments const&... arguments)
 {
   cow_List<atr_String>& list = featureEnhanced ? m_errorList : deferredErrors;

@@ -14,5 +14,5 @@
 #define INP_MESSAGE_Warning atr_warning
 #define INP_MESSAGE_Fatal atr_fatal
 #define INP_MESSAGE_CONSTANT(code, severity, text)                                                 \
-  inline constexpr atr_MessageRow<atr_CountPlaces(text)> inp_msg##code{                            \
+  inline constexpr atr_MessageRow<atr_CountPlaceholders(text)> inp_msg##code{                      \
     #code, INP_MESSAGE_##severity, text};

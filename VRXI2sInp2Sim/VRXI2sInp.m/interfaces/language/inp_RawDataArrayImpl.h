@@ -25,7 +25,7 @@ public:
   inp_Types::typeEnm Type(int i, int j) const override;
   bool IsNone(int i, int j) const override;
   bool HasValue(int i, int j) const override;
-  /// What the cell begins with as a number, else 0.
+  /// The number that the cell begins with, or 0.
   int AsInt(int i, int j) const override;
   /// The same; an exponent letter "D" or "d" becomes "e" in the stored row.
   double AsDouble(int i, int j) const override;
@@ -41,8 +41,8 @@ public:
   bool HasRowContinuation(int i) const override;
   inp_RawDataArrayImpl* Copy() const override;
 
-  /// Append of a line of known length without NUL bytes, for the reader: it goes 16 bytes at a time,
-  /// so memory must be readable (whatever it holds) for 16 bytes behind the line.
+  /// Append for the reader: a line of known length, without NUL bytes. It is read 16 bytes at a time, so the
+  /// 16 bytes behind the line must be readable, whatever they hold.
   void AppendLine(char const* line, std::size_t length);
 
   void Clear();

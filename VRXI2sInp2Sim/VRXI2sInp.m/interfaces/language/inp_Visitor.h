@@ -122,25 +122,25 @@ public:
 protected:
   inp_Scope const& Scope() const { return *this; }
 
-  // Messages go to the list that their row's severity names. They begin with the keyword's place, but for
-  // those of SayAt, which are to stand without it in the text; all carry it as their origin.
-  template <int Places, class... Arguments>
-  void Say(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+  // A message goes to the list of its row's severity, with the keyword's file and line as its origin. Its text
+  // begins with these, too, except for SayAt.
+  template <int Placeholders, class... Arguments>
+  void Say(atr_MessageRow<Placeholders> const& row, inp_Keyword const& keyword,
            Arguments const&... arguments)
   {
     ListOf(row.severity).Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...)));
   }
   /// With a list of items behind the words.
-  template <class T, int Places, class... Arguments>
-  void SayItems(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+  template <class T, int Placeholders, class... Arguments>
+  void SayItems(atr_MessageRow<Placeholders> const& row, inp_Keyword const& keyword,
                 cow_List<T> const& items, Arguments const&... arguments)
   {
     ListOf(row.severity)
       .Append(inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...), items));
   }
   /// With the items on a line below; nothing when there are none.
-  template <int Places, class... Arguments>
-  void SayItemsBelow(atr_MessageRow<Places> const& row, inp_Keyword const& keyword,
+  template <int Placeholders, class... Arguments>
+  void SayItemsBelow(atr_MessageRow<Placeholders> const& row, inp_Keyword const& keyword,
                      cow_List<cow_String> const& items, Arguments const&... arguments)
   {
     if (items.Length() > 0)
@@ -151,8 +151,8 @@ protected:
     }
   }
   /// About the keyword's parameter `subject`.
-  template <int Places, class... Arguments>
-  void SayOf(cow_String const& subject, atr_MessageRow<Places> const& row,
+  template <int Placeholders, class... Arguments>
+  void SayOf(cow_String const& subject, atr_MessageRow<Placeholders> const& row,
              inp_Keyword const& keyword, Arguments const&... arguments)
   {
     atr_String message = inp_Utils::MessageInKeyword(keyword, atr_Say(row, arguments...));
@@ -161,18 +161,18 @@ protected:
     message.SetOrigin(origin);
     ListOf(row.severity).Append(message);
   }
-  template <int Places, class... Arguments>
-  void SayAt(atr_Origin const& origin, atr_MessageRow<Places> const& row,
+  template <int Placeholders, class... Arguments>
+  void SayAt(atr_Origin const& origin, atr_MessageRow<Placeholders> const& row,
              Arguments const&... arguments)
   {
     atr_String message = atr_Say(row, arguments...);
-    atr_Origin placed = origin;
-    placed.code = row.code;
-    message.SetOrigin(placed);
+    atr_Origin known = origin;
+    known.code = row.code;
+    message.SetOrigin(known);
     ListOf(row.severity).Append(message);
   }
-  template <int Places, class... Arguments>
-  void SayAt(inp_Keyword const& keyword, atr_MessageRow<Places> const& row,
+  template <int Placeholders, class... Arguments>
+  void SayAt(inp_Keyword const& keyword, atr_MessageRow<Placeholders> const& row,
              Arguments const&... arguments)
   {
     SayAt(inp_Utils::PlaceOf(keyword), row, arguments...);

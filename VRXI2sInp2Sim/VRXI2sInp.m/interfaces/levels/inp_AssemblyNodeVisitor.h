@@ -27,7 +27,7 @@ public:
                           bool itComputesGeometry);
 
   /// The position of each instance.
-  inpM_InstanceMap<gsl_Matrix> const& GetPositions() const { return instancePositions; }
+  inpM_InstanceMap<gsl_Matrix> const& GetPositions() const { return m_instancePositions; }
 
   void Visit(inp_Keyword& keyword) override;
   void VisitInstance(inp_Keyword& keyword) override;

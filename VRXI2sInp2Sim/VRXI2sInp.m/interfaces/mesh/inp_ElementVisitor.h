@@ -9,7 +9,6 @@
 #include <cstdint>
 
 class inp_ElementRows;
-struct inp_ElementGeneration;
 
 /// Turns the element keywords of a level into elements and element sets.
 ///
@@ -101,6 +100,7 @@ protected:
 
 private:
   struct Found;
+  class ElementGenerator;
   bool ReadUserType(inp_Keyword const& keyword, Definition& definition);
   bool ReadOffset(inp_Keyword const& keyword, Definition& definition);
   bool ReadSolidNumbering(inp_Keyword const& keyword, Definition& definition);
@@ -116,10 +116,6 @@ private:
                   Found& found);
   void FinishElements(inp_Keyword& keyword, Definition const& definition, Found& found);
 
-  bool GenerateElements(inp_Keyword const& keyword, inp_ElementGeneration const& generation,
-                        cow_List<int>& labels);
-  void MakeBlock(inp_Keyword const& keyword, inp_ElementGeneration const& generation,
-                 inp_Element const& pattern, cow_List<int>& labels);
   bool CheckCount(inp_Keyword const& keyword, std::int64_t count, int nodesOfElement);
   inpM_BaseSet const* CheckExistenceOfOldSet(inp_Keyword const& keyword, cow_String const& name);
   bool CopyElement(inp_Keyword const& keyword, inp_MapInt2Element& target, int label, int newLabel,

@@ -6,15 +6,17 @@
 #include "inp_MapInt2Element.h"
 #include "inp_SetVisitor.h"
 
+class inp_NumberFields;
+
 /// Turns the node keywords of one part, or of the assembly level, into nodes and node sets.
 ///
 /// Handles *NODE, *SYSTEM, *NGEN, *NFILL, *NCOPY, *NMAP and *NSET in deck order: a generator sees only
 /// what stands above it. Every other keyword is passed over.
 ///
-/// Needs:    for *NSET with ELSET the element maps and element sets of the same level; empty ones do.
+/// Needs:    for *NSET with ELSET the element maps and element sets of the same level, which may be empty.
 /// Produces: nodes by user label, in the child of the map that has the name of the scope (the part,
 ///           or else the instance; the map itself at assembly level), and node sets.
-/// Reports:  errors and warnings through inp_Visitor, each with its keyword's place. Where a fault ends
+/// Reports:  errors and warnings through inp_Visitor, each with its keyword's line. Where a fault ends
 ///           its keyword, what was generated before stays; no set is made then. Never throws for a
 ///           fault in the deck.
 ///
@@ -35,7 +37,7 @@ public:
   inp_CoordMap const& GetCoordMap() const { return coordMap; }
 
   /// Adds to the sets of *NSET with ELSET, and to those that name them, the midside nodes that elements
-  /// have got since the walk: their labels are given out when all other nodes are known.
+  /// have been given since the walk: these get their labels when all other nodes are known.
   void FinishNodeSets();
 
   void VisitNcopy(inp_Keyword& keyword) override;
@@ -58,15 +60,17 @@ protected:
   gsl_Point ReadNodeFromKeywordData(inp_Keyword const& keyword, cow_String const& instanceName,
                                     int row, int column) const;
 
-  /// The position goes where the current instance stands; the normal stays.
+  /// Moves a node to where the current instance stands. Its normal is not turned.
   inp_Coord ApplyInstanceTransform(inp_Coord const& coord) const;
-  /// The way back, for the normal too: what is read in position is stored as it was.
+  /// Moves a node from there back to where it is stored, and turns its normal back.
   inp_Coord UndoInstanceTransform(inp_Coord const& coord) const;
 
-  /// The arc from A to B about C: its radius, its angle, and three directions by which its points are
-  /// C + radius * (u cos + v sin). `w` is its axis and `e` the way from C to B. It runs counter-clockwise
-  /// about `normal`, once round when A is at B; the short way when `normal` is zero. False, with an
-  /// error, when there is no such arc; ends at unequal distances draw a warning.
+  /// The arc from A to B about C: its radius, its angle, and directions u, v such that its points are
+  /// C + radius * (u cos + v sin), with u towards A. `w` is its axis, and `e` the direction from C to B.
+  ///
+  /// The arc runs counter-clockwise about `normal`, through a whole turn when A is at B. When `normal` is
+  /// zero it takes the shorter way, about the normal of the plane ABC. False, with an error, when there is
+  /// no such arc; a warning when A and B are not equally far from C.
   bool CircleData(inp_Keyword const& keyword, gsl_Point const& a, gsl_Point const& b,
                   gsl_Point const& c, gsl_Vector const& normal, double& radius, double& angle,
                   gsl_Vector& u, gsl_Vector& v, gsl_Vector& w, gsl_Vector& e);
@@ -77,10 +81,10 @@ protected:
   static gsl_Vector MatrixVectorMultiply3x3(double const (&matrix)[3][3], gsl_Vector const& vector);
 
   inp_CoordMap coordMap;        ///< being filled
-  gsl_Matrix instanceTransform; ///< position of the current instance; identity for a part
+  gsl_Matrix instanceTransform; ///< to where the current instance stands; identity for a part
   gsl_Matrix systemTransform;   ///< of the latest *SYSTEM
-  inpM_InstanceMap<gsl_Matrix> instancePositions; ///< for the walk over instances
-  inpM_InstanceMap<cow_String> instanceParts;     ///< for the walk over instances
+  inpM_InstanceMap<gsl_Matrix> m_instancePositions; ///< for the walk over instances
+  inpM_InstanceMap<cow_String> instanceParts;       ///< for the walk over instances
   inpM_InstanceMap<inp_MapInt2Element> elements;
   inpM_SetMap elementSets;
   bool hasAssemblySets = false; ///< sets are searched in the whole model, not in the scope alone
@@ -91,8 +95,12 @@ private:
   struct Arc;
   struct FillRow;
   struct Motion;
+  class NodeCopier;
   struct Mapping;
+  class MappingReader;
   struct NodesOfElements;
+  template <class Rows>
+  class NodeReader;
 
   /// The map of the scope; null, with an error, when there is no such part or instance.
   inp_CoordMap* TargetMap(inp_Keyword const& keyword);
@@ -107,12 +115,21 @@ private:
   template <class Rows>
   void ReadNodes(inp_Keyword const& keyword, Rows const& rows);
   inp_Coord InSystem(inp_Coord coord, cow_String const& system) const;
+  void SetSystemInPlane(inp_Keyword const& keyword, gsl_Vector const& x, gsl_Vector inPlane);
+  void SetSystemAboutZ(inp_Keyword const& keyword, gsl_Vector const& x);
 
   bool GenerateRow(inp_Keyword const& keyword, int row, inp_CoordMap& map, cow_List<int>& labels);
+  bool StoreOnArc(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc, int first,
+                  int step, int count, cow_List<int>& labels);
   bool ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap const& map, Arc& arc);
+  bool ReadThirdPoint(inp_Keyword const& keyword, int row, inp_CoordMap const& map,
+                      inp_NumberFields& fields, Arc& arc);
   void CreateMissingNode(inp_Keyword const& keyword, inp_CoordMap& map, int label);
 
+  bool CheckFillParameters(inp_Keyword const& keyword);
   bool ReadFillRow(inp_Keyword const& keyword, int row, FillRow& fill);
+  bool ReadFillSets(inp_Keyword const& keyword, int row, FillRow& fill);
+  bool ReadFillIntervals(inp_Keyword const& keyword, int row, FillRow& fill);
   bool FillBetweenSets(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap& map,
                        cow_List<int>& labels);
   bool FillBetweenNodes(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap& map, int a,
@@ -120,12 +137,12 @@ private:
   bool CheckFillEnds(inp_Keyword const& keyword, FillRow const& fill, inp_CoordMap const& map,
                      int a, int b, bool (&isReported)[2]);
 
+  inpM_BaseSet const* FindSetToCopy(inp_Keyword const& keyword);
   bool ReadMotion(inp_Keyword const& keyword, inp_CoordMap const& map, Motion& motion);
   bool ReadReflection(inp_Keyword const& keyword, Motion& motion);
   bool ReadShift(inp_Keyword const& keyword, Motion& motion);
 
-  void ReadMapping(inp_Keyword const& keyword, cow_String const& type, Mapping& mapping);
-  void SetMappingAxes(inp_Keyword const& keyword, Mapping& mapping);
+  inpM_BaseSet const* FindSetToMap(inp_Keyword const& keyword);
 
   void ReadNodeSet(inp_Keyword const& keyword, cow_String const& name);
   void AddNodesOfElements(inp_Keyword const& keyword, cow_String const& name);

@@ -9,6 +9,8 @@
 #include "inp_Keyword.h"
 #include "inp_RawDataArrayImpl.h"
 
+class VRXBasUtlFilePath;
+
 /// Reads one deck file, with the files that it includes, into a flat list of keywords in file order.
 ///
 /// Rules of a line (blanks are tab, carriage return and space; those at both ends go first):
@@ -31,7 +33,7 @@ public:
   /// Levels of *INCLUDE below the top file.
   static constexpr int c_deepestInclude = 200;
 
-  /// `directoryName` is the second place where relative names of include files are looked for.
+  /// Relative names of include files are looked for in the working directory, then in `directoryName`.
   /// `includeChain` names the files that are open above this one. With a password, every line is
   /// encrypted. `keepData` off reads keyword lines alone (but keeps the data of *PARAMETER,
   /// *MANIFEST, *HEADING and *STEP). Lines outside startLine..endLine are passed over; 0 is no limit.
@@ -64,6 +66,8 @@ public:
   int KeywordsLost() const { return m_keywordsLost; }
 
 private:
+  static constexpr int c_longestItem = 255; ///< characters of a value or a data item
+
   char* Readline();
   void CheckLine();
   void Buffer(char* line);
@@ -77,29 +81,31 @@ private:
 
   void OpenFile();
   void ReportFile();
-  void ParseKeywords(bool strict);
-  void ParseOneKeyword(bool strict);
-  cow_String AppendContinuationLines(char const* line, bool strict);
-  inp_Keyword ParseKeyword(bool strict);
+  void ParseKeywords();
+  void ParseOneKeyword();
+  void TakeUpKeyword(inp_Keyword&& keyword);
+  void SaveFault();
+  cow_String AppendContinuationLines(char const* line);
+  inp_Keyword ParseKeyword();
   void ResolveName(inp_Keyword& keyword, cow_String const& written);
-  void ReadParameters(inp_Keyword& keyword, cow_String const& written, cow_String const& text,
-                      bool strict);
-  void ParseParameters(inp_Keyword& keyword, cow_String const& text, bool strict);
+  void ReadParameters(inp_Keyword& keyword, cow_String const& written, cow_String const& text);
+  void ParseParameters(inp_Keyword& keyword, cow_String const& text);
   void ParseParameter(inp_Keyword const& keyword, cow_String const& piece,
-                      cow_Map<cow_String, inp_Item>& parameters, bool strict);
-  inp_Item ParseValue(inp_Keyword const& keyword, cow_String const& name, cow_String const& value,
-                      bool strict);
+                      cow_Map<cow_String, inp_Item>& parameters);
+  inp_Item ParseValue(inp_Keyword const& keyword, cow_String const& name, cow_String const& value);
   static cow_List<cow_String> Split(cow_String const& text);
   void ReadData(inp_Keyword& keyword);
+  void DropPendingComments();
   bool RefusesLine(inp_Keyword const& keyword, char const* line, bool isText);
   void SkipToNextKeyword(bool collect);
   void NoteLostKeyword();
   void ReportLostKeywords();
   cow_List<cow_String> SkippedDataLines() const;
 
-  cow_List<inp_Keyword> IncludeFile(inp_Keyword const& includeKeyword, bool strict);
+  cow_List<inp_Keyword> IncludeFile(inp_Keyword const& includeKeyword);
   cow_String FindIncludeFile(cow_String const& name);
-  cow_List<inp_Keyword> ParseChild(inp_Parser& child, bool strict);
+  void CheckIncludeFile(VRXBasUtlFilePath const& path, cow_String const& name);
+  cow_List<inp_Keyword> ParseChild(inp_Parser& child);
   void ReadLineRange(inp_Keyword const& includeKeyword, int& startLine, int& endLine);
   void MergeFrom(inp_Parser const& child);
   void TakeUpSkippedLines(inp_Parser& child);
@@ -113,8 +119,8 @@ private:
   void saveFatalError(atr_String const& message);
   void SaveWarning(atr_String const& message, int line);
   atr_String AtLine(atr_String message, int line) const;
-  /// The message with the place of the keyword at hand, unless it has one.
-  atr_String Placed(atr_String message) const;
+  /// The message with file, line and name of the keyword at hand as its origin, where it has none yet.
+  atr_String WithOrigin(atr_String message) const;
 
   int m_lineNumber = 0;
   cow_String m_fileName;
@@ -125,6 +131,7 @@ private:
   int m_length = 0;       ///< its length
   cow_String m_password;
   bool m_hasPassword;
+  bool m_strict = false; ///< of the call to Parse
   bool m_throwOnDecryptFailure;
   bool m_keepData;
   double m_decryptSeconds = 0.0;

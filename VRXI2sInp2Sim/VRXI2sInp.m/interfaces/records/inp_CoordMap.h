@@ -34,8 +34,8 @@ class inp_CoordMap
 public:
   inp_CoordMap();
 
-  /// Stores a node under its label, or over the one there. The record is taken as one of the stored
-  /// ones: the position of the map applies to it when it is read. True when the label is new.
+  /// Stores a node under its label, or over the one there. It is stored as it is; the position of the map is
+  /// applied when it is read. True when the label is new.
   bool Insert(int label, inp_Coord const& coord);
   /// Adds a child, or replaces the one of that name.
   void Insert(cow_String const& instanceName, inp_CoordMap const& coords);
@@ -44,8 +44,8 @@ public:
   inp_Coord ConstGet(int label) const;
   inp_Coord ConstGet(int label, inp_Coord const& fallback) const;
 
-  /// All own nodes in position, by label. A share of the nodes where there is neither position nor
-  /// numbering; otherwise built anew: who walks them calls this once.
+  /// All own nodes in position, by label. Shares the nodes where the map has neither a position nor a
+  /// numbering; otherwise a new map is built: call this once ahead of a loop.
   inp_MapInt2Coord ConstGet() const;
 
   /// A child that is known to be present: raises VRXBasAssertException otherwise. The one for writing is

@@ -49,7 +49,7 @@ public:
   void setFile(cow_String const& file);
   bool isSubstructure() const { return m_file != nullptr; }
 
-  /// The node labels, for reading and writing; 0 is an empty place. Null when there are none.
+  /// The node labels, for reading and writing; 0 is a node that is not given. Null when there are none.
   int* topology() { return m_topology; }
   int const* topology() const { return m_topology; }
   int numNodesPerElement() const { return m_numNodesPerElement; }
@@ -58,7 +58,7 @@ public:
   int nodeOffset() const { return m_nodeOffset; }
   int solidElementNumbering() const { return m_solidElementNumbering; }
 
-  /// Bytes on the heap of an element that is there itself, with what the allocator rounds up.
+  /// Bytes that this element takes when it is on the heap itself, with what the allocator rounds up.
   std::size_t Bytes() const;
 
 private:

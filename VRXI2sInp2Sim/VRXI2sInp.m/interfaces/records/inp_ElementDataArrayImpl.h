@@ -15,8 +15,8 @@ class inp_MapInt2Element;
 ///     10, n1 ... n15, 0       a row holds 16 numbers; a last cell of 0 says that the element
 ///     n16 ... n20             goes on in the next row
 ///
-/// A cell of 0 is a blank one. Takes 4 bytes a cell and 12 a row, in blocks of a slab's size. There are no reals and no texts:
-/// asking for them raises nex_PrimException.
+/// A cell of 0 is a blank one. Takes 4 bytes a cell and 12 a row, in blocks of a slab's size. There are no
+/// reals and no texts: asking for them raises nex_PrimException.
 class inp_ElementDataArrayImpl : public inp_DataArrayImpl
 {
 public:
@@ -24,7 +24,7 @@ public:
   static constexpr int c_nodesInRow = 16;
 
   inp_ElementDataArrayImpl() = default;
-  /// The rows of a raw array; what a cell begins with as a number, 0 when it begins with none.
+  /// Reads the rows of a raw array. A cell becomes the number that it begins with, or 0.
   explicit inp_ElementDataArrayImpl(inp_DataArray const& raw);
   /// Element label to node labels, in map order.
   explicit inp_ElementDataArrayImpl(cow_Map<int, cow_List<int>> const& elements);
@@ -49,7 +49,7 @@ public:
   bool HasRowContinuation(int i) const override;
   inp_ElementDataArrayImpl* Copy() const override;
 
-  /// The numbers tell all that the raw rows did: no cell had another text, or a 0 that now looks blank.
+  /// True when nothing was lost by the reading: every raw cell was a number other than 0, or blank.
   bool IsExact() const { return m_isExact; }
 
   /// The cells of a row, Cols(i) of them, for readers of many rows.
@@ -70,8 +70,7 @@ private:
   int nrows = 0;
   mem_SlabArray<int> ncols;
   mem_SlabArray<int*> rows;
-  std::vector<int*>
-    m_blocks; ///< the cells of all rows, one behind the other; those of a row in one
+  std::vector<int*> m_blocks; ///< the cells of all rows, row behind row; a row lies in one block
   std::size_t m_expected = 0; ///< cells of the rows to come
   int* m_next = nullptr;
   int* m_end = nullptr;

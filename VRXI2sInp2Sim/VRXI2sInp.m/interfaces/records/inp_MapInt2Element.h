@@ -111,7 +111,8 @@ public:
 template <>
 inpM_IdMap inpM_InstanceMap<inp_MapInt2Element>::Renumber(int first, bool keepIds);
 
-/// An element without an entry in `assigned` gets `next`, which stays: the table is to cover all labels.
+/// An element without an entry in `assigned` gets `next`, which does not advance: the table must have all
+/// labels.
 template <>
 inpM_IdMap inpM_InstanceMap<inp_MapInt2Element>::Renumber(int& next, bool keepIds,
                                                           omi_IntTable<int> const& assigned);

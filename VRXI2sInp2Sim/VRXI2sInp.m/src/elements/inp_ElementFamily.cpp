@@ -31,12 +31,14 @@ void SetLayers(inp_ElementFamily& family, int bottomNodes, int layers)
   family.layers = layers;
 }
 
+/// A cohesive element has a top face above the bottom; one with pressure nodes a layer of these between.
 void SetCohesiveLayers(inp_ElementFamily& family, std::string_view type)
 {
   bool const hasPressureLayer = type.size() == 7 && type[6] == 'P';
   SetLayers(family, family.minNodes / (hasPressureLayer ? 3 : 2), hasPressureLayer ? 2 : 1);
 }
 
+/// A gasket has as many nodes on top as below, unless SOLID ELEMENT NUMBERING gives it those of a solid.
 void SetGasket(inp_ElementFamily& family, std::string_view type, bool hasOffset,
                bool hasSolidNumbering)
 {

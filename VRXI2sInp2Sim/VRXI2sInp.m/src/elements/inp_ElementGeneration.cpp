@@ -59,7 +59,7 @@ int inp_ElementGeneration::Read(inp_DataArray const& data, int row)
   return 0;
 }
 
-// Fields have nine digits, so that each product is below 10^18 and their sums fit.
+// Fields have at most nine digits, so each product is below 10^18 and the sum of three fits into 64 bits.
 inp_ElementGeneration::Range
 inp_ElementGeneration::Reach(std::int64_t const (&shifts)[c_directions], std::int64_t start) const
 {
@@ -99,12 +99,12 @@ inp_Element inp_AsGiven(inp_Element const& element)
   {
     return copy;
   }
-  // The nodes of a solid element say nothing of those of the gasket, and give it none in its middle.
+  // With SOLID ELEMENT NUMBERING the row gives the nodes of a solid element: none for the gasket's middle.
   int const given = element.solidElementNumbering() > 0 ? 0 : element.numNodesDefined();
   int const nodes = element.numNodesPerElement();
-  for (int place = std::max(given, c_nodesOfGasketFaces); place < nodes; ++place)
+  for (int node = std::max(given, c_nodesOfGasketFaces); node < nodes; ++node)
   {
-    copy.topology()[place] = 0;
+    copy.topology()[node] = 0;
   }
   return copy;
 }

@@ -24,7 +24,7 @@ constexpr std::size_t c_longestName = []
 
 bool IsBefore(inp_ElementInfo const* type, std::string_view name) { return type->name < name; }
 
-/// The rows in order of their names.
+/// The rows of the table, sorted by name.
 auto const& Sorted()
 {
   static auto const sorted = []

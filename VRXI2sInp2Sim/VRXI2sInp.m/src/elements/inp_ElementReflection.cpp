@@ -8,9 +8,9 @@
 namespace
 {
 
-// A mirror image is described by the same list of nodes with its inside out. Each order here exchanges
-// two corners of the base, or two pairs, which turns the list back, and lets the nodes on edges and
-// faces follow their corners:
+// The list of nodes of a mirrored element runs the wrong way round: its volume would be negative. Each order
+// here exchanges two corners of the base, or two pairs of them, which turns the list round again. The nodes
+// on edges and faces follow their corners:
 //
 //     3-------2        the mirrored      1-------2        an edge 23 of the image
 //     |       |        quad, by the      |       |        is edge 43 of the original,
@@ -87,12 +87,12 @@ bool inp_ReflectNodes(cow_String const& type, std::span<int> nodes)
   std::array<int, c_mostNodes> before{};
   std::size_t const count = std::min(nodes.size(), order.size());
   std::copy_n(nodes.begin(), count, before.begin());
-  std::size_t place = 0;
+  std::size_t next = 0;
   for (int const from : order)
   {
     if (from <= static_cast<int>(count))
     {
-      nodes[place++] = before[static_cast<std::size_t>(from) - 1];
+      nodes[next++] = before[static_cast<std::size_t>(from) - 1];
     }
   }
   return true;

@@ -10,7 +10,7 @@
 namespace
 {
 
-// What a cell of text is when it is no number: values beyond those of labels.
+// What stands for a cell that is no number: values that no label has.
 constexpr int c_blankCell = INT_MIN + 1;
 constexpr int c_badCell = INT_MIN;
 constexpr int c_longestLabel = 9;
@@ -155,7 +155,8 @@ void inp_ElementRows::ReadLabel(Row const& row)
   m_label = m_labelState == c_good ? cell : 0;
 }
 
-// A connector of which a node is left out behind a comma has 0 there: what follows is another one.
+// A row that ends in a comma goes on in the next one. For a connector the comma may also mean that
+// its second node is left out, as in "7, 3,": that node is 0, and the next row is another element.
 void inp_ElementRows::ReadContinuation(bool goesOn)
 {
   if (LacksConnectorNode())
@@ -211,17 +212,17 @@ void inp_ElementRows::AddNodes(Row const& row, int from, int rowNumber)
   }
 }
 
-/// A field that is no label, or stands beyond what the type takes.
+/// Takes in a field that is no label, or that is more than the type takes.
 void inp_ElementRows::AddNode(int cell, int row, int column)
 {
   bool const isConnector = m_family.kind == inp_ElementFamily::c_connector;
   bool const isBlank = IsBlankCell(cell);
-  int const place = static_cast<int>(m_nodes.size());
-  if (place >= m_family.maxNodes)
+  int const index = static_cast<int>(m_nodes.size());
+  if (index >= m_family.maxNodes)
   {
     m_surplus += isBlank || cell == 0 ? 0 : 1;
   }
-  else if (isBlank && m_family.kind == inp_ElementFamily::c_midface && place >= m_family.minNodes)
+  else if (isBlank && m_family.kind == inp_ElementFamily::c_midface && index >= m_family.minNodes)
   {
     if (m_marksBlanks)
     {

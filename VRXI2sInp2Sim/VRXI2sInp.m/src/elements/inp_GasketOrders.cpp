@@ -7,12 +7,19 @@
 namespace
 {
 
-// The rows of bricks: face s, begun at the corner that lets the thickness of the gasket point into the
-// solid element, then the opposite face corner by corner above it. Midside nodes follow their edges;
-// those of the four edges between both faces are left out.
+// The rows of bricks: first face s, beginning at the corner that makes the thickness of the gasket point into
+// the solid element, then the opposite face, each corner above the one that it lies over. Midside nodes
+// follow the corners of their face; those of the four edges between the faces are left out.
+//
+//         7-------6        s = 1, the bottom, is row 0 1 2 3 below 4 5 6 7
+//        /|      /|        s = 2, the top, is row 7 6 5 4 below 3 2 1 0: seen from the other side
+//       4-------5 |        s = 3, the front, is row 0 4 5 1 below 3 7 6 2
+//       | 3-----|-2
+//       |/      |/
+//       0-------1
 //
 // The other solid elements follow from the same rule.
-//   brick of 8     the corners of these rows: places 0 to 3 and 8 to 11
+//   brick of 8     the corners of these rows: entries 0 to 3 and 8 to 11
 //   wedge          only the triangles lie opposite each other, so there are two rows. Face 1 is 0 1 2
 //                  below 3 4 5. Face 2 is taken backwards from its last corner, as face 2 of a brick is:
 //                  5 4 3 below 2 1 0. Midside nodes of 01 12 20 are 6 7 8, of 34 45 53 are 9 10 11.

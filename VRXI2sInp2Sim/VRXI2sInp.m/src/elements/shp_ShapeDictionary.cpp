@@ -61,7 +61,7 @@ constexpr shp_Face c_sides9[] = {
 
 enum classEnm { c_solid, c_interfaceSolid, c_plane, c_interfacePlane, c_shell, c_line };
 
-// The families that have faces, by what stands in front of the number of nodes.
+// The families whose elements have faces; the stem is what stands in front of the number of nodes.
 struct Family
 {
   std::string_view stem;
@@ -98,9 +98,36 @@ int NumberBehind(std::string_view type, std::string_view stem)
   return number;
 }
 
+/// The family of a type, and the number of nodes in its name. False for a type without faces.
+bool FindFamily(std::string_view type, Family& family, int& number)
+{
+  for (Family const& candidate : c_families)
+  {
+    family = candidate;
+    number = NumberBehind(type, family.stem);
+    if (number != 0)
+    {
+      return true;
+    }
+  }
+  return false;
+}
+
+shp_Shape const* WithNodes(std::span<shp_Shape const> shapes, int nodes)
+{
+  for (shp_Shape const& shape : shapes)
+  {
+    if (shape.NumNodes() == nodes)
+    {
+      return &shape;
+    }
+  }
+  return nullptr;
+}
+
 } // namespace
 
-shp_Shape const* shp_ShapeDictionary::GetShape(cow_String const& type)
+struct shp_ShapeDictionary::Shapes
 {
   static constexpr shp_Shape solids[] = {
     {shp_tet4, 4, true, false, c_tet4},        {shp_pyramid5, 5, true, false, c_pyramid5},
@@ -119,48 +146,38 @@ shp_Shape const* shp_ShapeDictionary::GetShape(cow_String const& type)
     {shp_line, 2, false, true, c_sides2},  {shp_triangle3, 3, false, true, c_sides3},
     {shp_quad4, 4, false, true, c_sides4}, {shp_triangle6, 6, false, true, c_sides6},
     {shp_quad8, 8, false, true, c_sides8}, {shp_quad8, 9, false, true, c_sides9}};
+};
+
+/// The number in a name decides where it is the number of nodes that a row lists: that of COH3D8P, which
+/// lists more, decides nothing. Shells and lines go by the fewest nodes of a row instead.
+shp_Shape const* shp_ShapeDictionary::GetShape(cow_String const& type)
+{
   inp_ElementInfo const* const info = inp_ElementInfo::elementInfo(type);
-  if (info == nullptr)
+  Family family{};
+  int number = 0;
+  if (info == nullptr || !FindFamily(info->name, family, number))
   {
     return nullptr;
   }
   std::string_view const name = info->name;
-  auto const withNodes = [](auto const& shapes, int nodes) -> shp_Shape const*
+  bool const isPlainList = number == info->minNodes || number == info->maxNodes;
+  int const nodes = isPlainList ? number : 0;
+  switch (family.kind)
   {
-    for (shp_Shape const& shape : shapes)
-    {
-      if (shape.NumNodes() == nodes)
-      {
-        return &shape;
-      }
-    }
-    return nullptr;
-  };
-  for (Family const& family : c_families)
+  case c_solid:
+    return name.starts_with("C3D15V") ? &Shapes::wedge18 : WithNodes(Shapes::solids, nodes);
+  case c_plane:
+    return WithNodes(Shapes::planes, nodes);
+  case c_interfaceSolid:
+  case c_interfacePlane:
   {
-    int const number = NumberBehind(name, family.stem);
-    if (number == 0)
-    {
-      continue;
-    }
-    bool const isPlainList = number == info->minNodes || number == info->maxNodes;
-    switch (family.kind)
-    {
-    case c_solid:
-      return name.starts_with("C3D15V") ? &wedge18 : withNodes(solids, isPlainList ? number : 0);
-    case c_plane:
-      return withNodes(planes, isPlainList ? number : 0);
-    case c_interfaceSolid:
-    case c_interfacePlane:
-    {
-      bool const isLinear = isPlainList && name.find('L', family.stem.size()) == name.npos &&
-                            (family.kind == c_interfacePlane) == (number == 4);
-      return withNodes(interfaces, isLinear ? number : 0);
-    }
-    case c_shell:
-    case c_line:
-      return withNodes(shells, info->minNodes);
-    }
+    bool const isLinear = name.find('L', family.stem.size()) == name.npos &&
+                          (family.kind == c_interfacePlane) == (number == 4);
+    return WithNodes(Shapes::interfaces, isLinear ? nodes : 0);
+  }
+  case c_shell:
+  case c_line:
+    return WithNodes(Shapes::shells, info->minNodes);
   }
   return nullptr;
 }

@@ -18,10 +18,11 @@ bool HasNoValue(inp_Types::typeEnm type)
 
 } // namespace
 
-/// `accepts` is asked for the item's type.
-template <class Accepts, int Places>
+/// Reports the value of a parameter unless accepts(its type) is true.
+template <class Accepts, int Placeholders>
 void inp_KeywordExpansionVisitor::CheckType(inp_Keyword const& keyword, cow_String const& parameter,
-                                            Accepts accepts, atr_MessageRow<Places> const& row)
+                                            Accepts accepts,
+                                            atr_MessageRow<Placeholders> const& row)
 {
   inp_Item const* const item = keyword.parameters.ConstFind(parameter);
   if (item != nullptr && !accepts(item->Type()))

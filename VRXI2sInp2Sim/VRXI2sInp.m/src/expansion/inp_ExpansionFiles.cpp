@@ -38,11 +38,23 @@ bool HasTooLongItem(inp_RawDataArrayImpl const& rows, int row)
   return false;
 }
 
-/// Makes of a cell, in place, what AsString gives: upper case and no blanks outside of quotes. It
-/// keeps its length, with blanks behind. Gives the NUL that ends it.
+/// False when an item is too long, and then the line is no row.
+bool AppendLine(inp_RawDataArrayImpl& rows, char const* line, int length)
+{
+  rows.AppendLine(line, static_cast<std::size_t>(length));
+  bool const isTooLong = length > c_longestItem && HasTooLongItem(rows, rows.Rows() - 1);
+  if (isTooLong)
+  {
+    rows.RemoveLastRow();
+  }
+  return !isTooLong;
+}
+
+/// Turns a cell, in place, into the text that AsString gives: in upper case and without blanks, except
+/// between quotes. Blanks fill the cell up to its old length. Returns the NUL that ends it.
 char* CleanCell(char* from)
 {
-  // Most cells are clean, but for blanks in front, which do no harm.
+  // Most cells are clean already. Leading blanks may stay: all readers of a cell skip them.
   while (*from == ' ')
   {
     ++from;
@@ -70,6 +82,11 @@ char* CleanCell(char* from)
   std::fill(to, from, ' ');
   return from;
 }
+
+bool IsComment(char const* line) { return line[0] == '*' && line[1] == '*'; }
+
+/// A line of a keyword; an asterisk alone is data.
+bool IsOption(char const* line) { return line[0] == '*' && line[1] != '\0' && line[1] != '*'; }
 
 } // namespace
 
@@ -105,7 +122,8 @@ void inp_KeywordExpansionVisitor::ReadInputParameter(cow_String const& file, inp
   }
 }
 
-/// Looks in the directory given, then in the include path.
+/// The absolute path of a file, looked for in the directory given and then in the include path. Empty,
+/// with a message, when it cannot be read.
 cow_String inp_KeywordExpansionVisitor::FindFile(cow_String const& directory,
                                                  cow_String const& file, inp_Keyword const& keyword)
 {
@@ -136,12 +154,12 @@ cow_String inp_KeywordExpansionVisitor::FindFile(cow_String const& directory,
   return path.AbsolutePathName();
 }
 
-/// Each name once.
+/// Keeps each name once.
 void inp_KeywordExpansionVisitor::NoteMissing(cow_List<cow_String> const& names)
 {
   for (cow_String const& name : names)
   {
-    if (missingNames.insert(name).second)
+    if (m_missingNames.insert(name).second)
     {
       missingIncludedFiles.Append(name);
     }
@@ -159,31 +177,32 @@ bool inp_KeywordExpansionVisitor::ReadDataLines(cow_String const& path, cow_Stri
     Say(inp_msgInputFileNotReadable, keyword, file);
   }
   bool const isRead = isOpened && AppendDataLines(stream, file, keyword);
-  filesRead.Append(stream.Outcome(path));
+  m_filesRead.Append(stream.Outcome(path));
   return isRead;
 }
 
+/// Appends the lines of a data file to the keyword's rows. False when the file holds a keyword.
 bool inp_KeywordExpansionVisitor::AppendDataLines(aio_ifstream& stream, cow_String const& file,
                                                   inp_Keyword& keyword)
 {
-  inp_RawDataArrayImpl* const rows = dynamic_cast<inp_RawDataArrayImpl*>(&keyword.data.Impl());
+  auto* const rows = dynamic_cast<inp_RawDataArrayImpl*>(&keyword.data.Impl());
   int lineNumber = 0;
   bool lastIsEmpty = false;
   while (stream.ReadLine(c_longestLine))
   {
     ++lineNumber;
     lastIsEmpty = false;
-    char* const line = stream.Line();
+    char const* const line = stream.Line();
     if (stream.CutBytes() > 0)
     {
       Say(inp_msgDataFileLineTruncated, keyword, lineNumber, file);
     }
-    if (line[0] == '*' && line[1] != '\0')
+    if (IsComment(line))
     {
-      if (line[1] == '*')
-      {
-        continue;
-      }
+      continue;
+    }
+    if (IsOption(line))
+    {
       Say(inp_msgDataFileHoldsKeyword, keyword, file, cow_String(keyword.Name()).ToUpper());
       return false;
     }
@@ -192,23 +211,14 @@ bool inp_KeywordExpansionVisitor::AppendDataLines(aio_ifstream& stream, cow_Stri
       keyword.data.Append(line);
       continue;
     }
-    rows->AppendLine(line, static_cast<std::size_t>(stream.LineLength()));
-    if (stream.LineLength() > c_longestItem && HasTooLongItem(*rows, rows->Rows() - 1))
+    if (!AppendLine(*rows, line, stream.LineLength()))
     {
       Say(inp_msgDataFileItemTooLong, keyword, lineNumber, file);
-      rows->RemoveLastRow();
     }
     lastIsEmpty = stream.LineLength() == 0;
   }
-  if (stream.Failed())
-  {
-    Say(inp_msgDataFileReadFailed, keyword, file, lineNumber);
-  }
-  if (stream.HasChanged())
-  {
-    Say(inp_msgDataFileChanged, keyword, file);
-  }
-  // An empty line that ends the file is its end and no row.
+  SayHowReadingEnded(stream, file, lineNumber, keyword);
+  // A line feed at the very end of a file begins no row.
   if (lastIsEmpty && rows != nullptr)
   {
     rows->RemoveLastRow();
@@ -216,8 +226,22 @@ bool inp_KeywordExpansionVisitor::AppendDataLines(aio_ifstream& stream, cow_Stri
   return true;
 }
 
-/// Takes away the blank rows that end the data, and cleans the others' cells. Nodes and elements are
-/// numbers, which are clean as read.
+void inp_KeywordExpansionVisitor::SayHowReadingEnded(aio_ifstream const& stream,
+                                                     cow_String const& file, int lines,
+                                                     inp_Keyword const& keyword)
+{
+  if (stream.Failed())
+  {
+    Say(inp_msgDataFileReadFailed, keyword, file, lines);
+  }
+  if (stream.HasChanged())
+  {
+    Say(inp_msgDataFileChanged, keyword, file);
+  }
+}
+
+/// Removes blank rows from the end of the data and cleans the cells of the others. Rows of *NODE and
+/// *ELEMENT hold numbers, which need no cleaning.
 void inp_KeywordExpansionVisitor::CleanRows(inp_Keyword& keyword)
 {
   inp_RawDataArrayImpl* const rows = dynamic_cast<inp_RawDataArrayImpl*>(&keyword.data.Impl());
@@ -302,7 +326,7 @@ void inp_KeywordExpansionVisitor::ReadManifestFile(cow_String const& file, inp_K
   manifestKeywords.Concatenate(keywords);
 }
 
-/// False when the deck cannot be read, which is then reported.
+/// False, with a fatal error, when the deck cannot be opened.
 bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyword const& keyword,
                                                 cow_List<inp_Keyword>& keywords)
 {
@@ -315,7 +339,7 @@ bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyw
   catch (nex_AtrException const& fault)
   {
     m_fatalErrorList.Append(inp_Utils::MessageInKeyword(keyword, fault.UserReport()));
-    filesRead.Concatenate(parser.FilesRead());
+    m_filesRead.Concatenate(parser.FilesRead());
     return false;
   }
   includedFiles.Concatenate(parser.GetIncludedFiles());
@@ -323,16 +347,16 @@ bool inp_KeywordExpansionVisitor::ParseManifest(cow_String const& path, inp_Keyw
   m_warningList.Concatenate(parser.GetWarnings());
   m_errorList.Concatenate(parser.GetErrors());
   m_fatalErrorList.Concatenate(parser.GetFatalErrors());
-  filesRead.Concatenate(parser.FilesRead());
-  keywordsLost += parser.KeywordsLost();
+  m_filesRead.Concatenate(parser.FilesRead());
+  m_keywordsLost += parser.KeywordsLost();
   return true;
 }
 
-/// What the walk over a manifest's deck has collected.
+/// Takes over what the walk over a manifest's deck has collected.
 void inp_KeywordExpansionVisitor::TakeOver(inp_KeywordExpansionVisitor const& nested)
 {
   includedFiles.Concatenate(nested.includedFiles);
-  filesRead.Concatenate(nested.filesRead);
+  m_filesRead.Concatenate(nested.m_filesRead);
   NoteMissing(nested.missingIncludedFiles);
   m_warningList.Concatenate(nested.m_warningList);
   m_errorList.Concatenate(nested.m_errorList);

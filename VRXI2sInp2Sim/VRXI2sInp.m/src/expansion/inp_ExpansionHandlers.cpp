@@ -1,4 +1,5 @@
-// Handlers that do more than their keyword's row says, but for files and structure.
+// Handlers that do more than their keyword's row says. Those of files and of parts, instances and steps have
+// sources of their own.
 
 #include "inp_ElementDataArrayImpl.h"
 #include "inp_ExpansionMessages.h"
@@ -76,7 +77,7 @@ void inp_KeywordExpansionVisitor::VisitTimePoints(inp_Keyword& keyword)
 
 // ---- mesh rows ----
 
-/// The rows become numbers. A fault in them is raised with the keyword's place.
+/// Turns the rows into numbers. A fault in them is raised with the keyword's file and line.
 void inp_KeywordExpansionVisitor::VisitNode(inp_Keyword& keyword)
 {
   Expand(keyword);
@@ -113,7 +114,7 @@ void inp_KeywordExpansionVisitor::VisitElement(inp_Keyword& keyword)
   }
   if (m_partName.Length() > 0 || m_instanceName.Length() > 0)
   {
-    // Rows of which the numbers would hide a fault stay text, for the reader of elements to report it.
+    // Rows with a fault that numbers would hide stay text, so that the reader of elements can report it.
     auto rows = std::make_unique<inp_ElementDataArrayImpl>(keyword.data);
     if (rows->IsExact())
     {
@@ -198,9 +199,9 @@ void inp_KeywordExpansionVisitor::VisitPlastic(inp_Keyword& keyword)
 }
 
 /// A name that is a text begins with a letter, or stands in quotes.
-template <int Places>
+template <int Placeholders>
 void inp_KeywordExpansionVisitor::CheckBeginsWithLetter(inp_Keyword const& keyword,
-                                                        atr_MessageRow<Places> const& row)
+                                                        atr_MessageRow<Placeholders> const& row)
 {
   inp_Item const* const item = keyword.parameters.ConstFind("name");
   if (item == nullptr || item->Type() != inp_Types::inp_STRING || IsReference(item->AsString()))
@@ -246,7 +247,8 @@ void inp_KeywordExpansionVisitor::VisitSurface(inp_Keyword& keyword)
   }
 }
 
-/// The table holds "all " so that ALL, which is short of ALL EXTERIOR, lands on an entry of its own.
+/// The table holds "all ", with a blank, so that the abbreviation ALL of ALL EXTERIOR has an entry of its own
+/// and can be told from the whole name.
 void inp_KeywordExpansionVisitor::VisitContactInclusions(inp_Keyword& keyword)
 {
   Expand(keyword);

@@ -11,7 +11,7 @@
 namespace
 {
 
-/// A parameter whose absence has words of its own.
+/// A parameter, and what is said where it is missing.
 struct Demanded
 {
   std::string_view parameter;
@@ -39,7 +39,7 @@ constexpr bool HaveWords(std::initializer_list<std::string_view> parameters)
                      { return FindDemanded(parameter) != std::end(c_demanded); });
 }
 
-// Whatever a rule demands stands above.
+// Does not compile unless every parameter that a rule demands is in the table above.
 // clang-format off
 #define DEMANDS(...) && HaveWords({__VA_ARGS__})
 #define INP_RULE(stem, parameters, ...) __VA_ARGS__
@@ -96,7 +96,7 @@ bool inp_KeywordExpansionVisitor::Meets(inp_Keyword& keyword, inp_Requirement co
   return meets;
 }
 
-/// One parameter of a requirement.
+/// Checks one parameter of a requirement.
 bool inp_KeywordExpansionVisitor::MeetsFor(inp_Keyword& keyword, inp_Requirement::kindEnm kind,
                                            char const* name)
 {

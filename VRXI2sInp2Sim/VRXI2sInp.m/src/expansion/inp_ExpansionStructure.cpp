@@ -18,7 +18,8 @@ inp_Item const* FindText(inp_Keyword const& keyword, cow_String const& parameter
 
 } // namespace
 
-/// From here on the deck is known to be an assembly of parts; what was kept back comes out.
+/// The deck is known to be an assembly of parts from now on, and errors of such decks that were kept back
+/// come out.
 void inp_KeywordExpansionVisitor::MarkFeatureEnhanced()
 {
   featureEnhanced = true;
@@ -82,7 +83,7 @@ void inp_KeywordExpansionVisitor::VisitInstance(inp_Keyword& keyword)
   }
 }
 
-/// The pair of instance and part is kept even when it is at fault, for the passes that follow.
+/// Notes the instance and its part, for the passes that follow even when one of them is at fault.
 void inp_KeywordExpansionVisitor::RegisterInstance(inp_Keyword const& keyword)
 {
   cow_String const name = FindText(keyword, "name")->AsString();
@@ -154,10 +155,10 @@ void inp_KeywordExpansionVisitor::VisitStep(inp_Keyword& keyword)
   numberSteps = static_cast<int>(std::min<long long>(count, std::numeric_limits<int>::max()));
 }
 
-template <int Places>
+template <int Placeholders>
 void inp_KeywordExpansionVisitor::CheckIntegerWith(inp_Keyword const& keyword,
                                                    cow_String const& parameter,
-                                                   atr_MessageRow<Places> const& row)
+                                                   atr_MessageRow<Placeholders> const& row)
 {
   inp_Item const* const item = keyword.parameters.ConstFind(parameter);
   if (item != nullptr && item->Type() != inp_Types::inp_INTEGER)
@@ -179,7 +180,7 @@ void inp_KeywordExpansionVisitor::VisitRestart(inp_Keyword& keyword)
                                              : numberRestartSteps;
 }
 
-/// Parameters and expressions stay as written; they are not this library's to evaluate.
+/// Parameters and expressions stay as written: this library does not evaluate them.
 void inp_KeywordExpansionVisitor::VisitParameter(inp_Keyword&) { parameterized = true; }
 
 void inp_KeywordExpansionVisitor::VisitConflicts(inp_Keyword& keyword)

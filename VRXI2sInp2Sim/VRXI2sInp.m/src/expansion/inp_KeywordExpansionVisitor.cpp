@@ -24,7 +24,7 @@ bool KeepsCase(inp_Keyword const& keyword, cow_String const& parameter)
          (parameter == "name" && keyword.Is(inp_kwStep));
 }
 
-/// Characters that two texts agree in from their beginning, if that is all of one of them; else -1.
+/// The length of the shorter text when the longer one begins with it; else -1.
 int Agreement(std::string_view spelled, std::string_view entry)
 {
   std::size_t const shorter = std::min(spelled.size(), entry.size());
@@ -35,7 +35,7 @@ char const* const c_noParameters[] = {nullptr};
 
 } // namespace
 
-/// "eof" has a name that the reader knows and no operation that serves it.
+/// "eof" is in the table of keywords but no deck may hold it: no operation serves it.
 void inp_KeywordExpansionVisitor::Visit(inp_Keyword& keyword)
 {
   if (keyword.Is(inp_kwEof))
@@ -96,9 +96,8 @@ void inp_KeywordExpansionVisitor::ExpandParameters(inp_Keyword& keyword, char co
   keyword.parameters = parameters;
 }
 
-/// The entry that agrees with the spelled name furthest. A full agreement ends the search, so an
-/// abbreviation reaches the first entry that it begins; two entries that agree equally far while
-/// none has agreed fully are reported, even when a later one agrees further.
+/// The entry that the spelled name means: the first one that begins with it, or else the longest one that it
+/// begins with. Where the table has such an entry twice, that is reported, even when a later one fits better.
 char const* inp_KeywordExpansionVisitor::MatchParameter(inp_Keyword const& keyword,
                                                         cow_String const& spelled,
                                                         char const* const* table)
@@ -206,7 +205,8 @@ void inp_KeywordExpansionVisitor::ExpandEnum(inp_Keyword& keyword, char const* c
   ExpandWords(keyword, parameter, table, nullptr);
 }
 
-/// Takes the words of a second table where the first has none that fits.
+/// Completes the value of a parameter by the words of a table, or of `others` where the table has none that
+/// fits.
 void inp_KeywordExpansionVisitor::ExpandWords(inp_Keyword& keyword, cow_String const& parameter,
                                               char const* const* table, char const* const* others)
 {

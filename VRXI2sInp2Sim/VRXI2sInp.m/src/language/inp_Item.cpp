@@ -7,7 +7,7 @@
 namespace
 {
 
-/// The first "D", and then the first "d", read as the "e" that conversion knows.
+/// The text with its first "D" and its first "d" replaced by the "e" that the conversion knows.
 cow_String WithPlainExponent(cow_String text)
 {
   for (char const letter : {'D', 'd'})

@@ -13,12 +13,12 @@ namespace
 constexpr int c_lineBudget = 256;
 constexpr int c_streamWidth = 1024;
 
-/// How the two printed forms differ in a parameter line.
+/// What tells the parameter lines of the two printed forms apart.
 struct ParameterForm
 {
   char const* wrap;  ///< between parameters, where the line is broken
   char const* joint; ///< between name and value
-  int charge;        ///< what a parameter counts beyond its name and value
+  int charge;        ///< characters that a parameter counts for beside its name and value
   int chargeAfterWrap;
 };
 
@@ -76,14 +76,14 @@ bool QuotesCells(inp_KeywordEnm keyword)
   }
 }
 
-/// Rows of numbers keep a blank cell as a 0, which would be read as a label that is none.
+/// Rows of numbers keep a blank cell as 0. It is printed blank: a 0 would be read as a wrong label.
 cow_String CellText(inp_DataArray const& data, int row, int column)
 {
   cow_String const text = data.AsString(row, column);
   return text == "0" && data.IsNone(row, column) ? cow_String() : text;
 }
 
-/// Rows of nodes as numbers keep a blank line as the label 0, which would be read as one that is too small.
+/// Node rows that are numbers keep a blank line as label 0. It is printed blank, for the same reason.
 bool IsBlankNode(inp_Keyword const& keyword, int row)
 {
   return keyword.Is(inp_kwNode) &&

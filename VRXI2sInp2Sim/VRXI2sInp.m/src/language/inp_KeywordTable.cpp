@@ -41,7 +41,7 @@ cow_List<int> ListOf(int const* zeroEnded)
   return list;
 }
 
-// The rows that nobody can mean: their names cannot be written, or no operation serves them.
+// False for rows that no deck can mean: their names cannot be written, or no operation serves them.
 bool IsWritable(int value)
 {
   return value != inp_kwUndefined && value != inp_kwEof && value != inp_kwModel;

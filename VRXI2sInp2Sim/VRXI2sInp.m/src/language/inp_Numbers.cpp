@@ -18,7 +18,7 @@ char const* SkipWhiteSpace(char const* text)
   return text;
 }
 
-/// What from_chars does not take, or answers without a value: hexadecimal, out of range.
+/// Reads what from_chars does not: hexadecimal numbers, and those beyond the range of a double.
 double ConvertByLibrary(char const* text, char const** end)
 {
   char* last = nullptr;
@@ -30,12 +30,15 @@ double ConvertByLibrary(char const* text, char const** end)
   return value;
 }
 
-/// 0 to 9, or more for what is no digit.
+/// The value of a digit; more than 9 for any other character.
 unsigned DigitOf(char c) { return static_cast<unsigned>(c) - '0'; }
 
-/// Reads a decimal of the form that nearly every coordinate has, [-]digits[.digits], and gives its
-/// end; null for every other form. Up to 15 digits fit a double's mantissa and powers of ten up to 22
-/// are exact, so that the one division is the only rounding: the result is the nearest double.
+/// Reads a decimal of the form that nearly every coordinate has, [-]digits[.digits], and returns its end;
+/// null for every other form.
+///
+/// All digits are read as one integer, which is divided by a power of ten: 12.375 is 12375 / 1000. An
+/// integer of up to 15 digits and a power of ten up to 10^22 are exact as doubles, so the division is the
+/// only rounding, and the result is the nearest double.
 char const* ReadPlainDecimal(char const* at, double& value)
 {
   static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
@@ -43,7 +46,7 @@ char const* ReadPlainDecimal(char const* at, double& value)
   constexpr std::ptrdiff_t mostDigits = 15;
   bool const negative = *at == '-';
   at += negative;
-  // Too many digits make the sum wrong; they are counted afterwards.
+  // With too many digits the sum overflows, which does no harm: they are counted below.
   unsigned long long mantissa = 0;
   char const* const first = at;
   for (unsigned digit; (digit = DigitOf(*at)) <= 9; ++at)
@@ -62,7 +65,7 @@ char const* ReadPlainDecimal(char const* at, double& value)
     decimals = at - fraction;
     digits += decimals;
   }
-  // What may go on as a number, in whatever form, is not a plain decimal.
+  // Any other character may be part of the number, such as an exponent.
   bool const ends = *at == '\0' || *at == ' ' || *at == ',' || *at == '\t' || *at == '\r';
   if (digits == 0 || digits > mostDigits || !ends)
   {
@@ -73,7 +76,7 @@ char const* ReadPlainDecimal(char const* at, double& value)
   return at;
 }
 
-/// Of a number with more digits than an int may have, the first ones.
+/// The integer that a text begins with. Once it is beyond the range of an int, further digits are dropped.
 long long ReadWhole(char const* text)
 {
   text = SkipWhiteSpace(text);

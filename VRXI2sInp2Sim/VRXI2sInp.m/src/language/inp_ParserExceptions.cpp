@@ -5,8 +5,8 @@
 namespace
 {
 
-/// The message with the place that it lacks; a place that it has stays.
-atr_String Placed(atr_String message, int line, cow_String const& file, cow_String const& name)
+/// The message with line, file and name as its origin, where it has none yet.
+atr_String WithOrigin(atr_String message, int line, cow_String const& file, cow_String const& name)
 {
   atr_Origin origin = message.Origin() != nullptr ? *message.Origin() : atr_Origin();
   if (origin.line == 0)
@@ -32,7 +32,7 @@ inp_KeywordException::inp_KeywordException(int line, cow_String const& file,
 
 inp_KeywordException::inp_KeywordException(int line, cow_String const& file, cow_String const& name,
                                            atr_String const& message)
-  : inp_ExceptionOf(Placed(message, line, file, name)), m_line(line), m_file(file)
+  : inp_ExceptionOf(WithOrigin(message, line, file, name)), m_line(line), m_file(file)
 {
 }
 

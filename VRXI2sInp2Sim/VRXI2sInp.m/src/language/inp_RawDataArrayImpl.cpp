@@ -24,6 +24,73 @@ constexpr std::size_t c_longestBlockwise = 255 * 16;
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
+char const* SkipBlanks(char const* text)
+{
+  while (IsBlank(*text))
+  {
+    ++text;
+  }
+  return text;
+}
+
+int CountNonBlanks(char const* text)
+{
+  int count = 0;
+  for (; *text != '\0'; ++text)
+  {
+    count += !IsBlank(*text);
+  }
+  return count;
+}
+
+/// Counts the characters of a cell behind its leading sign, and tells the type from the counts.
+class NumberMarks
+{
+public:
+  /// False for a character that stands in no number.
+  bool Count(char c)
+  {
+    if (c >= '0' && c <= '9')
+    {
+      ++m_digits;
+    }
+    else if (c == '.')
+    {
+      ++m_periods;
+    }
+    else if (c == '+' || c == '-')
+    {
+      ++m_signs;
+    }
+    else if ((c | 0x20) == 'e' || (c | 0x20) == 'd')
+    {
+      ++m_exponents;
+    }
+    else
+    {
+      return false;
+    }
+    return true;
+  }
+
+  /// An integer has at most 9 digits; a longer one counts as a real number.
+  inp_Types::typeEnm Type() const
+  {
+    if (m_signs == 0 && m_periods == 0 && m_exponents == 0)
+    {
+      return m_digits < 10 ? inp_Types::inp_INTEGER : inp_Types::inp_REAL;
+    }
+    return m_signs < 2 && m_periods < 2 && m_exponents < 2 ? inp_Types::inp_REAL
+                                                           : inp_Types::inp_STRING;
+  }
+
+private:
+  int m_digits = 0;
+  int m_periods = 0;
+  int m_signs = 0;
+  int m_exponents = 0;
+};
+
 /// Overwrites the separating commas of a text by NUL and gives the number of columns.
 int DivideFrom(char* text, char const* end, int columns)
 {
@@ -67,7 +134,7 @@ T* Enlarged(T* array, int used, int capacity)
   return larger;
 }
 
-/// A block for a text to come, with NUL behind it up to the block's end, on a multiple of 16.
+/// A block for a text of that length. Its last 16 bytes, in which the text ends, are NUL.
 char* RoomFor(std::size_t length)
 {
   std::size_t const size = inp_RawDataArrayImpl::BlockSize(length);
@@ -179,8 +246,9 @@ alignas(16) constexpr unsigned char c_keepFirst[32] = {255, 255, 255, 255, 255, 
 
 __m128i Load(void const* from) { return _mm_loadu_si128(static_cast<__m128i const*>(from)); }
 
-/// Copies a line to a block of BlockSize, 16 bytes at a time, with its commas overwritten, and gives
-/// the number of columns; 0 when a quote stands in the line, and then the block is not right.
+/// Copies a line into a block of BlockSize, 16 bytes at a time, overwriting commas by NUL and counting them.
+/// Returns the number of columns; 0 when a quote stands in the line, since commas in quotes must stay: the
+/// block is then to be filled anew.
 int CopyDivided(char* block, char const* line, std::size_t length)
 {
   __m128i const comma = _mm_set1_epi8(',');
@@ -256,7 +324,7 @@ void inp_RawDataArrayImpl::Free()
 void inp_RawDataArrayImpl::Grow()
 {
   int const capacity = std::max(2 * m_capacity, c_firstCapacity);
-  // One array at a time, so that at the peak only one of them stands twice.
+  // One after the other: only one of the arrays is in memory twice at any time.
   m_rows = Enlarged(m_rows, nrows, capacity);
   ncols = Enlarged(ncols, nrows, capacity);
   m_capacity = capacity;
@@ -371,18 +439,12 @@ char* inp_RawDataArrayImpl::Cell(int i, int j) const
 
 inp_Types::typeEnm inp_RawDataArrayImpl::Type(int i, int j) const { return TypeOfCell(Cell(i, j)); }
 
+// As many characters are looked at as the cell has besides blanks. So blanks at its end are never reached,
+// and one in its middle makes it a text.
 inp_Types::typeEnm inp_RawDataArrayImpl::TypeOfCell(char const* cell)
 {
-  char const* at = cell;
-  while (IsBlank(*at))
-  {
-    ++at;
-  }
-  int left = 0;
-  for (char const* other = at; *other != '\0'; ++other)
-  {
-    left += !IsBlank(*other);
-  }
+  char const* at = SkipBlanks(cell);
+  int left = CountNonBlanks(at);
   if (left == 0)
   {
     return inp_Types::inp_NONE;
@@ -396,56 +458,20 @@ inp_Types::typeEnm inp_RawDataArrayImpl::TypeOfCell(char const* cell)
     ++at;
     --left;
   }
-  // A blank within the cell uses up a step of the walk and is no part of a number.
-  int signs = 0;
-  int periods = 0;
-  int exponents = 0;
-  int digits = 0;
+  NumberMarks marks;
   for (; left > 0; --left, ++at)
   {
-    char const c = *at;
-    if (c >= '0' && c <= '9')
-    {
-      ++digits;
-    }
-    else if (c == '.')
-    {
-      ++periods;
-    }
-    else if (c == '+' || c == '-')
-    {
-      ++signs;
-    }
-    else if ((c | 0x20) == 'e' || (c | 0x20) == 'd')
-    {
-      ++exponents;
-    }
-    else
+    if (!marks.Count(*at))
     {
       return inp_Types::inp_STRING;
     }
   }
-  if (signs == 0 && periods == 0)
-  {
-    if (exponents == 0)
-    {
-      return digits < 10 ? inp_Types::inp_INTEGER : inp_Types::inp_REAL;
-    }
-    return exponents == 1 ? inp_Types::inp_REAL : inp_Types::inp_STRING;
-  }
-  return signs < 2 && periods < 2 && exponents < 2 ? inp_Types::inp_REAL : inp_Types::inp_STRING;
+  return marks.Type();
 }
 
 bool inp_RawDataArrayImpl::IsNone(int i, int j) const { return IsNoneCell(Cell(i, j)); }
 
-bool inp_RawDataArrayImpl::IsNoneCell(char const* cell)
-{
-  while (IsBlank(*cell))
-  {
-    ++cell;
-  }
-  return *cell == '\0';
-}
+bool inp_RawDataArrayImpl::IsNoneCell(char const* cell) { return *SkipBlanks(cell) == '\0'; }
 
 bool inp_RawDataArrayImpl::HasValue(int i, int j) const
 {

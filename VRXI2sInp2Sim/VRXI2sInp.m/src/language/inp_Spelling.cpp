@@ -8,8 +8,8 @@ namespace
 {
 constexpr int longestWord = 64;
 
-// Number of single insertions, deletions, replacements and swaps of neighbours between two texts of
-// at most longestWord bytes; no place is edited twice.
+// The number of edits between two texts of at most longestWord bytes. An edit inserts, deletes or replaces
+// one letter, or swaps two neighbours; no letter is edited twice.
 int EditDistance(std::string_view a, std::string_view b)
 {
   using Row = std::array<int, longestWord + 1>;
@@ -38,7 +38,7 @@ int CommonPrefix(std::string_view a, std::string_view b)
   return static_cast<int>(endA - a.begin());
 }
 
-// How far a word may be off and still be a likely slip of the pen.
+// How many edits may lie between a word and the one that was probably meant.
 int MostEdits(std::size_t length)
 {
   return length <= 2 ? 0 : length <= 5 ? 1 : length <= 10 ? 2 : 3;

@@ -61,14 +61,14 @@ omn_FixedString inp_Types::fakeName() { return omn_FixedString("FAKE"); }
 namespace
 {
 
-// Letters and digits are those of ASCII: a deck's meaning does not hang on the locale.
+// Letters and digits are those of ASCII: what a deck means does not depend on the locale.
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool BeginsName(char c) { return IsLetter(c) || c == '_'; }
 bool EndsPlainText(char c) { return c == ',' || c == '=' || c == '\n'; }
 
-/// Reads a text from left to right. Each Skip gives how many characters it passed.
+/// Reads a text from left to right. Skip returns how many characters it has passed.
 class Scanner
 {
 public:
@@ -137,6 +137,59 @@ bool SkipQuoted(Scanner& scan, std::size_t least)
          scan.SkipOne('"');
 }
 
+// A set name is pieces joined by periods, each a plain name or a text in quotes. A plain name may hold
+// periods and quotes itself, so `A."B` may still be one name, or a second piece that is not closed yet. The
+// text is read once, from left to right, with all readings that are possible so far: each is a state, a
+// bit of a number. A text is a set name when a state in which it may end is left.
+//
+//     leadingBlanks, pieceBegins ── letter ──► inName ── . ──► pieceBegins
+//                │
+//                └── " ──► quoteOpened ──► inQuotes ── " ──► quoteClosed ── . ──► pieceBegins
+//                                                                └── blank ──► trailingBlanks
+enum nameStateEnm : unsigned
+{
+  c_leadingBlanks = 1,
+  c_pieceBegins = 2,
+  c_inName = 4,
+  c_quoteOpened = 8,
+  c_inQuotes = 16,
+  c_quoteClosed = 32,
+  c_trailingBlanks = 64
+};
+
+/// The states of a set name behind one more character.
+unsigned StatesBehind(unsigned states, char c)
+{
+  unsigned next = 0;
+  if ((states & (c_leadingBlanks | c_pieceBegins)) != 0)
+  {
+    next |= BeginsName(c) ? c_inName : 0U;
+    next |= c == '"' ? c_quoteOpened : 0U;
+  }
+  if (IsBlank(c))
+  {
+    next |= states & c_leadingBlanks;
+    next |= (states & (c_quoteClosed | c_trailingBlanks)) != 0 ? c_trailingBlanks : 0U;
+  }
+  if ((states & c_inName) != 0 && !EndsPlainText(c))
+  {
+    next |= c_inName;
+  }
+  if ((states & (c_quoteOpened | c_inQuotes)) != 0 && c != '"' && c != '\n')
+  {
+    next |= c_inQuotes;
+  }
+  if ((states & c_inQuotes) != 0 && c == '"')
+  {
+    next |= c_quoteClosed;
+  }
+  if ((states & (c_inName | c_quoteClosed)) != 0 && c == '.')
+  {
+    next |= c_pieceBegins;
+  }
+  return next;
+}
+
 } // namespace
 
 bool inp_Types::IsInteger(std::string_view text)
@@ -175,57 +228,18 @@ bool inp_Types::IsParameter(std::string_view text)
   return scan.AtEnd();
 }
 
-/// A name runs on through periods, and a quoted text may follow any of them, so a text can be read
-/// in several ways at once: all of them are followed, a bit for each.
 bool inp_Types::IsSetName(std::string_view text)
 {
-  enum : unsigned
-  {
-    leadingBlanks = 1,
-    pieceBegins = 2,
-    inName = 4,
-    quoteOpened = 8,
-    inQuotes = 16,
-    quoteClosed = 32,
-    trailingBlanks = 64
-  };
-  unsigned states = leadingBlanks;
+  unsigned states = c_leadingBlanks;
   for (char const c : text)
   {
-    unsigned next = 0;
-    if ((states & (leadingBlanks | pieceBegins)) != 0)
-    {
-      next |= BeginsName(c) ? inName : 0U;
-      next |= c == '"' ? quoteOpened : 0U;
-    }
-    if (IsBlank(c))
-    {
-      next |= states & leadingBlanks;
-      next |= (states & (quoteClosed | trailingBlanks)) != 0 ? trailingBlanks : 0U;
-    }
-    if ((states & inName) != 0 && !EndsPlainText(c))
-    {
-      next |= inName;
-    }
-    if ((states & (quoteOpened | inQuotes)) != 0 && c != '"' && c != '\n')
-    {
-      next |= inQuotes;
-    }
-    if ((states & inQuotes) != 0 && c == '"')
-    {
-      next |= quoteClosed;
-    }
-    if ((states & (inName | quoteClosed)) != 0 && c == '.')
-    {
-      next |= pieceBegins;
-    }
-    states = next;
+    states = StatesBehind(states, c);
     if (states == 0)
     {
       return false;
     }
   }
-  return (states & (inName | quoteClosed | trailingBlanks)) != 0;
+  return (states & (c_inName | c_quoteClosed | c_trailingBlanks)) != 0;
 }
 
 bool inp_Types::IsScopedID(std::string_view text)

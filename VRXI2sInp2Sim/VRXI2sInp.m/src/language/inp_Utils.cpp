@@ -10,7 +10,7 @@
 namespace
 {
 
-// No item of a deck is longer, so that a name fits a fixed buffer wherever it is rewritten.
+// No item of a deck is longer: names are rewritten in buffers of this size.
 constexpr int c_longestItem = 255;
 
 bool IsQuoted(cow_String const& name)
@@ -23,8 +23,8 @@ cow_String WithoutOuterQuotes(cow_String name) { return name.Trim("\""); }
 
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
-/// Calls `take` for each character and whether it stands within double quotes, up to the end or as
-/// long as it answers true. A quote counts as within.
+/// Calls take(character, is quoted) for each character, until `take` returns false. The quotes themselves
+/// count as quoted.
 template <class Take>
 void WalkQuoted(std::string_view text, Take take)
 {
@@ -40,7 +40,7 @@ void WalkQuoted(std::string_view text, Take take)
   }
 }
 
-/// The name with every unquoted period replaced, or dropped for NUL.
+/// The name with every unquoted period replaced by a character, or left out where that is NUL.
 cow_String ReplaceUnquotedPeriods(cow_String const& name, char by)
 {
   if (!inp_Utils::HasNameUnquotedPeriod(name))
@@ -62,7 +62,7 @@ cow_String ReplaceUnquotedPeriods(cow_String const& name, char by)
   return cow_String(buffer, length);
 }
 
-/// Writes what stays of a text without the spaces outside quotes to `put`, a character at a time.
+/// Calls put(character, is quoted) for each character of a text, leaving out unquoted white space.
 template <class Put>
 void WalkWithoutSpaces(std::string_view text, Put put)
 {

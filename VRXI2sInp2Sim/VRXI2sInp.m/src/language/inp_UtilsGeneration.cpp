@@ -12,11 +12,12 @@ namespace
 
 constexpr int c_longestLabel = 9;
 
-/// What one call lists: numbers take 4 bytes each, names some fifty.
+/// The most that one call may list. A number takes 4 bytes, a name some fifty.
 constexpr std::int64_t c_mostNumbers = mem_Budget((std::int64_t{3} << 30) / sizeof(int));
 constexpr std::int64_t c_mostNames = mem_Budget(20000000);
 
-/// Differences are taken in 64 bits: start and end may lie further apart than an int reaches.
+/// True when steps lead from the start exactly to the end. 64 bits, as the ends may lie further apart than
+/// an int reaches.
 bool CanStep(long long difference, long long step)
 {
   return difference == 0 || (difference % step == 0 && (difference > 0) == (step > 0));
@@ -43,7 +44,7 @@ bool ReadRange(cow_List<int> const& row, cow_String const& keywordName,
   return isRange;
 }
 
-/// Takes the range's numbers from what is left to be listed; false, with an error, when they are more.
+/// Counts the range against what may still be listed; false, with an error, when it is too long.
 bool TakeRoom(inp_ScopedRange const& range, std::int64_t& left, cow_String const& keywordName,
               cow_List<atr_String>& errors)
 {
@@ -69,7 +70,8 @@ cow_List<int> IntegersOfRow(inp_DataArray const& data, int row)
   return items;
 }
 
-/// False, with an error where ends of a row name different instances, when the row gives no range.
+/// Reads a row whose ends may have an instance in front. False when the row gives no range, with an error
+/// unless it has fewer than two fields.
 bool ReadScopedRow(inp_DataArray const& data, int row, cow_String const& keywordName,
                    cow_List<atr_String>& errors, inp_ScopedRange& range)
 {
@@ -108,7 +110,7 @@ bool IsBlankRow(inp_DataArray const& data, int row)
   return column == data.Cols(row);
 }
 
-/// What stands before the last piece of a field, and whether that piece is a label.
+/// A field taken apart: "WHEEL-1.7" has the prefix "WHEEL-1.", and its last piece is a label.
 struct ScopedLabel
 {
   cow_String prefix;
@@ -130,7 +132,7 @@ bool SayInvalid(cow_String const& field, cow_String const& keywordName,
   return false;
 }
 
-/// What ReadScopedRow takes as it comes is held against what a row may hold.
+/// Reads a row as ReadScopedRow does, but with an error for each field that is not what it should be.
 bool ReadCheckedRow(inp_DataArray const& data, int row, cow_String const& keywordName,
                     cow_List<atr_String>& errors, inp_ScopedRange& range)
 {
@@ -175,8 +177,8 @@ void AppendNumbers(cow_List<int> const& row, cow_String const& keywordName,
   }
 }
 
-/// The scoped numbers of all rows, in the order of the rows; within one in ascending order or as its
-/// steps go.
+/// The scoped numbers of all rows, row by row; the numbers of a row in ascending order, or in the order of
+/// its steps.
 cow_List<cow_String> GenerateScoped(inp_DataArray const& data, cow_String const& keywordName,
                                     cow_List<atr_String>& errors, bool isAscending)
 {

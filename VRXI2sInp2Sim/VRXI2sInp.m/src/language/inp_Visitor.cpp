@@ -2,7 +2,7 @@
 
 #include "VRXAspBcuAnalysisIROptions.h"
 #include "VRXBasException.h"
-#include "inp_CurrentPlace.h"
+#include "inp_CurrentOrigin.h"
 #include "inp_KeywordEnm.h"
 #include "omi_Singleton.h"
 #include "wip_WIP.h"
@@ -79,10 +79,10 @@ void inp_Visitor::Report() const
   }
 }
 
-// No default: a keyword that the table gains and no operation serves does not compile.
+// Without a default, so that a keyword that is new in the table and has no operation does not compile.
 void inp_Visitor::Visit(inp_Keyword& keyword)
 {
-  inp_CurrentPlace::Set(keyword.fileName, keyword.lineNumber);
+  inp_CurrentOrigin::Set(keyword.fileName, keyword.lineNumber);
   switch (keyword.keyword)
   {
   case inp_kwUndefined:

@@ -69,7 +69,7 @@ void inp_AssemblyNodeVisitor::VisitInstance(inp_Keyword& keyword)
     coords.Transform(instanceTransform);
   }
   coordMap.Insert(m_instanceName, coords);
-  instancePositions.Insert(m_instanceName, instanceTransform);
+  m_instancePositions.Insert(m_instanceName, instanceTransform);
 }
 
 // *INSTANCE rows: x, y, z; xa, ya, za, xb, yb, zb, angle

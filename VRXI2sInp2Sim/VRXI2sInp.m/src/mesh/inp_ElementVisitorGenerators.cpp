@@ -42,36 +42,8 @@ inp_ElementGeneration::Range RangeOfNodes(inp_Element const& element, int movabl
 
 } // namespace
 
-// *ELGEN row: master, count, node shift, element shift, and the last three again for the second and
-// for the third direction.
-void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword)
-{
-  cow_List<int> labels;
-  for (int row = 0; row < keyword.data.Rows(); ++row)
-  {
-    inp_ElementGeneration generation;
-    if (inp_IsBlankRow(keyword.data, row))
-    {
-      continue;
-    }
-    if (int const field = generation.Read(keyword.data, row); field > 0)
-    {
-      Say(inp_msgGenerationItemNotInteger, keyword, field);
-      continue;
-    }
-    if (generation.counts[0] >= 1 && !GenerateElements(keyword, generation, labels))
-    {
-      return;
-    }
-  }
-  if (keyword.HasParameter("elset") && labels.Length() > 0)
-  {
-    AddElementSet(keyword, keyword.NameIn("elset"), labels);
-  }
-}
-
-/// Counts elements that are to be generated; false, with a message, when the walk has made too many.
-/// One with very many nodes counts as several.
+/// Counts elements that are to be generated; false, with a message, when the walk has made too many. An
+/// element with very many nodes counts as several, since it takes their memory.
 bool inp_ElementVisitor::CheckCount(inp_Keyword const& keyword, std::int64_t count,
                                     int nodesOfElement)
 {
@@ -86,76 +58,136 @@ bool inp_ElementVisitor::CheckCount(inp_Keyword const& keyword, std::int64_t cou
   return true;
 }
 
-bool inp_ElementVisitor::GenerateElements(inp_Keyword const& keyword,
-                                          inp_ElementGeneration const& generation,
-                                          cow_List<int>& labels)
+/// Generates the elements of one *ELGEN, row by row.
+class inp_ElementVisitor::ElementGenerator
 {
-  if (generation.Labels().highest > inpM_largestLabel)
+public:
+  ElementGenerator(inp_ElementVisitor& visitor, inp_Keyword const& keyword)
+    : m_visitor(visitor), m_keyword(keyword), m_makesElements(visitor.computeConnectivity)
   {
-    Say(inp_msgLargestElementNumber, keyword);
-    return false;
   }
-  inp_Element const* const master = FindElement(CurrentElements(), generation.master);
-  if (master == nullptr)
-  {
-    if (computeConnectivity)
-    {
-      Say(inp_msgMasterElementUndefined, keyword, generation.master);
-    }
-    return true;
-  }
-  if (!CheckCount(keyword, generation.Elements(), master->numNodesPerElement()))
-  {
-    return false;
-  }
-  if (generation.Labels().lowest < 1)
-  {
-    Say(inp_msgGeneratedElementOutOfRange, keyword, LabelText(generation.Labels().lowest));
-    return true;
-  }
-  MakeBlock(keyword, generation, inp_AsGiven(*master), labels);
-  return true;
-}
 
-/// The elements of a block and their labels; nothing, with a message, when nodes would leave the range.
-void inp_ElementVisitor::MakeBlock(inp_Keyword const& keyword,
-                                   inp_ElementGeneration const& generation,
-                                   inp_Element const& pattern, cow_List<int>& labels)
-{
-  int const movable = inp_MovableNodesInGeneration(pattern, keyword.HasParameter("allnodes"));
-  inp_ElementGeneration::Range const nodes = RangeOfNodes(pattern, movable);
-  inp_ElementGeneration::Range const shift = generation.NodeShift();
-  if (computeConnectivity && nodes.highest > 0 &&
-      (nodes.lowest + shift.lowest < 1 || nodes.highest + shift.highest > inpM_largestLabel))
+  /// False, with an error, when the keyword is to end. Other faults end their row alone.
+  bool GenerateRow(int row)
   {
-    Say(inp_msgGeneratedNodesOutOfRange, keyword, cow_String(generation.master));
-    return;
-  }
-  inp_MapInt2Element& target = CurrentElements();
-  generation.ForEach(
-    [&](int label, std::int64_t nodeShift)
+    inp_ElementGeneration generation;
+    if (inp_IsBlankRow(m_keyword.data, row))
     {
-      labels.Append(label);
-      if (label == generation.master)
+      return true;
+    }
+    if (int const field = generation.Read(m_keyword.data, row); field > 0)
+    {
+      m_visitor.Say(inp_msgGenerationItemNotInteger, m_keyword, field);
+      return true;
+    }
+    return generation.counts[0] < 1 || Generate(generation);
+  }
+
+  cow_List<int> const& Labels() const { return m_labels; }
+
+private:
+  bool Generate(inp_ElementGeneration const& generation)
+  {
+    inp_ElementGeneration::Range const labels = generation.Labels();
+    if (labels.highest > inpM_largestLabel)
+    {
+      m_visitor.Say(inp_msgLargestElementNumber, m_keyword);
+      return false;
+    }
+    inp_MapInt2Element& target = m_visitor.CurrentElements();
+    inp_Element const* const master = FindElement(target, generation.master);
+    if (master == nullptr)
+    {
+      if (m_makesElements)
       {
-        return;
+        m_visitor.Say(inp_msgMasterElementUndefined, m_keyword, generation.master);
       }
-      inp_Element* const element =
-        computeConnectivity ? inp_Element::Make(pattern) : new inp_Element;
-      if (computeConnectivity)
+      return true;
+    }
+    if (!m_visitor.CheckCount(m_keyword, generation.Elements(), master->numNodesPerElement()))
+    {
+      return false;
+    }
+    if (labels.lowest < 1)
+    {
+      m_visitor.Say(inp_msgGeneratedElementOutOfRange, m_keyword, LabelText(labels.lowest));
+      return true;
+    }
+    MakeBlock(generation, inp_AsGiven(*master), target);
+    return true;
+  }
+
+  /// Makes all elements of a block; none, with a message, when nodes would leave the range of labels.
+  void MakeBlock(inp_ElementGeneration const& generation, inp_Element const& pattern,
+                 inp_MapInt2Element& target)
+  {
+    int const movable = inp_MovableNodesInGeneration(pattern, m_keyword.HasParameter("allnodes"));
+    if (m_makesElements && !KeepsNodesInRange(generation, pattern, movable))
+    {
+      m_visitor.Say(inp_msgGeneratedNodesOutOfRange, m_keyword, cow_String(generation.master));
+      return;
+    }
+    generation.ForEach(
+      [&](int label, std::int64_t nodeShift)
       {
-        inp_ShiftNodes(*element, movable, nodeShift);
-      }
-      target.InsertPtr(label, element);
-    });
+        m_labels.Append(label);
+        if (label != generation.master)
+        {
+          target.InsertPtr(label, MakeElement(pattern, movable, nodeShift));
+        }
+      });
+  }
+
+  static bool KeepsNodesInRange(inp_ElementGeneration const& generation, inp_Element const& pattern,
+                                int movable)
+  {
+    inp_ElementGeneration::Range const nodes = RangeOfNodes(pattern, movable);
+    inp_ElementGeneration::Range const shift = generation.NodeShift();
+    return nodes.highest == 0 ||
+           (nodes.lowest + shift.lowest >= 1 && nodes.highest + shift.highest <= inpM_largestLabel);
+  }
+
+  inp_Element* MakeElement(inp_Element const& pattern, int movable, std::int64_t nodeShift) const
+  {
+    if (!m_makesElements)
+    {
+      return new inp_Element;
+    }
+    inp_Element* const element = inp_Element::Make(pattern);
+    inp_ShiftNodes(*element, movable, nodeShift);
+    return element;
+  }
+
+  inp_ElementVisitor& m_visitor;
+  inp_Keyword const& m_keyword;
+  bool m_makesElements; ///< otherwise labels alone
+  cow_List<int> m_labels;
+};
+
+// *ELGEN row: master, count, node shift, element shift, and the last three again for the second and
+// for the third direction.
+void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword)
+{
+  ElementGenerator generator(*this, keyword);
+  for (int row = 0; row < keyword.data.Rows(); ++row)
+  {
+    if (!generator.GenerateRow(row))
+    {
+      return;
+    }
+  }
+  if (keyword.HasParameter("elset") && generator.Labels().Length() > 0)
+  {
+    AddElementSet(keyword, keyword.NameIn("elset"), generator.Labels());
+  }
 }
 
 inpM_BaseSet const* inp_ElementVisitor::CheckExistenceOfOldSet(inp_Keyword const& keyword,
                                                                cow_String const& name)
 {
-  cow_String place = MeshScope();
-  bool const isSearched = !hasAssemblySets || sets.SearchAssemblyAndInstancesForSet(name, place);
-  inpM_BaseSet const* const set = isSearched ? sets.ConstFindNestedSet(place, name) : nullptr;
+  cow_String scope = MeshScope();
+  bool const isSearched = !hasAssemblySets || sets.SearchAssemblyAndInstancesForSet(name, scope);
+  inpM_BaseSet const* const set = isSearched ? sets.ConstFindNestedSet(scope, name) : nullptr;
   if (set == nullptr)
   {
     Say(inp_msgElementSetMissing, keyword, name);
@@ -206,7 +238,7 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
   }
 }
 
-/// False stops the keyword.
+/// False, with a message, when the keyword is to end.
 bool inp_ElementVisitor::CopyElement(inp_Keyword const& keyword, inp_MapInt2Element& target,
                                      int label, int newLabel, int nodeShift, cow_List<int>& labels)
 {

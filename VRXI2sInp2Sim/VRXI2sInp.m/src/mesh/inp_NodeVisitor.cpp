@@ -13,8 +13,8 @@
 namespace
 {
 
-/// Some 4 GiB of nodes: what the generators of a walk may make. A few short rows can ask for more than
-/// any memory holds.
+/// The most nodes that the generators of a walk may make, some 4 GiB of them: a few short rows can ask for
+/// more than any memory holds.
 constexpr int c_mostGenerated = mem_Budget(50000000);
 
 gsl_Point PointOf(inp_Coord const& coord) { return {coord.x, coord.y, coord.z}; }
@@ -31,7 +31,7 @@ bool IsFinite(inp_Coord const& coord)
   return std::isfinite(coord.x) && std::isfinite(coord.y) && std::isfinite(coord.z);
 }
 
-/// Rows that are numbers already.
+/// Rows that have been turned into numbers.
 struct TypedRows
 {
   inp_NodeDataArrayImpl const& rows;
@@ -44,7 +44,7 @@ struct TypedRows
   }
 };
 
-/// Rows that could not be turned into numbers, or were never to be.
+/// Rows that are still text: they were not turned into numbers, or could not be.
 struct TextRows
 {
   inp_DataArray const& rows;
@@ -120,7 +120,7 @@ bool inp_NodeVisitor::CheckCount(inp_Keyword const& keyword, double count)
   return true;
 }
 
-/// Of a set that is to be listed, more members than any walk makes are refused alike.
+/// Refuses sets too large to copy into a list.
 bool inp_NodeVisitor::CheckListed(inp_Keyword const& keyword, inpM_BaseSet const& set)
 {
   bool const fits = set.CountIds() <= c_mostGenerated;
@@ -134,8 +134,8 @@ bool inp_NodeVisitor::CheckListed(inp_Keyword const& keyword, inpM_BaseSet const
 bool inp_NodeVisitor::Store(inp_Keyword const& keyword, inp_CoordMap& map, int label,
                             inp_Coord const& coord)
 {
-  bool const isPlace = IsFinite(coord);
-  if (isPlace)
+  bool const isFinite = IsFinite(coord);
+  if (isFinite)
   {
     map.Insert(label, coord);
   }
@@ -143,7 +143,7 @@ bool inp_NodeVisitor::Store(inp_Keyword const& keyword, inp_CoordMap& map, int l
   {
     Say(inp_msgNodeCoordinatesInvalid, keyword, " " + cow_String(label));
   }
-  return isPlace;
+  return isFinite;
 }
 
 gsl_Point inp_NodeVisitor::ReadPointFromKeywordData(inp_Keyword const& keyword, int row, int column)
@@ -225,40 +225,51 @@ void inp_NodeVisitor::VisitSystem(inp_Keyword& keyword)
     return;
   }
   gsl_Vector x(a, b);
-  gsl_Vector y;
-  gsl_Vector z(0.0, 0.0, 1.0);
   if (!x.Normalize())
   {
     Say(inp_msgXAxisUndefined, keyword);
   }
   if (hasPlane)
   {
-    y = gsl_Vector(a, c);
-    if (!y.Normalize())
-    {
-      Say(inp_msgYAxisUndefined, keyword);
-    }
-    z = x.CrossProduct(y);
-    if (!z.Normalize())
-    {
-      Say(inp_msgXAndYAxesParallel, keyword);
-    }
-    y = z.CrossProduct(x);
+    SetSystemInPlane(keyword, x, gsl_Vector(a, c));
   }
   else
   {
-    y = z.CrossProduct(x);
-    if (!y.Normalize())
-    {
-      Say(inp_msgXAndZAxesParallel, keyword);
-    }
-    x = y.CrossProduct(z);
+    SetSystemAboutZ(keyword, x);
   }
-  systemTransform.SetRotationVectors(x, y, z);
 }
 
-/// Turns components that a row gives in a coordinate system into those of the part, local system
-/// included. A node outside of a local system keeps its position bit for bit.
+/// The z-axis is normal to the plane of both directions, and x stays.
+void inp_NodeVisitor::SetSystemInPlane(inp_Keyword const& keyword, gsl_Vector const& x,
+                                       gsl_Vector inPlane)
+{
+  if (!inPlane.Normalize())
+  {
+    Say(inp_msgYAxisUndefined, keyword);
+  }
+  gsl_Vector z = x.CrossProduct(inPlane);
+  if (!z.Normalize())
+  {
+    Say(inp_msgXAndYAxesParallel, keyword);
+  }
+  systemTransform.SetRotationVectors(x, z.CrossProduct(x), z);
+}
+
+/// The z-axis stays, and x is turned into the plane that is normal to it.
+void inp_NodeVisitor::SetSystemAboutZ(inp_Keyword const& keyword, gsl_Vector const& x)
+{
+  gsl_Vector const z(0.0, 0.0, 1.0);
+  gsl_Vector y = z.CrossProduct(x);
+  if (!y.Normalize())
+  {
+    Say(inp_msgXAndZAxesParallel, keyword);
+  }
+  systemTransform.SetRotationVectors(y.CrossProduct(z), y, z);
+}
+
+/// Turns what a row gives, in a rectangular, cylindrical or spherical system that may stand in a local one,
+/// into rectangular coordinates of the part. Without a local system a rectangular position stays as it is,
+/// bit for bit.
 inp_Coord inp_NodeVisitor::InSystem(inp_Coord coord, cow_String const& system) const
 {
   if (system == "C")
@@ -283,6 +294,107 @@ inp_Coord inp_NodeVisitor::InSystem(inp_Coord coord, cow_String const& system) c
   return coord;
 }
 
+/// Reads the rows of one *NODE and stores its nodes. Rows that cannot be stored are reported and left out.
+///
+/// `Rows` tells how a row is read: Label, LabelText and GetValues, as TypedRows and TextRows have them.
+template <class Rows>
+class inp_NodeVisitor::NodeReader
+{
+public:
+  NodeReader(inp_NodeVisitor& visitor, inp_Keyword const& keyword, Rows const& rows)
+    : m_visitor(visitor),
+      m_keyword(keyword),
+      m_rows(rows),
+      m_system(keyword.GetParameterAsString("system", "R")),
+      m_isAsGiven(m_system != "C" && m_system != "S" && visitor.systemTransform.IsIdentity()),
+      m_isNamed(keyword.HasParameter("nset"))
+  {
+  }
+
+  void ReadRow(int row)
+  {
+    int const label = m_rows.Label(row);
+    double values[inp_NodeDataArrayImpl::c_values] = {};
+    if (label >= 1 && ReadValues(row, label, values))
+    {
+      if (m_isNamed)
+      {
+        m_labels.Append(label);
+      }
+      Store(label, {values[0], values[1], values[2], values[3], values[4], values[5]});
+    }
+  }
+
+  void Finish()
+  {
+    if (m_labels.Length() > 0)
+    {
+      m_visitor.MergeSet(m_keyword, m_keyword.NameIn("nset"), CreateSet(m_labels));
+    }
+  }
+
+private:
+  using Values = double[inp_NodeDataArrayImpl::c_values];
+
+  bool ReadValues(int row, int label, Values& values)
+  {
+    if (m_visitor.computeGeometry)
+    {
+      m_rows.GetValues(row, values);
+    }
+    if (label > inpM_largestLabel)
+    {
+      m_visitor.Say(inp_msgNodeLabelTooLong, m_keyword, m_rows.LabelText(row));
+      return false;
+    }
+    if (!std::all_of(values, values + 6, [](double value) { return std::isfinite(value); }))
+    {
+      m_visitor.Say(inp_msgNodeCoordinatesInvalid, m_keyword, " " + m_rows.LabelText(row));
+      return false;
+    }
+    return true;
+  }
+
+  void Store(int label, inp_Coord const& coord)
+  {
+    if (!m_isMapKnown)
+    {
+      m_map = m_visitor.TargetMap(m_keyword);
+      m_isMapKnown = true;
+    }
+    if (m_map != nullptr)
+    {
+      bool const hasNormal = coord.nx != 0.0 || coord.ny != 0.0 || coord.nz != 0.0;
+      bool const stays = !m_visitor.computeGeometry || (m_isAsGiven && !hasNormal);
+      m_visitor.Store(m_keyword, *m_map, label,
+                      stays ? coord : m_visitor.InSystem(coord, m_system));
+    }
+  }
+
+  inp_NodeVisitor& m_visitor;
+  inp_Keyword const& m_keyword;
+  Rows m_rows;
+  cow_String m_system;
+  bool m_isAsGiven; ///< coordinates are rectangular and in the part's own system
+  bool m_isNamed;   ///< the nodes go into a set
+  // Looked for at the first node, so that a keyword without nodes says nothing of a missing map.
+  inp_CoordMap* m_map = nullptr;
+  bool m_isMapKnown = false;
+  cow_List<int> m_labels; ///< for the set
+};
+
+template <class Rows>
+void inp_NodeVisitor::ReadNodes(inp_Keyword const& keyword, Rows const& rows)
+{
+  NodeReader<Rows> reader(*this, keyword, rows);
+  int const count = keyword.data.Rows();
+  for (int row = 0; row < count; ++row)
+  {
+    reader.ReadRow(row);
+  }
+  reader.Finish();
+}
+
 // *NODE row: label[, x, y, z[, nx, ny, nz]]
 void inp_NodeVisitor::VisitNode(inp_Keyword& keyword)
 {
@@ -293,60 +405,5 @@ void inp_NodeVisitor::VisitNode(inp_Keyword& keyword)
   else
   {
     ReadNodes(keyword, TextRows{keyword.data});
-  }
-}
-
-template <class Rows>
-void inp_NodeVisitor::ReadNodes(inp_Keyword const& keyword, Rows const& rows)
-{
-  cow_String const system = keyword.GetParameterAsString("system", "R");
-  bool const isAsGiven = system != "C" && system != "S" && systemTransform.IsIdentity();
-  bool const isNamed = keyword.HasParameter("nset");
-  int const count = keyword.data.Rows();
-  inp_CoordMap* map = nullptr;
-  bool isMapKnown = false;
-  cow_List<int> labels;
-  for (int row = 0; row < count; ++row)
-  {
-    int const label = rows.Label(row);
-    if (label < 1)
-    {
-      continue;
-    }
-    double values[inp_NodeDataArrayImpl::c_values] = {};
-    if (computeGeometry)
-    {
-      rows.GetValues(row, values);
-    }
-    if (label > inpM_largestLabel)
-    {
-      Say(inp_msgNodeLabelTooLong, keyword, rows.LabelText(row));
-      continue;
-    }
-    if (!std::all_of(values, values + 6, [](double value) { return std::isfinite(value); }))
-    {
-      Say(inp_msgNodeCoordinatesInvalid, keyword, " " + rows.LabelText(row));
-      continue;
-    }
-    if (isNamed)
-    {
-      labels.Append(label);
-    }
-    if (!isMapKnown)
-    {
-      map = TargetMap(keyword);
-      isMapKnown = true;
-    }
-    if (map != nullptr)
-    {
-      inp_Coord const coord(values[0], values[1], values[2], values[3], values[4], values[5]);
-      bool const hasNormal = coord.nx != 0.0 || coord.ny != 0.0 || coord.nz != 0.0;
-      bool const stays = !computeGeometry || (isAsGiven && !hasNormal);
-      Store(keyword, *map, label, stays ? coord : InSystem(coord, system));
-    }
-  }
-  if (labels.Length() > 0)
-  {
-    MergeSet(keyword, keyword.NameIn("nset"), CreateSet(labels));
   }
 }

@@ -11,6 +11,7 @@ namespace
 
 constexpr double c_radiansOfDegree = std::numbers::pi / 180.0;
 
+/// The point on the other side of the center, as far from it.
 gsl_Point Through(gsl_Point const& center, gsl_Point const& point)
 {
   return gsl_Point(center, 2.0, point, -1.0);
@@ -19,6 +20,15 @@ gsl_Point Through(gsl_Point const& center, gsl_Point const& point)
 } // namespace
 
 /// What *NCOPY does to a node of the old set; everything in the part's own system.
+///
+/// A reflection carries a node P through a center M to P', as far behind M as P is in front of it. For a
+/// pole and a point M is that point; for a line and a mirror it is the foot of the perpendicular from P.
+///
+///                     |  mirror
+///         P . . . . . M . . . . . P'        P' = 2 M - P
+///                     |
+///
+/// A shift is a translation and then a rotation. Each copy is the one before, shifted once more.
 struct inp_NodeVisitor::Motion
 {
   enum kindEnm
@@ -35,7 +45,7 @@ struct inp_NodeVisitor::Motion
   gsl_StLine line{gsl_Point(), gsl_Point()};
   gsl_Plane plane{gsl_Point(), gsl_Vector()};
   gsl_Matrix step;  ///< from one copy to the next
-  gsl_Matrix shift; ///< of the present copy
+  gsl_Matrix shift; ///< from the old node to the copy being made
   int copies = 1;
 
   gsl_Point Move(gsl_Point point) const
@@ -57,7 +67,8 @@ struct inp_NodeVisitor::Motion
     return Through(center, point);
   }
 
-  // A normal has no place in a pole: it stays, though a point turns it round.
+  /// The normal of the copy. A point turns the normal round; a pole, which moves nodes in the same way,
+  /// leaves it as it is.
   gsl_Vector Turn(gsl_Vector normal) const
   {
     switch (kind)
@@ -80,8 +91,8 @@ struct inp_NodeVisitor::Motion
 
   inp_Coord Copy(inp_Coord const& old) const
   {
-    gsl_Point const place = Move(gsl_Point(old.x, old.y, old.z));
-    inp_Coord copy(place.X(), place.Y(), place.Z());
+    gsl_Point const moved = Move(gsl_Point(old.x, old.y, old.z));
+    inp_Coord copy(moved.X(), moved.Y(), moved.Z());
     gsl_Vector normal(old.nx, old.ny, old.nz);
     if (normal.Normalize())
     {
@@ -151,7 +162,8 @@ bool inp_NodeVisitor::ReadShift(inp_Keyword const& keyword, Motion& motion)
   return true;
 }
 
-// Only absence is an error: a shift goes before a reflection, and that before a pole.
+/// Where several motions are given, a shift takes precedence over a reflection, and both over a pole. False,
+/// with an error, when the rows define no motion.
 bool inp_NodeVisitor::ReadMotion(inp_Keyword const& keyword, inp_CoordMap const& map,
                                  Motion& motion)
 {
@@ -179,28 +191,96 @@ bool inp_NodeVisitor::ReadMotion(inp_Keyword const& keyword, inp_CoordMap const&
   return true;
 }
 
-// *NCOPY rows: POLE node, x, y, z. REFLECT=LINE xA, .. zB; =MIRROR xA, .. zB / xC, yC, zC; =POINT x, y, z.
-// SHIFT tx, ty, tz / xA, .. zB, angle.
-void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword)
+/// Makes the copies of one *NCOPY, copy by copy and in each in the order of the old set.
+class inp_NodeVisitor::NodeCopier
+{
+public:
+  NodeCopier(inp_NodeVisitor& visitor, inp_Keyword const& keyword, inp_CoordMap& map,
+             Motion const& motion)
+    : m_visitor(visitor),
+      m_keyword(keyword),
+      m_map(map),
+      m_motion(motion),
+      m_change(keyword.GetParameterAsInt("changenumber", 0))
+  {
+  }
+
+  /// False, with an error, when a copy cannot be stored.
+  bool CopyAll(cow_List<int> const& ids)
+  {
+    for (int copy = 1; copy <= m_motion.copies && ids.Length() > 0; ++copy)
+    {
+      m_motion.shift.Concatenate(m_motion.step);
+      for (int const id : ids)
+      {
+        if (!CopyNode(id, id + copy * m_change))
+        {
+          return false;
+        }
+      }
+    }
+    return true;
+  }
+
+  cow_List<int> const& Labels() const { return m_labels; }
+
+private:
+  /// Members of the set that are no nodes are passed over.
+  bool CopyNode(int id, long long label)
+  {
+    bool const computes = m_visitor.computeGeometry;
+    if (computes && !m_map.IsMember(id))
+    {
+      return true;
+    }
+    if (!m_visitor.CheckLabel(m_keyword, label) ||
+        !m_visitor.Store(m_keyword, m_map, static_cast<int>(label),
+                         computes ? Copied(m_map.ConstGet(id)) : inp_Coord()))
+    {
+      return false;
+    }
+    m_labels.Append(static_cast<int>(label));
+    return true;
+  }
+
+  inp_Coord Copied(inp_Coord const& old) const
+  {
+    return m_motion.Copy(m_visitor.UndoInstanceTransform(old));
+  }
+
+  inp_NodeVisitor& m_visitor;
+  inp_Keyword const& m_keyword;
+  inp_CoordMap& m_map;
+  Motion m_motion;
+  long long m_change; ///< from the label of a node to that of its first copy, and from copy to copy
+  cow_List<int> m_labels;
+};
+
+/// The set to copy; null, with an error, when a parameter or the set is missing.
+inpM_BaseSet const* inp_NodeVisitor::FindSetToCopy(inp_Keyword const& keyword)
 {
   cow_String const oldName = keyword.NameIn("oldset");
   if (!inp_HasIntegerParameter(keyword, "changenumber") || oldName.Empty())
   {
     Say(inp_msgCopyParametersMissing, keyword);
-    return;
+    return nullptr;
   }
   inpM_BaseSet const* const old = FindNodeSet(keyword, oldName);
-  if (old == nullptr)
-  {
-    return;
-  }
-  if (!keyword.HasParameter("pole") && !keyword.HasParameter("reflect") &&
-      !keyword.HasParameter("shift"))
+  bool const hasMotion = keyword.HasParameter("pole") || keyword.HasParameter("reflect") ||
+                         keyword.HasParameter("shift");
+  if (old != nullptr && !hasMotion)
   {
     Say(inp_msgCopyMotionMissing, keyword);
-    return;
   }
-  inp_CoordMap* const map = TargetMap(keyword);
+  return hasMotion ? old : nullptr;
+}
+
+// *NCOPY rows: POLE node, x, y, z. REFLECT=LINE xA, .. zB; =MIRROR xA, .. zB / xC, yC, zC; =POINT x, y, z.
+// SHIFT tx, ty, tz / xA, .. zB, angle.
+void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword)
+{
+  inpM_BaseSet const* const old = FindSetToCopy(keyword);
+  inp_CoordMap* const map = old != nullptr ? TargetMap(keyword) : nullptr;
   Motion motion;
   if (map == nullptr || !ReadMotion(keyword, *map, motion))
   {
@@ -211,30 +291,9 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword)
   {
     return;
   }
-  long long const change = keyword.GetParameterAsInt("changenumber", 0);
-  cow_List<int> labels;
-  for (int copy = 1; copy <= motion.copies && ids.Length() > 0; ++copy)
+  NodeCopier copier(*this, keyword, *map, motion);
+  if (copier.CopyAll(ids) && copier.Labels().Length() > 0)
   {
-    motion.shift.Concatenate(motion.step);
-    for (int const id : ids)
-    {
-      if (computeGeometry && !map->IsMember(id))
-      {
-        continue;
-      }
-      long long const label = id + copy * change;
-      if (!CheckLabel(keyword, label) ||
-          !Store(keyword, *map, static_cast<int>(label),
-                 computeGeometry ? motion.Copy(UndoInstanceTransform(map->ConstGet(id)))
-                                 : inp_Coord()))
-      {
-        return;
-      }
-      labels.Append(static_cast<int>(label));
-    }
-  }
-  if (labels.Length() > 0)
-  {
-    AddNodeSet(keyword, "newset", CreateSet(labels, old->SetType(), old->IsUnsorted()));
+    AddNodeSet(keyword, "newset", CreateSet(copier.Labels(), old->SetType(), old->IsUnsorted()));
   }
 }

@@ -8,17 +8,28 @@
 namespace
 {
 
+// *NFILL puts nodes on the straight way from each node A of a first set to the node B of a second one
+// that has the same index in its set. Where they lie depends on the parameters:
+//
+//   none       A --.--.--.--.-- B      intervals of equal length
+//   BIAS       A -.--.---.----. B      each interval longer, or shorter, than the one before by a factor;
+//                                      with TWO STEP every second one, so that pairs of equal intervals
+//                                      make elements with midside nodes
+//   SINGULAR   A.-.--.---.----. B      elements with midside nodes that become smaller towards one end
+//
+// A normal is interpolated like a position.
+
 /// Position and components of the normal; the latter need not have length 1.
-struct Place
+struct FillPoint
 {
   gsl_Vector position;
   gsl_Vector normal;
 
-  Place(gsl_Vector const& itsPosition, gsl_Vector const& itsNormal)
+  FillPoint(gsl_Vector const& itsPosition, gsl_Vector const& itsNormal)
     : position(itsPosition), normal(itsNormal)
   {
   }
-  explicit Place(inp_Coord const& coord)
+  explicit FillPoint(inp_Coord const& coord)
     : position(coord.x, coord.y, coord.z), normal(coord.nx, coord.ny, coord.nz)
   {
   }
@@ -36,33 +47,38 @@ struct Place
   }
 };
 
-Place operator*(Place const& place, double factor)
+FillPoint operator*(FillPoint const& point, double factor)
 {
-  return {place.position * factor, place.normal * factor};
+  return {point.position * factor, point.normal * factor};
 }
-Place operator+(Place const& p, Place const& q)
+FillPoint operator+(FillPoint const& p, FillPoint const& q)
 {
   return {p.position + q.position, p.normal + q.normal};
 }
-Place operator-(Place const& p, Place const& q)
+FillPoint operator-(FillPoint const& p, FillPoint const& q)
 {
   return {p.position - q.position, p.normal - q.normal};
 }
 
-/// Corner and midside nodes of elements that shrink towards a singular end with the square of the
-/// distance; the midside node next to that end stands at the quarter point. Goes on while `store` does.
+/// Stores the corner and midside nodes of elements along the way, until `store` is false. Corner i of n lies
+/// at (i/n)^2 of the way from the singular end, so that elements grow with the distance from it. Midside
+/// nodes lie in the middle, but that of the element at the singular end a quarter of its length from there:
+/// this makes the strain singular, as it is at the tip of a crack.
+///
+///     A=0       1/9              4/9                    1=B      3 elements, singular end A
+///      |---.-----|--------.-------|-----------.----------|
 template <class Store>
-bool StoreToSingularEnd(Place const& a, Place const& b, int intervals, int singularEnd,
+bool StoreToSingularEnd(FillPoint const& a, FillPoint const& b, int intervals, int singularEnd,
                         Store const& store)
 {
   int const count = intervals / 2;
-  Place previous = a;
+  FillPoint previous = a;
   for (int i = 1; i <= count; ++i)
   {
     double const r = static_cast<double>(i) / count;
     double const fromEnd = singularEnd == 2 ? 1.0 - r : r;
     double const way = fromEnd * fromEnd;
-    Place const corner = singularEnd == 2 ? b - (b - a) * way : a + (b - a) * way;
+    FillPoint const corner = singularEnd == 2 ? b - (b - a) * way : a + (b - a) * way;
     double const ofCorner = i == 1 && singularEnd == 1       ? 0.25
                             : i == count && singularEnd == 2 ? 0.75
                                                              : 0.5;
@@ -75,8 +91,8 @@ bool StoreToSingularEnd(Place const& a, Place const& b, int intervals, int singu
   return true;
 }
 
-/// Where the nodes between the ends lie, as parts of the way: the intervals become shorter from one to
-/// the next by a factor, or with two steps every second time.
+/// Where the nodes between the ends lie, as fractions of the way. Each interval is shorter than the one
+/// before by the factor `bias`; with two steps intervals come in pairs, and each pair is.
 std::vector<double> BiasedParts(int intervals, double bias, bool hasTwoSteps)
 {
   std::vector<double> ends;
@@ -97,7 +113,7 @@ std::vector<double> BiasedParts(int intervals, double bias, bool hasTwoSteps)
 }
 
 template <class Store>
-bool StoreBetween(Place const& a, Place const& b, std::vector<double> const& parts,
+bool StoreBetween(FillPoint const& a, FillPoint const& b, std::vector<double> const& parts,
                   Store const& store)
 {
   return std::all_of(parts.begin(), parts.end(),
@@ -130,8 +146,8 @@ inpM_BaseSet const* inp_NodeVisitor::FindNodeSet(inp_Keyword const& keyword, cow
   return set;
 }
 
-// *NFILL row: first set, second set, intervals[, step]
-void inp_NodeVisitor::VisitNfill(inp_Keyword& keyword)
+/// False, with an error, when the parameters do not say where nodes lie.
+bool inp_NodeVisitor::CheckFillParameters(inp_Keyword const& keyword)
 {
   double const bias = keyword.GetParameterAsDouble("bias", 0.0);
   if (keyword.HasParameter("singular"))
@@ -139,20 +155,26 @@ void inp_NodeVisitor::VisitNfill(inp_Keyword& keyword)
     if (bias > 0.0)
     {
       Say(inp_msgSingularAndBias, keyword);
-      return;
+      return false;
     }
     int const end = keyword.GetParameterAsInt("singular", 0);
     if (end != 1 && end != 2)
     {
       Say(inp_msgSingularInvalid, keyword, keyword.NameIn("singular"));
-      return;
+      return false;
     }
   }
   if (keyword.HasParameter("twostep") && bias == 0.0)
   {
     Say(inp_msgTwoStepWithoutBias, keyword);
   }
-  inp_CoordMap* const map = TargetMap(keyword);
+  return true;
+}
+
+// *NFILL row: first set, second set, intervals[, step]
+void inp_NodeVisitor::VisitNfill(inp_Keyword& keyword)
+{
+  inp_CoordMap* const map = CheckFillParameters(keyword) ? TargetMap(keyword) : nullptr;
   cow_List<int> labels;
   for (int row = 0; map != nullptr && row < keyword.data.Rows(); ++row)
   {
@@ -177,9 +199,28 @@ bool inp_NodeVisitor::ReadFillRow(inp_Keyword const& keyword, int row, FillRow& 
     Say(inp_msgNfillRowInvalid, keyword, inp_RowText(data, row));
     return false;
   }
+  if (!ReadFillSets(keyword, row, fill) || !ReadFillIntervals(keyword, row, fill))
+  {
+    return false;
+  }
+  int const step = inp_IntField(data, row, 3);
+  fill.step = step != 0 ? step : 1;
+  double const bias = keyword.GetParameterAsDouble("bias", 0.0);
+  fill.singularEnd = keyword.GetParameterAsInt("singular", 0);
+  if (!keyword.HasParameter("singular"))
+  {
+    fill.parts =
+      BiasedParts(fill.intervals, bias != 0.0 ? bias : 1.0, keyword.HasParameter("twostep"));
+  }
+  return true;
+}
+
+/// The sets of a row. Of the larger one the nodes at the end have no partner and are left out.
+bool inp_NodeVisitor::ReadFillSets(inp_Keyword const& keyword, int row, FillRow& fill)
+{
   for (int end = 0; end < 2; ++end)
   {
-    fill.names[end] = data.AsString(row, end);
+    fill.names[end] = keyword.data.AsString(row, end);
     inpM_BaseSet const* const set = FindNodeSet(keyword, fill.names[end]);
     if (set == nullptr)
     {
@@ -194,36 +235,27 @@ bool inp_NodeVisitor::ReadFillRow(inp_Keyword const& keyword, int row, FillRow& 
   {
     Say(inp_msgNodeSetsDiffer, keyword, fill.names[0], fill.names[1], p, q, fill.pairs);
   }
-  bool const isSingular = keyword.HasParameter("singular");
-  fill.intervals = data.AsInt(row, 2);
+  return true;
+}
+
+bool inp_NodeVisitor::ReadFillIntervals(inp_Keyword const& keyword, int row, FillRow& fill)
+{
+  fill.intervals = keyword.data.AsInt(row, 2);
   if (fill.intervals < 1)
   {
     Say(inp_msgIntervalsMissing, keyword);
     return false;
   }
-  if (isSingular && fill.intervals % 2 != 0)
+  if (keyword.HasParameter("singular") && fill.intervals % 2 != 0)
   {
     Say(inp_msgIntervalsOdd, keyword);
     return false;
   }
-  if (!CheckCount(keyword, (fill.intervals - 1.0) * std::max(fill.pairs, 1)))
-  {
-    return false;
-  }
-  int const step = inp_IntField(data, row, 3);
-  fill.step = step != 0 ? step : 1;
-  double const bias = keyword.GetParameterAsDouble("bias", 0.0);
-  fill.singularEnd = keyword.GetParameterAsInt("singular", 0);
-  if (!isSingular)
-  {
-    fill.parts =
-      BiasedParts(fill.intervals, bias != 0.0 ? bias : 1.0, keyword.HasParameter("twostep"));
-  }
-  return true;
+  return CheckCount(keyword, (fill.intervals - 1.0) * std::max(fill.pairs, 1));
 }
 
-/// Tells whether the nodes of a pair exist, and warns when the labels between them do not fit. What is
-/// missing is reported once a row and set.
+/// True when both nodes of a pair exist, with a warning when step and intervals do not lead from one label
+/// to the other. A missing node is reported once for each set of a row.
 bool inp_NodeVisitor::CheckFillEnds(inp_Keyword const& keyword, FillRow const& fill,
                                     inp_CoordMap const& map, int a, int b, bool (&isReported)[2])
 {
@@ -276,16 +308,16 @@ bool inp_NodeVisitor::FillBetweenSets(inp_Keyword const& keyword, FillRow const&
 bool inp_NodeVisitor::FillBetweenNodes(inp_Keyword const& keyword, FillRow const& fill,
                                        inp_CoordMap& map, int a, int b, cow_List<int>& labels)
 {
-  Place const placeA(computeGeometry ? map.ConstGet(a) : inp_Coord());
-  Place const placeB(computeGeometry ? map.ConstGet(b) : inp_Coord());
-  bool const hasNormal = placeA.HasNormal() || placeB.HasNormal();
+  FillPoint const pointA(computeGeometry ? map.ConstGet(a) : inp_Coord());
+  FillPoint const pointB(computeGeometry ? map.ConstGet(b) : inp_Coord());
+  bool const hasNormal = pointA.HasNormal() || pointB.HasNormal();
   long long label = a;
-  auto const store = [&](Place const& place)
+  auto const store = [&](FillPoint const& point)
   {
     label += fill.step;
     if (!CheckLabel(keyword, label) ||
         !Store(keyword, map, static_cast<int>(label),
-               computeGeometry ? UndoInstanceTransform(place.Node(hasNormal)) : inp_Coord()))
+               computeGeometry ? UndoInstanceTransform(point.Node(hasNormal)) : inp_Coord()))
     {
       return false;
     }
@@ -293,6 +325,6 @@ bool inp_NodeVisitor::FillBetweenNodes(inp_Keyword const& keyword, FillRow const
     return true;
   };
   return fill.singularEnd != 0
-           ? StoreToSingularEnd(placeA, placeB, fill.intervals, fill.singularEnd, store)
-           : StoreBetween(placeA, placeB, fill.parts, store);
+           ? StoreToSingularEnd(pointA, pointB, fill.intervals, fill.singularEnd, store)
+           : StoreBetween(pointA, pointB, fill.parts, store);
 }

@@ -18,7 +18,7 @@ gsl_Vector Position(inp_Coord const& coord) { return {coord.x, coord.y, coord.z}
 gsl_Vector NormalOf(inp_Coord const& coord) { return {coord.nx, coord.ny, coord.nz}; }
 gsl_Point PointOf(inp_Coord const& coord) { return {coord.x, coord.y, coord.z}; }
 
-inp_Coord At(gsl_Vector const& place) { return {place.X(), place.Y(), place.Z()}; }
+inp_Coord At(gsl_Vector const& position) { return {position.X(), position.Y(), position.Z()}; }
 
 enum shapeEnm
 {
@@ -35,7 +35,17 @@ shapeEnm ShapeOf(inp_Keyword const& keyword)
 
 } // namespace
 
-/// A row of *NGEN as points and directions, all in the position of the current instance.
+/// A row of *NGEN as points and directions, all where the current instance stands.
+///
+/// Nodes stand at equal steps of t, which runs from -1 at A to 1 at B:
+///
+///     straight   A --.--.--.-- B     the point that divides AB by t
+///
+///     circle           . . B         C + radius * (u cos alpha + v sin alpha), alpha from 0 at A: u is the
+///                   .    / e         way from C to A, w the axis, and v = w x u the way on which the arc
+///                  A -- C            sets out from A
+///                     u
+///     parabola   A  .  C  .  B       the quadratic curve through A, C and B; C, at t = 0, is on the curve
 struct inp_NodeVisitor::Arc
 {
   shapeEnm shape = c_straight;
@@ -51,13 +61,7 @@ struct inp_NodeVisitor::Arc
   inp_Coord NodeAt(double t) const
   {
     double const alpha = 0.5 * (t + 1.0) * angle;
-    gsl_Vector const chord = 0.5 * ((t + 1.0) * b - (t - 1.0) * a);
-    gsl_Vector const place =
-      shape == c_straight ? chord
-      : shape == c_circle
-        ? c + radius * (std::cos(alpha) * u + std::sin(alpha) * v)
-        : (t - 1.0) * (0.5 * t) * a - (t + 1.0) * (t - 1.0) * c + (t + 1.0) * (0.5 * t) * b;
-    inp_Coord node = At(place);
+    inp_Coord node = At(PositionAt(t, alpha));
     if (hasNormals)
     {
       gsl_Vector const normal = shape == c_circle
@@ -69,6 +73,22 @@ struct inp_NodeVisitor::Arc
     return node;
   }
 
+  gsl_Vector PositionAt(double t, double alpha) const
+  {
+    switch (shape)
+    {
+    case c_circle:
+      return c + radius * (std::cos(alpha) * u + std::sin(alpha) * v);
+    case c_parabola:
+      return (t - 1.0) * (0.5 * t) * a - (t + 1.0) * (t - 1.0) * c + (t + 1.0) * (0.5 * t) * b;
+    case c_straight:
+      break;
+    }
+    return 0.5 * ((t + 1.0) * b - (t - 1.0) * a);
+  }
+
+  /// The part along the axis changes evenly from the normal at A to that at B. The part in the plane turns
+  /// with the radius; its factor on v makes it that of B where the arc is a quarter turn.
   gsl_Vector NormalOnCircle(double t, double alpha) const
   {
     double const radialA = normalA.DotProduct(u);
@@ -197,6 +217,18 @@ bool inp_NodeVisitor::GenerateRow(inp_Keyword const& keyword, int row, inp_Coord
     return false;
   }
   labels.Append(first);
+  if (!StoreOnArc(keyword, map, arc, first, step, count, labels))
+  {
+    return false;
+  }
+  labels.Append(last);
+  return true;
+}
+
+/// Stores the nodes between the ends, which part the way into `count` equal pieces.
+bool inp_NodeVisitor::StoreOnArc(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc,
+                                 int first, int step, int count, cow_List<int>& labels)
+{
   for (int i = 1; i < count; ++i)
   {
     int const label = first + i * step;
@@ -208,7 +240,6 @@ bool inp_NodeVisitor::GenerateRow(inp_Keyword const& keyword, int row, inp_Coord
     }
     labels.Append(label);
   }
-  labels.Append(last);
   return true;
 }
 
@@ -230,22 +261,9 @@ bool inp_NodeVisitor::ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap 
     return true;
   }
   inp_NumberFields fields(keyword);
-  int const third = inp_IntField(data, row, 3);
-  if (third != 0)
+  if (!ReadThirdPoint(keyword, row, map, fields, arc))
   {
-    if (!map.IsMember(third))
-    {
-      Say(inp_msgNodeMissing, keyword, third);
-      return false;
-    }
-    arc.c = Position(map.ConstGet(third));
-  }
-  else if (data.Cols(row) >= 5)
-  {
-    gsl_Point const point = fields.Point(row, 4);
-    cow_String const system = keyword.GetParameterAsString("system", "RC");
-    arc.c = Position(
-      ApplyInstanceTransform(InSystem(inp_Coord(point.X(), point.Y(), point.Z()), system)));
+    return false;
   }
   gsl_Vector direction(fields.Point(row, 7));
   m_errorList.Concatenate(fields.Errors());
@@ -257,4 +275,29 @@ bool inp_NodeVisitor::ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap 
   return arc.shape != c_circle ||
          CircleData(keyword, PointOf(a), PointOf(b), PointOf(At(arc.c)), arc.direction, arc.radius,
                     arc.angle, arc.u, arc.v, arc.w, arc.e);
+}
+
+/// The centre of a circle, or the middle of a parabola: a node, or coordinates. False, with an error, when
+/// the node does not exist.
+bool inp_NodeVisitor::ReadThirdPoint(inp_Keyword const& keyword, int row, inp_CoordMap const& map,
+                                     inp_NumberFields& fields, Arc& arc)
+{
+  int const third = inp_IntField(keyword.data, row, 3);
+  if (third != 0)
+  {
+    if (!map.IsMember(third))
+    {
+      Say(inp_msgNodeMissing, keyword, third);
+      return false;
+    }
+    arc.c = Position(map.ConstGet(third));
+  }
+  else if (keyword.data.Cols(row) >= 5)
+  {
+    gsl_Point const point = fields.Point(row, 4);
+    cow_String const system = keyword.GetParameterAsString("system", "RC");
+    arc.c = Position(
+      ApplyInstanceTransform(InSystem(inp_Coord(point.X(), point.Y(), point.Z()), system)));
+  }
+  return true;
 }

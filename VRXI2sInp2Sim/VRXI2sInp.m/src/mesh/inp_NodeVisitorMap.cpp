@@ -46,7 +46,7 @@ bool FindMapping(cow_String const& name, mappingEnm& type)
   return false;
 }
 
-/// A factor of a scale; one of 0 or a missing one leaves the length as it is.
+/// A factor; 0, or a field that is missing, stands for 1.
 double FactorField(inp_NumberFields& fields, int row, int column)
 {
   double const factor = fields.Real(row, column);
@@ -55,13 +55,14 @@ double FactorField(inp_NumberFields& fields, int row, int column)
 
 } // namespace
 
-/// How *NMAP moves a node.
+/// How *NMAP moves a node: its coordinates are multiplied by the scale, taken for those of the mapping's
+/// system and made rectangular, and then moved to where the points of the rows put that system.
 struct inp_NodeVisitor::Mapping
 {
   mappingEnm type = c_translation;
   gsl_Point a, b, c, d;
   double scale[3] = {1.0, 1.0, 1.0};
-  gsl_Matrix motion; ///< what follows the conversion of the coordinates
+  gsl_Matrix motion; ///< from the mapping's system to that of the part
   double torusRadius = 0.0;
   double diamondAxes[3][3] = {}; ///< in columns
 
@@ -76,9 +77,9 @@ struct inp_NodeVisitor::Mapping
     coord.y *= scale[1];
     coord.z *= scale[2];
     Convert(coord);
-    gsl_Point place(coord.x, coord.y, coord.z);
-    motion.Transform(place);
-    inp_Coord moved(place.X(), place.Y(), place.Z());
+    gsl_Point point(coord.x, coord.y, coord.z);
+    motion.Transform(point);
+    inp_Coord moved(point.X(), point.Y(), point.Z());
     gsl_Vector normal(coord.nx, coord.ny, coord.nz);
     if (normal.Normalize())
     {
@@ -111,165 +112,228 @@ struct inp_NodeVisitor::Mapping
     }
     else if (type == c_toroidal)
     {
-      double const around = coord.y * c_radiansOfDegree;
-      double const along = coord.z * c_radiansOfDegree;
-      double const radius = torusRadius - coord.x * std::cos(around);
-      coord.z = coord.x * std::sin(around);
-      coord.x = radius * std::cos(along);
-      coord.y = radius * std::sin(along);
+      ConvertToroidal(coord);
     }
     else if (type == c_diamond)
     {
-      gsl_Vector const place =
-        MatrixVectorMultiply3x3(diamondAxes, gsl_Vector(coord.x, coord.y, coord.z));
-      coord.x = place.X();
-      coord.y = place.Y();
-      coord.z = place.Z();
+      ConvertDiamond(coord);
     }
+  }
+
+  /// x is the distance from the circle in the middle of the tube, y the angle about that circle, from the
+  /// side of the axis, and z the angle about the axis.
+  ///
+  ///     axis
+  ///       |                  x .
+  ///       |                 . y \                 y = 0 lies towards the axis
+  ///       +----------------+     tube
+  ///         torusRadius
+  void ConvertToroidal(inp_Coord& coord) const
+  {
+    double const around = coord.y * c_radiansOfDegree;
+    double const along = coord.z * c_radiansOfDegree;
+    double const radius = torusRadius - coord.x * std::cos(around);
+    coord.z = coord.x * std::sin(around);
+    coord.x = radius * std::cos(along);
+    coord.y = radius * std::sin(along);
+  }
+
+  void ConvertDiamond(inp_Coord& coord) const
+  {
+    gsl_Vector const moved =
+      MatrixVectorMultiply3x3(diamondAxes, gsl_Vector(coord.x, coord.y, coord.z));
+    coord.x = moved.X();
+    coord.y = moved.Y();
+    coord.z = moved.Z();
   }
 };
 
-// *NMAP rows: TRANSLATION xA, .. zB / factor. ROTATION xA, .. zB / xC, yC, zC / angle.
-// SCALE xA, yA, zA / sx, sy, sz. Others xA, .. zB / xC, .. zD / sx, sy, sz.
-// With DEFINITION=NODES the first three give points as nodes.
-void inp_NodeVisitor::ReadMapping(inp_Keyword const& keyword, cow_String const& type,
-                                  Mapping& mapping)
+/// Reads the rows of one *NMAP. With DEFINITION=NODES the points of a translation, a rotation and a scale are
+/// nodes. Axes that the points do not define are reported and left at zero.
+class inp_NodeVisitor::MappingReader
 {
-  FindMapping(type, mapping.type);
-  bool const mayNameNodes =
-    mapping.type == c_translation || mapping.type == c_rotation || mapping.type == c_scale;
-  bool const namesNodes = mayNameNodes && keyword.GetParameterAsString("definition", "") == "NODES";
-  inp_NumberFields fields(keyword);
-  auto const point = [&](int row, int index)
+public:
+  MappingReader(inp_NodeVisitor& visitor, inp_Keyword const& keyword, mappingEnm type)
+    : m_visitor(visitor), m_keyword(keyword), m_fields(keyword)
   {
-    return namesNodes ? ReadNodeFromKeywordData(keyword, MeshScope(), row, index)
-                      : fields.Point(row, 3 * index);
-  };
-  mapping.a = point(0, 0);
-  mapping.b = point(0, 1);
-  mapping.c = point(1, 0);
-  mapping.d = point(1, 1);
-  int const scaleRow = mapping.type == c_scale ? 1 : 2;
-  bool const hasScale = mapping.type != c_translation && mapping.type != c_rotation;
-  for (int i = 0; hasScale && i < 3; ++i)
-  {
-    mapping.scale[i] = FactorField(fields, scaleRow, i);
+    m_mapping.type = type;
   }
-  gsl_Vector way(mapping.a, mapping.b);
-  switch (mapping.type)
+
+  Mapping const& Read()
   {
-  case c_translation:
+    m_mapping.a = ReadPoint(0, 0);
+    m_mapping.b = ReadPoint(0, 1);
+    m_mapping.c = ReadPoint(1, 0);
+    m_mapping.d = ReadPoint(1, 1);
+    ReadScale();
+    ReadMotion();
+    m_visitor.m_errorList.Concatenate(m_fields.Errors());
+    return m_mapping;
+  }
+
+private:
+  bool HasAxes() const { return !HasWay() && m_mapping.type != c_scale; }
+  bool HasWay() const { return m_mapping.type == c_translation || m_mapping.type == c_rotation; }
+
+  gsl_Point ReadPoint(int row, int index)
+  {
+    bool const isNode = !HasAxes() && m_keyword.GetParameterAsString("definition", "") == "NODES";
+    return isNode ? m_visitor.ReadNodeFromKeywordData(m_keyword, m_visitor.MeshScope(), row, index)
+                  : m_fields.Point(row, 3 * index);
+  }
+
+  void ReadScale()
+  {
+    int const row = m_mapping.type == c_scale ? 1 : 2;
+    for (int i = 0; !HasWay() && i < 3; ++i)
+    {
+      m_mapping.scale[i] = FactorField(m_fields, row, i);
+    }
+  }
+
+  void ReadMotion()
+  {
+    if (m_mapping.type == c_translation)
+    {
+      SetTranslation();
+    }
+    else if (m_mapping.type == c_rotation)
+    {
+      SetRotation();
+    }
+    else if (HasAxes())
+    {
+      m_mapping.motion.SetTranslation(gsl_Vector(m_mapping.a));
+      SetAxes();
+    }
+  }
+
+  void SetTranslation()
+  {
+    gsl_Vector way(m_mapping.a, m_mapping.b);
     if (way.Normalize())
     {
-      way.Scale(FactorField(fields, 1, 0));
+      way.Scale(FactorField(m_fields, 1, 0));
     }
-    mapping.motion.SetTranslation(way);
-    break;
-  case c_rotation:
-    if (!way.Normalize())
-    {
-      Say(inp_msgPointBAtPointA, keyword);
-    }
-    mapping.motion =
-      gsl_Matrix::AxisRotation(mapping.a, way, fields.Real(2, 0) * c_radiansOfDegree);
-    break;
-  case c_scale:
-    break;
-  default:
-    mapping.motion.SetTranslation(gsl_Vector(mapping.a));
-    SetMappingAxes(keyword, mapping);
+    m_mapping.motion.SetTranslation(way);
   }
-  m_errorList.Concatenate(fields.Errors());
-}
 
-/// Turns the local system of a mapping the way its points say. Axes that they do not define are
-/// reported and left at zero.
-void inp_NodeVisitor::SetMappingAxes(inp_Keyword const& keyword, Mapping& mapping)
-{
-  auto const normalized = [&](gsl_Vector vector, auto const& message)
+  void SetRotation()
   {
-    if (!vector.Normalize())
-    {
-      Say(message, keyword);
-    }
-    return vector;
-  };
-  gsl_Vector const ab(mapping.a, mapping.b);
-  gsl_Vector const ac(mapping.a, mapping.c);
-  if (mapping.type == c_cylindrical || mapping.type == c_spherical)
-  {
-    gsl_Vector const z = normalized(ab, inp_msgMapZAxisUndefined);
-    gsl_Vector const x = normalized(ac, inp_msgMapXAxisUndefined);
-    gsl_Vector const y = normalized(z.CrossProduct(x), inp_msgMapAxesParallel);
-    mapping.motion.SetRotationVectors(y.CrossProduct(z), y, z);
+    gsl_Vector const axis = Normalized(gsl_Vector(m_mapping.a, m_mapping.b), inp_msgPointBAtPointA);
+    m_mapping.motion =
+      gsl_Matrix::AxisRotation(m_mapping.a, axis, m_fields.Real(2, 0) * c_radiansOfDegree);
   }
-  else if (mapping.type == c_diamond)
+
+  void SetAxes()
   {
-    gsl_Vector const axes[3] = {
-      normalized(ab, inp_msgPointBAtPointA), normalized(ac, inp_msgPointCAtPointA),
-      normalized(gsl_Vector(mapping.a, mapping.d), inp_msgPointDAtPointA)};
-    for (int i = 0; i < 3; ++i)
+    gsl_Vector const ab(m_mapping.a, m_mapping.b);
+    gsl_Vector const ac(m_mapping.a, m_mapping.c);
+    if (m_mapping.type == c_cylindrical || m_mapping.type == c_spherical)
     {
-      mapping.diamondAxes[0][i] = axes[i].X();
-      mapping.diamondAxes[1][i] = axes[i].Y();
-      mapping.diamondAxes[2][i] = axes[i].Z();
+      gsl_Vector const z = Normalized(ab, inp_msgMapZAxisUndefined);
+      gsl_Vector const x = Normalized(ac, inp_msgMapXAxisUndefined);
+      gsl_Vector const y = Normalized(z.CrossProduct(x), inp_msgMapAxesParallel);
+      m_mapping.motion.SetRotationVectors(y.CrossProduct(z), y, z);
+    }
+    else if (m_mapping.type == c_diamond)
+    {
+      SetDiamondAxis(0, Normalized(ab, inp_msgPointBAtPointA));
+      SetDiamondAxis(1, Normalized(ac, inp_msgPointCAtPointA));
+      SetDiamondAxis(2, Normalized(gsl_Vector(m_mapping.a, m_mapping.d), inp_msgPointDAtPointA));
+    }
+    else if (m_keyword.data.Rows() > 0 && m_keyword.data.Cols(0) >= 4)
+    {
+      m_mapping.torusRadius = ab.ComputeMagnitude();
+      SetAxesInPlane(ab, ac);
     }
   }
-  else if (keyword.data.Rows() > 0 && keyword.data.Cols(0) >= 4)
+
+  void SetDiamondAxis(int column, gsl_Vector const& axis)
   {
-    mapping.torusRadius = ab.ComputeMagnitude();
-    gsl_Vector const x = normalized(ab, inp_msgXAxisUndefined);
-    if (keyword.data.HasValue(1, 0))
+    m_mapping.diamondAxes[0][column] = axis.X();
+    m_mapping.diamondAxes[1][column] = axis.Y();
+    m_mapping.diamondAxes[2][column] = axis.Z();
+  }
+
+  /// Without point C the z-axis stays.
+  void SetAxesInPlane(gsl_Vector const& ab, gsl_Vector const& ac)
+  {
+    gsl_Vector const x = Normalized(ab, inp_msgXAxisUndefined);
+    if (m_keyword.data.HasValue(1, 0))
     {
-      gsl_Vector const inPlane = normalized(ac, inp_msgYAxisUndefined);
-      gsl_Vector const z = normalized(x.CrossProduct(inPlane), inp_msgXAndYAxesParallel);
-      mapping.motion.SetRotationVectors(x, z.CrossProduct(x), z);
+      gsl_Vector const inPlane = Normalized(ac, inp_msgYAxisUndefined);
+      gsl_Vector const z = Normalized(x.CrossProduct(inPlane), inp_msgXAndYAxesParallel);
+      m_mapping.motion.SetRotationVectors(x, z.CrossProduct(x), z);
     }
     else
     {
       gsl_Vector const z(0.0, 0.0, 1.0);
-      gsl_Vector const y = normalized(z.CrossProduct(x), inp_msgXAndZAxesParallel);
-      mapping.motion.SetRotationVectors(y.CrossProduct(z), y, z);
+      gsl_Vector const y = Normalized(z.CrossProduct(x), inp_msgXAndZAxesParallel);
+      m_mapping.motion.SetRotationVectors(y.CrossProduct(z), y, z);
     }
   }
-}
 
-void inp_NodeVisitor::VisitNmap(inp_Keyword& keyword)
+  template <class Message>
+  gsl_Vector Normalized(gsl_Vector vector, Message const& message)
+  {
+    if (!vector.Normalize())
+    {
+      m_visitor.Say(message, m_keyword);
+    }
+    return vector;
+  }
+
+  inp_NodeVisitor& m_visitor;
+  inp_Keyword const& m_keyword;
+  inp_NumberFields m_fields;
+  Mapping m_mapping;
+};
+
+/// The set that a mapping moves; null when there is none, or when the keyword moves nothing.
+inpM_BaseSet const* inp_NodeVisitor::FindSetToMap(inp_Keyword const& keyword)
 {
   if (!instanceTransform.IsIdentity())
   {
     Say(inp_msgMapOfPositionedInstance, keyword);
-    return;
+    return nullptr;
   }
   cow_String const name = keyword.NameIn("nset");
   if (name.Empty() || !keyword.HasParameter("type"))
   {
     Say(inp_msgMapParametersMissing, keyword);
-    return;
+    return nullptr;
   }
-  cow_String const type = keyword.GetParameterAsString("type", "");
-  if (type == "BLENDED")
+  if (keyword.GetParameterAsString("type", "") == "BLENDED")
   {
     if (reportBlended)
     {
       Say(inp_msgMapBlended, keyword);
     }
-    return;
+    return nullptr;
   }
   inpM_BaseSet const* const set = sets.ConstFindNestedSet(SetScope(), name);
   if (set == nullptr)
   {
     Say(inp_msgNodeSetMissing, keyword, name);
-    return;
   }
-  mappingEnm known = c_translation;
-  inp_CoordMap* const map = TargetMap(keyword);
-  if (!computeGeometry || map == nullptr || !FindMapping(type, known))
+  return set;
+}
+
+// *NMAP rows: TRANSLATION xA, .. zB / factor. ROTATION xA, .. zB / xC, yC, zC / angle.
+// SCALE xA, yA, zA / sx, sy, sz. Others xA, .. zB / xC, .. zD / sx, sy, sz.
+void inp_NodeVisitor::VisitNmap(inp_Keyword& keyword)
+{
+  inpM_BaseSet const* const set = FindSetToMap(keyword);
+  inp_CoordMap* const map = set != nullptr ? TargetMap(keyword) : nullptr;
+  mappingEnm type = c_translation;
+  if (!computeGeometry || map == nullptr ||
+      !FindMapping(keyword.GetParameterAsString("type", ""), type))
   {
     return;
   }
-  Mapping mapping;
-  ReadMapping(keyword, type, mapping);
+  MappingReader reader(*this, keyword, type);
+  Mapping const& mapping = reader.Read();
   for (int const id : set->ConstGetIds())
   {
     if (map->IsMember(id) && !Store(keyword, *map, id, mapping.Move(map->ConstGet(id))))

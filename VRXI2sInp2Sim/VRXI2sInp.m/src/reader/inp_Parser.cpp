@@ -1,9 +1,7 @@
 #include "inp_Parser.h"
 
 #include "VRXBasException.h"
-#include "inp_CurrentPlace.h"
 #include "inp_KeywordEnm.h"
-#include "inp_KeywordTable.h"
 #include "inp_ParserExceptions.h"
 #include "inp_RawDataArrayImpl.h"
 #include "inp_ReaderMessages.h"
@@ -21,7 +19,6 @@ namespace
 {
 
 constexpr int c_longestLine = 256;
-constexpr int c_longestItem = 255;
 constexpr int c_expectedKeywords = 16384;
 constexpr int c_mostErrors = 25;
 constexpr int c_debugFlag = 30;
@@ -38,15 +35,8 @@ char const* SkipSpace(char const* text)
   return text;
 }
 
-/// The head of a line that may be a keyword or a comment; all others are data at one look.
+/// A line that begins otherwise is neither a keyword nor a comment: it need not be looked at further.
 bool MayBeOption(char first) { return first == '*' || first == '\v' || first == '\f'; }
-
-bool EndsInComma(cow_String const& text)
-{
-  return text.Length() > 0 && text.CStr()[text.Length() - 1] == ',';
-}
-
-cow_String Trimmed(cow_String text) { return text.LeftTrim(" \t").RightTrim(" \t"); }
 
 bool HasSeparatingComma(char const* line)
 {
@@ -62,7 +52,8 @@ bool HasSeparatingComma(char const* line)
   return false;
 }
 
-/// Keeps a message unless there are enough of them; the first one too many is kept, with a notice.
+/// Keeps a message unless the list is full. The 26th message is kept too, and a notice behind it says that
+/// there will be no more.
 void SaveUpToLimit(cow_List<atr_String>& list, atr_String const& message, atr_String const& notice)
 {
   if (list.Length() <= c_mostErrors)
@@ -133,10 +124,10 @@ char* inp_Parser::Readline()
   return m_line;
 }
 
-/// What is rare of a line: it was cut, or it is encrypted.
+/// Looks after truncated and encrypted lines.
 void inp_Parser::CheckLine()
 {
-  // One character too many at the very end of a file goes without a word.
+  // At the very end of a file one character too many is cut off without a warning.
   if (CutBytes() > 1 || (CutBytes() == 1 && EndedByLineFeed()))
   {
     SaveWarning(atr_Say(inp_msgLineTruncated, m_lineNumber), m_lineNumber);
@@ -222,10 +213,11 @@ cow_List<inp_Keyword> inp_Parser::Parse(bool strict)
 {
   omi_Timer timer;
   timer.Start();
+  m_strict = strict;
   OpenFile();
   try
   {
-    ParseKeywords(strict);
+    ParseKeywords();
   }
   catch (inp_EncryptionException const& fault)
   {
@@ -262,13 +254,13 @@ void inp_Parser::OpenFile()
   m_filesRead.Append(Outcome(m_fileName));
   if (outcome == aio_utf16)
   {
-    throw nex_AtrException(Placed(atr_Say(inp_msgFileIsUtf16, m_fileName)));
+    throw nex_AtrException(WithOrigin(atr_Say(inp_msgFileIsUtf16, m_fileName)));
   }
   std::fprintf(stderr, "inp_Parser ERROR: could not open file: '%s'\n", m_fileName.CStr());
-  throw nex_AtrException(Placed(atr_Say(inp_msgCouldNotOpen, m_fileName)));
+  throw nex_AtrException(WithOrigin(atr_Say(inp_msgCouldNotOpen, m_fileName)));
 }
 
-/// What is to be said of the file as a whole.
+/// Reports what concerns the file as a whole, once it has been read.
 void inp_Parser::ReportFile()
 {
   m_filesRead.Append(Outcome(m_fileName));
@@ -286,12 +278,12 @@ void inp_Parser::ReportFile()
   }
 }
 
-void inp_Parser::ParseKeywords(bool strict)
+void inp_Parser::ParseKeywords()
 {
   SkipToNextKeyword(true);
   while (!m_endOfFile)
   {
-    ParseOneKeyword(strict);
+    ParseOneKeyword();
   }
 }
 
@@ -306,7 +298,7 @@ void inp_Parser::NoteLostKeyword()
   ++m_keywordsLost;
 }
 
-/// At the place of the first of them.
+/// The message stands at the first keyword that was lost.
 void inp_Parser::ReportLostKeywords()
 {
   m_keywordLine = m_firstLostLine;
@@ -314,252 +306,87 @@ void inp_Parser::ReportLostKeywords()
   saveFatalError(atr_Say(inp_msgMemoryFailures, cow_String(m_memoryFailures)));
 }
 
-/// The edge at which every fault of a keyword becomes a message.
-void inp_Parser::ParseOneKeyword(bool strict)
+/// Whatever goes wrong with a keyword becomes a message here, and reading resumes at the next one.
+void inp_Parser::ParseOneKeyword()
 {
   try
   {
-    inp_Keyword keyword = ParseKeyword(strict);
-    if (!m_hasPassword && typ_DebugFlags::GetDebugFlags(c_debugFlag) >= 2)
-    {
-      pnt_debugPrint().StartDebug() << "Creating keyword: \"" << keyword.Name() << "\".\n";
-      pnt_debugPrint().EndDebug();
-    }
-    if (keyword.Is(inp_kwInclude))
-    {
-      m_keywords.Concatenate(IncludeFile(keyword, strict));
-    }
-    else
-    {
-      m_keywords.Append(std::move(keyword));
-    }
+    TakeUpKeyword(ParseKeyword());
     return;
-  }
-  catch (inp_NoInputParameterException const& fault)
-  {
-    saveFatalError(fault.UserReport());
-  }
-  catch (inp_MissingIncludeFileException const& fault)
-  {
-    if (strict)
-    {
-      saveFatalError(fault.UserReport());
-    }
-  }
-  catch (inp_UnreadableIncludeFileException const& fault)
-  {
-    saveFatalError(fault.UserReport());
-  }
-  catch (inp_CircularIncludeFileException const& fault)
-  {
-    saveFatalError(fault.UserReport());
-  }
-  catch (inp_ParameterException const&)
-  {
-    VRXBasRaiseAssert("\"Parameter exception should have been caught\" == 0", __FILE__, __LINE__);
-  }
-  catch (inp_MemoryException const&)
-  {
-    NoteLostKeyword();
-  }
-  catch (nex_AtrException const& fault)
-  {
-    saveError(fault.UserReport());
-  }
-  catch (std::bad_alloc const&)
-  {
-    NoteLostKeyword();
   }
   catch (...)
   {
-    saveError(atr_Say(inp_msgUnknownException));
+    SaveFault();
   }
   SkipToNextKeyword(false);
 }
 
-// ---- one keyword ----
-
-cow_String inp_Parser::AppendContinuationLines(char const* line, bool strict)
+void inp_Parser::TakeUpKeyword(inp_Keyword&& keyword)
 {
-  cow_String text(line);
-  while (EndsInComma(text))
+  if (!m_hasPassword && typ_DebugFlags::GetDebugFlags(c_debugFlag) >= 2)
   {
-    char const* const next = Readline();
-    VRXBasAssert(next != nullptr, "cdata != 0");
-    if (*next == '\0')
-    {
-      return text.RightTrim(", ");
-    }
-    if (IsKeyword(next))
-    {
-      if (strict)
-      {
-        throw inp_InvalidContinuationLineException(m_lineNumber, m_fileName,
-                                                   atr_Say(inp_msgKeywordOnContinuationLine, text));
-      }
-    }
-    else if (!IsComment(next))
-    {
-      text.Append(next);
-    }
+    pnt_debugPrint().StartDebug() << "Creating keyword: \"" << keyword.Name() << "\".\n";
+    pnt_debugPrint().EndDebug();
   }
-  return text;
-}
-
-inp_Keyword inp_Parser::ParseKeyword(bool strict)
-{
-  char const* const line = Readline();
-  VRXBasAssert(line != nullptr, "data != 0");
-  VRXBasAssert(IsKeyword(line), "IsKeyword(data)");
-  m_keywordLine = m_lineNumber;
-  m_keywordName.Erase();
-  inp_CurrentPlace::Set(m_fileName, m_lineNumber);
-  inp_Keyword keyword;
-  keyword.lineNumber = m_lineNumber;
-  keyword.fileName = FileName();
-  keyword.encrypted = m_hasPassword;
-  keyword.rawSource = m_rawSource;
-  cow_String const text = AppendContinuationLines(line, strict);
-  keyword.comments = m_pendingComments;
-  m_pendingComments.Clear();
-  m_hasPendingComments = false;
-
-  int const comma = text.Find(",");
-  cow_String const written = text.Substr(1, comma - 1).ToLower().Trim(" \t");
-  ResolveName(keyword, written);
-  if (comma < text.Length())
+  if (keyword.Is(inp_kwInclude))
   {
-    ReadParameters(keyword, written, Trimmed(text.Substr(comma + 1)), strict);
-  }
-  if (!keyword.Is(inp_kwInclude))
-  {
-    ReadData(keyword);
-  }
-  return keyword;
-}
-
-void inp_Parser::ResolveName(inp_Keyword& keyword, cow_String const& written)
-{
-  inp_KeywordTable const& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
-  inp_KeywordTable::Match const match = table.Resolve(written);
-  keyword.keyword = match.name != nullptr ? table.Enum(*match.name) : inp_kwUndefined;
-  // The row for "no keyword" has a name, too, and "undef" would abbreviate it.
-  if (keyword.keyword != inp_kwUndefined)
-  {
-    m_keywordName = *match.name;
-  }
-  else if (match.ambiguous)
-  {
-    throw inp_AmbiguousKeywordException(m_keywordLine, m_fileName, written);
+    m_keywords.Concatenate(IncludeFile(keyword));
   }
   else
   {
-    throw inp_UnknownKeywordException(m_keywordLine, m_fileName, written);
+    m_keywords.Append(std::move(keyword));
   }
 }
 
-void inp_Parser::ReadParameters(inp_Keyword& keyword, cow_String const& written,
-                                cow_String const& text, bool strict)
+/// Keeps the exception that is being handled as a message, or as a keyword lost for want of memory.
+void inp_Parser::SaveFault()
+try
 {
-  try
-  {
-    ParseParameters(keyword, text, strict);
-  }
-  catch (inp_ParameterException const& fault)
-  {
-    throw inp_KeywordParameterException(m_keywordLine, m_fileName, cow_String(written).ToUpper(),
-                                        fault);
-  }
+  throw;
 }
-
-cow_List<cow_String> inp_Parser::Split(cow_String const& text)
+catch (inp_NoInputParameterException const& fault)
 {
-  cow_List<cow_String> pieces;
-  bool inQuotes = false;
-  int begin = 0;
-  for (int at = 0; at <= text.Length(); ++at)
-  {
-    bool const atEnd = at == text.Length();
-    char const c = text.CStr()[at];
-    if (c == '"')
-    {
-      inQuotes = !inQuotes;
-    }
-    else if (atEnd || (c == ',' && !inQuotes))
-    {
-      cow_String const piece = Trimmed(text.Substr(begin, at - begin));
-      if (piece.Length() > 0)
-      {
-        pieces.Append(piece);
-      }
-      begin = at + 1;
-    }
-  }
-  if (inQuotes)
-  {
-    throw inp_MissingEndQuoteException(text);
-  }
-  return pieces;
+  saveFatalError(fault.UserReport());
 }
-
-void inp_Parser::ParseParameters(inp_Keyword& keyword, cow_String const& text, bool strict)
+catch (inp_MissingIncludeFileException const& fault)
 {
-  cow_Map<cow_String, inp_Item> parameters;
-  for (cow_String const& piece : Split(text))
+  if (m_strict)
   {
-    ParseParameter(keyword, piece, parameters, strict);
+    saveFatalError(fault.UserReport());
   }
-  keyword.parameters = parameters;
 }
-
-void inp_Parser::ParseParameter(inp_Keyword const& keyword, cow_String const& piece,
-                                cow_Map<cow_String, inp_Item>& parameters, bool strict)
+catch (inp_UnreadableIncludeFileException const& fault)
 {
-  int const equals = piece.Find("=");
-  cow_String name = piece.Substr(0, equals);
-  cow_String const value = equals < piece.Length() ? piece.Substr(equals + 1) : cow_String();
-  if (inp_Types::IsParameter(name.View()))
-  {
-    name.ToLower().Trim(" \t");
-  }
-  else if (strict)
-  {
-    throw inp_InvalidParameterException(piece);
-  }
-  if (parameters.IsMember(name))
-  {
-    atr_String const message = value.Length() == 0
-                                 ? atr_Say(inp_msgRepeatedParameter, name)
-                                 : atr_Say(inp_msgRepeatedParameterValue, name, value);
-    m_warnings.Append(inp_Utils::MessageInKeyword(keyword, message));
-  }
-  parameters.Insert(name, value.Length() == 0 ? inp_Item(true)
-                                              : ParseValue(keyword, name, value, strict));
+  saveFatalError(fault.UserReport());
 }
-
-inp_Item inp_Parser::ParseValue(inp_Keyword const& keyword, cow_String const& name,
-                                cow_String const& value, bool strict)
+catch (inp_CircularIncludeFileException const& fault)
 {
-  inp_Item const item(value);
-  if (strict && item.Type() == inp_Types::inp_NONE)
-  {
-    throw inp_InvalidParameterValueException(value, name);
-  }
-  // A longer text would overrun the buffers through which names are rewritten.
-  int const length = inp_Utils::LengthWithoutSpaces(value.CStr());
-  if (item.Type() == inp_Types::inp_STRING && length > c_longestItem)
-  {
-    throw inp_ParameterException(atr_Say(inp_msgParameterValueTooLong, name, length));
-  }
-  if (item.Type() == inp_Types::inp_STRING && inp_Types::IsInteger(item.AsString().View()))
-  {
-    m_warnings.Append(
-      inp_Utils::MessageInKeyword(keyword, atr_Say(inp_msgIntegerOutOfRange, value, name)));
-  }
-  return item;
+  saveFatalError(fault.UserReport());
+}
+catch (inp_ParameterException const&)
+{
+  VRXBasRaiseAssert("\"Parameter exception should have been caught\" == 0", __FILE__, __LINE__);
+}
+catch (inp_MemoryException const&)
+{
+  NoteLostKeyword();
+}
+catch (nex_AtrException const& fault)
+{
+  saveError(fault.UserReport());
+}
+catch (std::bad_alloc const&)
+{
+  NoteLostKeyword();
+}
+catch (...)
+{
+  saveError(atr_Say(inp_msgUnknownException));
 }
 
-/// The loop over data lines: what it does to a line that begins no option is the reader's hot path.
+// ---- data lines ----
+
+/// Reads the data lines of a keyword, comments among them: the innermost loop of the reader.
 void inp_Parser::ReadData(inp_Keyword& keyword)
 {
   inp_RawDataArrayImpl& rows = static_cast<inp_RawDataArrayImpl&>(keyword.data.Impl());
@@ -591,24 +418,28 @@ void inp_Parser::ReadData(inp_Keyword& keyword)
     if (isText)
     {
       rows.AppendRaw(line);
+      continue;
     }
-    else
+    DropPendingComments();
+    if (keepsRows)
     {
-      if (m_hasPendingComments)
-      {
-        m_pendingComments.Clear();
-        m_hasPendingComments = false;
-      }
-      if (keepsRows)
-      {
-        rows.AppendLine(line, static_cast<std::size_t>(m_length));
-      }
+      rows.AppendLine(line, static_cast<std::size_t>(m_length));
     }
   }
 }
 
-/// A line that is one item as long as the line may be would overrun the buffers through which items
-/// are rewritten. It is left out with an error.
+/// Comments with a data line below them belong to no keyword.
+void inp_Parser::DropPendingComments()
+{
+  if (m_hasPendingComments)
+  {
+    m_pendingComments.Clear();
+    m_hasPendingComments = false;
+  }
+}
+
+/// Leaves out a line of a single item of 256 characters, with an error: it would overrun the buffers
+/// through which items are rewritten.
 bool inp_Parser::RefusesLine(inp_Keyword const& keyword, char const* line, bool isText)
 {
   int const length = inp_Utils::LengthWithoutSpaces(line);
@@ -623,7 +454,7 @@ bool inp_Parser::RefusesLine(inp_Keyword const& keyword, char const* line, bool 
 
 // ---- messages ----
 
-atr_String inp_Parser::Placed(atr_String message) const
+atr_String inp_Parser::WithOrigin(atr_String message) const
 {
   atr_Origin origin = message.Origin() != nullptr ? *message.Origin() : atr_Origin();
   if (origin.line == 0)
@@ -641,12 +472,12 @@ atr_String inp_Parser::Placed(atr_String message) const
 
 void inp_Parser::saveError(atr_String const& message)
 {
-  SaveUpToLimit(m_errors, Placed(message), atr_Say(inp_msgNoMoreErrors));
+  SaveUpToLimit(m_errors, WithOrigin(message), atr_Say(inp_msgNoMoreErrors));
 }
 
 void inp_Parser::saveFatalError(atr_String const& message)
 {
-  SaveUpToLimit(m_fatalErrors, Placed(message), atr_Say(inp_msgNoMoreFatalErrors));
+  SaveUpToLimit(m_fatalErrors, WithOrigin(message), atr_Say(inp_msgNoMoreFatalErrors));
 }
 
 void inp_Parser::SaveWarning(atr_String const& message, int line)
@@ -654,7 +485,7 @@ void inp_Parser::SaveWarning(atr_String const& message, int line)
   m_warnings.Append(AtLine(message, line));
 }
 
-/// The message with a line of the file as its place; line 0 is the file as a whole.
+/// The message with a line of this file as its origin; line 0 stands for the file as a whole.
 atr_String inp_Parser::AtLine(atr_String message, int line) const
 {
   atr_Origin origin = *message.Origin();

@@ -38,7 +38,7 @@ cow_String TextOf(inp_Item const* item)
 
 } // namespace
 
-cow_List<inp_Keyword> inp_Parser::IncludeFile(inp_Keyword const& includeKeyword, bool strict)
+cow_List<inp_Keyword> inp_Parser::IncludeFile(inp_Keyword const& includeKeyword)
 {
   cow_String const name =
     inp_Utils::WithoutQuotes(TextOf(FindAbbreviated(includeKeyword, "input")));
@@ -57,19 +57,19 @@ cow_List<inp_Keyword> inp_Parser::IncludeFile(inp_Keyword const& includeKeyword,
                                                   m_throwOnDecryptFailure, m_keepData, m_rawSource,
                                                   startLine, endLine);
   child->m_includeLevel = m_includeLevel + 1;
-  cow_List<inp_Keyword> included = ParseChild(*child, strict);
+  cow_List<inp_Keyword> included = ParseChild(*child);
   MergeFrom(*child);
   TakeUpSkippedLines(*child);
   TakeUpFollowingLines(included);
   return included;
 }
 
-/// A file that could not be read at all is known to have been tried.
-cow_List<inp_Keyword> inp_Parser::ParseChild(inp_Parser& child, bool strict)
+/// Reads the included file. One that cannot be opened is among the files read all the same.
+cow_List<inp_Keyword> inp_Parser::ParseChild(inp_Parser& child)
 {
   try
   {
-    return child.Parse(strict);
+    return child.Parse(m_strict);
   }
   catch (nex_AtrException const&)
   {
@@ -78,8 +78,8 @@ cow_List<inp_Keyword> inp_Parser::ParseChild(inp_Parser& child, bool strict)
   }
 }
 
-/// Lines are numbered as in the file. A range that makes no sense is reported, and the whole file
-/// is read.
+/// The range of lines that STARTLINE and ENDLINE choose, the first line of the file being 1. For a range
+/// that makes no sense there is an error, and the whole file is read.
 void inp_Parser::ReadLineRange(inp_Keyword const& includeKeyword, int& startLine, int& endLine)
 {
   inp_Item const* const start = includeKeyword.parameters.ConstFind("startline");
@@ -115,35 +115,50 @@ void inp_Parser::ReadLineRange(inp_Keyword const& includeKeyword, int& startLine
   }
 }
 
-/// The absolute path of the file, looked for in the working directory and then in the include
+/// The absolute path of the file, which is looked for in the working directory and then in the include
 /// directory.
 cow_String inp_Parser::FindIncludeFile(cow_String const& name)
 {
-  int const line = m_keywordLine;
   if (name.Length() == 0)
   {
-    throw inp_NoInputParameterException(line, m_fileName);
+    throw inp_NoInputParameterException(m_keywordLine, m_fileName);
   }
   if (name.CStr()[0] == '<' && name.CStr()[name.Length() - 1] == '>')
   {
-    throw inp_ParameterizedIncludeFileException(line, m_fileName, name);
+    throw inp_ParameterizedIncludeFileException(m_keywordLine, m_fileName, name);
   }
   VRXBasUtlFilePath path(cow_String(), name);
   if (!path.Exists())
   {
     path.SetFilePath(m_directoryName, name);
   }
+  CheckIncludeFile(path, name);
+  cow_String const absolute = path.AbsolutePathName();
+  if (m_includeChain.IsMember(absolute))
+  {
+    throw inp_CircularIncludeFileException(m_keywordLine, m_fileName, name);
+  }
+  if (m_includeLevel >= c_deepestInclude)
+  {
+    throw nex_AtrException(atr_Say(inp_msgIncludesTooDeep, name, c_deepestInclude));
+  }
+  return absolute;
+}
+
+/// Raises what keeps the file at `path` from being read; `name` is its name in the deck.
+void inp_Parser::CheckIncludeFile(VRXBasUtlFilePath const& path, cow_String const& name)
+{
   if (!path.Exists())
   {
     if (!(name == "None"))
     {
       m_missingIncludeFiles.AppendUnlessMember(path.FileName());
     }
-    throw inp_MissingIncludeFileException(line, m_fileName, name);
+    throw inp_MissingIncludeFileException(m_keywordLine, m_fileName, name);
   }
   if (!path.IsReadable())
   {
-    throw inp_UnreadableIncludeFileException(line, m_fileName, name);
+    throw inp_UnreadableIncludeFileException(m_keywordLine, m_fileName, name);
   }
   if (path.IsDir())
   {
@@ -153,19 +168,9 @@ cow_String inp_Parser::FindIncludeFile(cow_String const& name)
   {
     throw nex_AtrException(atr_Say(inp_msgIncludeFileNotRegular, name));
   }
-  cow_String const absolute = path.AbsolutePathName();
-  if (m_includeChain.IsMember(absolute))
-  {
-    throw inp_CircularIncludeFileException(line, m_fileName, name);
-  }
-  if (m_includeLevel >= c_deepestInclude)
-  {
-    throw nex_AtrException(atr_Say(inp_msgIncludesTooDeep, name, c_deepestInclude));
-  }
-  return absolute;
 }
 
-/// The child's warnings stay behind.
+/// Takes over what the included file has brought, but for its warnings.
 void inp_Parser::MergeFrom(inp_Parser const& child)
 {
   m_errors.Concatenate(child.m_errors);
@@ -183,8 +188,12 @@ void inp_Parser::MergeFrom(inp_Parser const& child)
   m_totalBytes += child.m_totalBytes;
 }
 
-/// Data lines at the head of the included file go on with the keyword before the *INCLUDE. A whole
-/// mesh may come this way, so rows change hands and are not made again.
+/// Data lines at the head of an included file belong to the keyword above the *INCLUDE:
+///
+///     *NODE                       nodes.inp:   1, 0., 0.      both rows are
+///     *INCLUDE, INPUT=nodes.inp                2, 1., 0.      rows of *NODE
+///
+/// A whole mesh may come this way, so the blocks of the rows change their owner and are not copied.
 void inp_Parser::TakeUpSkippedLines(inp_Parser& child)
 {
   inp_RawDataArrayImpl& lines = child.m_skippedDataLines;
@@ -225,7 +234,7 @@ bool inp_Parser::TakeUpSkippedLine(inp_RawDataArrayImpl& lines, int row)
   {
     return false;
   }
-  // Only a line of one item can hold one that is too long.
+  // A line with a separating comma passes, however long its items are.
   if (lines.Cols(row) > 1 || !RefusesLine(keyword, lines.RowText(row), true))
   {
     static_cast<inp_RawDataArrayImpl&>(keyword.data.Impl()).TakeRow(lines, row);
@@ -233,7 +242,8 @@ bool inp_Parser::TakeUpSkippedLine(inp_RawDataArrayImpl& lines, int row)
   return true;
 }
 
-/// Data lines below the *INCLUDE go on with the last keyword so far.
+/// Data lines below the *INCLUDE belong to the last keyword of the included file, or, where that has
+/// none, to the last one above the *INCLUDE.
 void inp_Parser::TakeUpFollowingLines(cow_List<inp_Keyword>& included)
 {
   for (char* line = Readline(); !m_endOfFile; line = Readline())

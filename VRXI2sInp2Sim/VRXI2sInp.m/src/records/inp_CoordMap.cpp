@@ -44,7 +44,7 @@ inp_Coord inp_CoordMap::ConstGet(int label, inp_Coord const& fallback) const
   return transformation.IsIdentity() ? *stored : Positioned(*stored);
 }
 
-// A node that came after the renumbering has no new number and keeps its label.
+// A node that was inserted after the renumbering has no new number and keeps its label.
 inp_MapInt2Coord inp_CoordMap::ConstGet() const
 {
   if (transformation.IsIdentity() && localIds.IsEmpty())
@@ -130,8 +130,8 @@ void inp_CoordMap::ChangeInstanceName(cow_String const& from, cow_String const& 
   instances = renamed;
 }
 
-// The names are gathered first, here and below: a walk over the children shares them, and a write
-// would copy each.
+// The names are listed first, here and below: an iterator shares the children as long as it lives, and so
+// each one that is written to would be copied.
 void inp_CoordMap::Transform(gsl_Matrix const& matrix)
 {
   transformation.Concatenate(matrix);
@@ -141,7 +141,7 @@ void inp_CoordMap::Transform(gsl_Matrix const& matrix)
   }
 }
 
-// The translation from new numbers to stored labels is what the id map holds as its way back.
+// The way back of the id map, from new numbers to user labels, is the table by which nodes are read.
 template <class Numbering>
 inpM_IdMap inp_CoordMap::RenumberOwn(Numbering const& numberOf)
 {

@@ -89,7 +89,7 @@ inp_Element::inp_Element(inp_Element const& other)
   TakeNodes(other.m_numNodesPerElement, other.m_topology);
 }
 
-// Nodes in the other's own block cannot be taken away from it.
+// Nodes that lie in the other element's own block cannot be taken over: they are copied.
 inp_Element::inp_Element(inp_Element&& other)
   : inp_Element(other.m_type, other.m_numNodesPerElement, other.m_numNodesDefined,
                 other.m_nodeOffset, other.m_solidElementNumbering)

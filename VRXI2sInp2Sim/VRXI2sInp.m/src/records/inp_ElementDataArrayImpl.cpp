@@ -25,16 +25,21 @@ template <class Row>
   throw nex_AtrException(atr_Say(row));
 }
 
-/// Rows that an element of so many nodes takes.
+/// The number of rows of an element with so many nodes.
 int RowsOfElement(int nodes)
 {
   int const overFirst = nodes - inp_ElementDataArrayImpl::c_nodesInFirstRow;
   return overFirst <= 0 ? 1 : static_cast<int>(std::ceil(overFirst * 0.0625)) + 1;
 }
 
-/// Reads up to 7 digits that a NUL ends, all at once, and gives their end; null for any other text.
-/// The text must lie in a block that is aligned to 16 and a multiple of 16 long, as rows are: then 8
-/// bytes may be read wherever they do not cross a boundary of 16.
+/// Reads up to 7 digits with a NUL behind them and returns their end; null for any other text.
+///
+/// All digits are converted at once, as the bytes of one integer: first neighbouring digits are joined to
+/// numbers below 100, 10 a + b for each pair of bytes, and then two multiplications add up the four pairs
+/// with their powers of ten.
+///
+/// The text must lie in a block that is aligned to 16 and a multiple of 16 long, as those of rows are. Then
+/// 8 bytes may be read, whatever they hold, wherever they do not cross a multiple of 16.
 char const* ReadShortNumber(char const* text, int& value)
 {
   if constexpr (std::endian::native != std::endian::little)
@@ -62,8 +67,8 @@ char const* ReadShortNumber(char const* text, int& value)
   return text + count;
 }
 
-/// The number at the head of a cell, and the cell's end. `isExact` becomes false when the number does not
-/// tell what the cell is.
+/// The number that a cell begins with, and the cell's end. `isExact` becomes false when the cell holds
+/// something else as well, or a 0, which would be taken for a blank cell.
 int ReadCell(char const* cell, char const*& end, bool& isExact)
 {
   char const* at = cell;
@@ -210,7 +215,7 @@ void inp_ElementDataArrayImpl::Allocate(int rowCount, std::size_t cellCount)
   m_expected = cellCount;
 }
 
-/// Room for the cells of a row: behind those before, or else in a new block.
+/// Room for the cells of a row, in the block at hand or, where that has not enough, in a new one.
 int* inp_ElementDataArrayImpl::TakeCells(std::size_t count)
 {
   if (count > static_cast<std::size_t>(m_end - m_next))
@@ -233,7 +238,7 @@ int* inp_ElementDataArrayImpl::TakeCells(std::size_t count)
   return std::exchange(m_next, m_next + count);
 }
 
-/// The next row; its cells are for the caller to fill.
+/// Adds a row and returns its cells, which the caller fills.
 int* inp_ElementDataArrayImpl::AddRow(int columns)
 {
   int* const cells = TakeCells(static_cast<std::size_t>(columns));

@@ -141,7 +141,8 @@ std::size_t inp_MapInt2Element::Bytes() const
   return bytes;
 }
 
-// A cell is emptied before its element goes, so that whatever happens each element has one owner.
+// The only owner of a table hands its elements over; any other copies them. A cell is emptied before its
+// element is put in elsewhere, so that an element has one owner also when that raises.
 template <class Numbering>
 inp_MapInt2Element inp_MapInt2Element::Renumbered(Numbering const& numberOf)
 {
@@ -198,8 +199,8 @@ void inp_MapInt2ElementIT::PassNull()
   }
 }
 
-// Get comes before the count of sharers is looked at: it parts this level's handle from those of
-// copies of the level. The names are gathered first, as a walk over the children would share them.
+// Get is called before Renumbered counts the owners of the table: it separates this level from its copies.
+// The names are listed first, since an iterator over the children would share them.
 template <>
 inpM_IdMap inpM_InstanceMap<inp_MapInt2Element>::Renumber(int first, bool keepIds)
 {

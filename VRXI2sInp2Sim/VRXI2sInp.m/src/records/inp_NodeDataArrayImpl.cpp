@@ -28,7 +28,7 @@ template <class Row, class... Arguments>
 
 bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-/// A label of digits alone, the form that nearly every row has; 0 for any other text.
+/// A label that consists of digits alone, as nearly all do; 0 for any other text.
 int PlainLabel(char const* cell)
 {
   while (*cell == ' ' || *cell == '\t')
@@ -66,7 +66,7 @@ int ReadLabel(inp_RawDataArrayImpl const& raw, int row)
     return 0;
   }
   cow_String const text = raw.AsString(row, 0);
-  // A cell of ten digits counts as a real elsewhere; here it is a label that is too long.
+  // A cell of ten digits has the type of a real number. Here it is a label that is too long.
   inp_Types::typeEnm const type = raw.Type(row, 0);
   if (type != inp_Types::inp_INTEGER && !(type == inp_Types::inp_REAL && IsAllDigits(text)))
   {
@@ -84,7 +84,7 @@ int ReadLabel(inp_RawDataArrayImpl const& raw, int row)
   return label;
 }
 
-/// Reads a coordinate and gives the end of its cell, the NUL. False when the cell is no number.
+/// Reads a coordinate and finds the NUL that ends its cell. False when the cell is no finite number.
 bool ReadValue(char* cell, double& value, char*& cellEnd)
 {
   char const* end = nullptr;
@@ -105,7 +105,7 @@ bool ReadValue(char* cell, double& value, char*& cellEnd)
   return good;
 }
 
-/// Reads the values of a row; those that it does not have are 0. False when one is no number.
+/// Reads the values of a row; columns that are missing are 0. False when one is no finite number.
 bool ReadValues(char* text, int columns, double* values)
 {
   std::fill(values, values + inp_NodeDataArrayImpl::c_values, 0.0);
@@ -131,7 +131,7 @@ bool ReadValues(char* text, int columns, double* values)
   Raise(inp_msgNodeCoordinatesInvalid, list);
 }
 
-/// The rows as text, whatever form they are in: those of `data` itself, or made of its cells.
+/// The rows as text: `data` itself when it holds texts, or else rows that are made of its cells.
 inp_RawDataArrayImpl const& AsRaw(inp_DataArray const& data,
                                   std::unique_ptr<inp_RawDataArrayImpl>& made)
 {
@@ -176,7 +176,7 @@ inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(inp_NodeDataArrayImpl const& other)
   }
 }
 
-/// Nothing is kept of the present rows; the new ones hold anything.
+/// Replaces the rows by `size` new ones, whose values are not initialised.
 void inp_NodeDataArrayImpl::Allocate(int size)
 {
   nrows = 0;

@@ -5,8 +5,8 @@
 static_assert(std::is_trivially_copyable_v<inp_Coord> &&
               std::is_trivially_destructible_v<inp_Coord>);
 
-// The constructor that it goes through leaves a whole table, whose destructor frees what is copied so
-// far when the memory gives out.
+// Delegates to the default constructor, so that the table counts as built: when memory gives out half way,
+// its destructor frees what has been copied.
 omi_IntTableCoord::omi_IntTableCoord(omi_IntTableCoord const& other) : omi_IntTableCoord()
 {
   for (omi_IntTableIterator<void*> it(other); !it.IsDone(); it.Next())

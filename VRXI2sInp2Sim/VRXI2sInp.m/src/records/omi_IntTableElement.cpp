@@ -1,7 +1,7 @@
 #include "omi_IntTableElement.h"
 
-// The constructor that it goes through leaves a whole table, whose destructor deletes what is copied so
-// far when the memory gives out.
+// Delegates to the default constructor, so that the table counts as built: when memory gives out half way,
+// its destructor deletes what has been copied.
 omi_IntTableElement::omi_IntTableElement(omi_IntTableElement const& other) : omi_IntTableElement()
 {
   for (omi_IntTableIterator<void*> it(other); !it.IsDone(); it.Next())

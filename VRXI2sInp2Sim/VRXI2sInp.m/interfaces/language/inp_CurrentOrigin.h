@@ -4,7 +4,7 @@ class cow_String;
 
 /// The keyword that this thread is at work on: set by the reader at each keyword line and by a walk
 /// at each keyword, so that a program can say where an internal failure struck.
-class inp_CurrentPlace
+class inp_CurrentOrigin
 {
 public:
   static void Set(cow_String const& file, int line);

@@ -118,13 +118,13 @@ void inp_InputFile::ExtractAssemblyMaps(bool lumen)
                                       restartJob, false, "");
   generated.VisitListAndReport(keywords);
   maps.nodes = generated.GetCoordMap();
-  nodes.FinishNodeSets();
-  maps.nsets = nodes.GetSets();
 
   inp_NodeNumbers numbers(maps.nodes);
   elements.PutNumbers(numbers);
   maps.elements = elements.GetElements();
   maps.elsets = elements.GetSets(); // without elements that were left out
+  nodes.FinishNodeSets(numbers);
+  maps.nsets = nodes.GetSets();
 
   inp_AssemblySurfaceVisitor surfaces(maps, parts);
   surfaces.setInstancePartNames(instancePartNames);

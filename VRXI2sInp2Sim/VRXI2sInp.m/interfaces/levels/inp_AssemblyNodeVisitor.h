@@ -37,9 +37,9 @@ public:
   void Visit(inp_Keyword& keyword) override;
   void VisitInstance(inp_Keyword& keyword) override;
   void VisitEndInstance(inp_Keyword& keyword) override;
-  void VisitNset(inp_Keyword& keyword) override;
 
 protected:
+  bool MayChangeSet(inp_Keyword const& keyword, cow_String const& name) override;
   bool IsValidInstanceName(cow_String const& name) const override;
   NodePlace PlaceOfAssemblyNode(int node) override;
 

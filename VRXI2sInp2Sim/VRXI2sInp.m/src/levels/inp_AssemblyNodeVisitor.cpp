@@ -134,14 +134,14 @@ void inp_AssemblyNodeVisitor::VisitEndInstance(inp_Keyword& keyword)
   systemTransform.FillIdentity();
 }
 
-void inp_AssemblyNodeVisitor::VisitNset(inp_Keyword& keyword)
+/// An instance leaves the sets of its part as they are.
+bool inp_AssemblyNodeVisitor::MayChangeSet(inp_Keyword const& keyword, cow_String const& name)
 {
-  cow_String const name = keyword.NameIn("nset");
-  if (m_instanceName.Length() > 0 && m_instancePart.Length() > 0 &&
-      m_partNodeSets.HasNestedSet(m_instancePart, name))
+  bool const isOfPart = m_instanceName.Length() > 0 && m_instancePart.Length() > 0 &&
+                        m_partNodeSets.HasNestedSet(m_instancePart, name);
+  if (isOfPart)
   {
     Say(inp_msgNodeSetOfPartRedefined, keyword, name, m_instancePart, m_instanceName);
-    return;
   }
-  inp_NodeVisitor::VisitNset(keyword);
+  return !isOfPart;
 }

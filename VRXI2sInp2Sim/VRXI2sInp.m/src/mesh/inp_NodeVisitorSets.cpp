@@ -126,9 +126,9 @@ void inp_NodeVisitor::VisitNset(inp_Keyword& keyword)
   {
     return;
   }
-  ProcessInstanceParameter(keyword);
   if (!hasElset)
   {
+    ProcessInstanceParameter(keyword);
     ReadNodeSet(keyword, name);
   }
   else if (keyword.HasParameter("unsorted"))
@@ -162,10 +162,20 @@ void inp_NodeVisitor::ReadNodeSet(inp_Keyword const& keyword, cow_String const& 
 
 void inp_NodeVisitor::AddNodesOfElements(inp_Keyword const& keyword, cow_String const& name)
 {
-  cow_String const elset = keyword.NameIn("elset");
+  cow_String elset = keyword.NameIn("elset");
   if (elset.Empty())
   {
     return; // which the expansion has said
+  }
+  if (MeshScope().Empty())
+  {
+    cow_String const instanceName = keyword.NameIn("instance");
+    elset = instanceName.Empty() ? elset : instanceName + "." + elset;
+    if (!inp_ScopedField(elset, m_assemblyName).fits)
+    {
+      Say(inp_msgElementSetMissing, keyword, elset);
+      return;
+    }
   }
   bool const internal = keyword.HasParameter("internal");
   NodesOfElements found{elements,
@@ -328,7 +338,8 @@ bool inp_NodeVisitor::AddNodesOfScope(inp_Keyword const& keyword, cow_String con
   return true;
 }
 
-/// The nodes of an element set of the assembly, which may reach into instances.
+/// The nodes of an element set of the assembly, which may reach into instances. The walk ends with the first
+/// instance that lacks an element; what it has found counts.
 bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String const& elset,
                                          NodesOfElements& found)
 {
@@ -366,7 +377,7 @@ bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String 
     if (absent.Length() > 0)
     {
       SayItems(inp_msgElementsNotInInstance, keyword, absent, elset, instanceName);
-      return false;
+      break;
     }
   }
   return true;

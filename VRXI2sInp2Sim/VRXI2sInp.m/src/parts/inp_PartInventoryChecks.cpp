@@ -118,7 +118,7 @@ void inp_PartInventoryVisitor::checkInstanceSurfaceAndRigidBodyDefs()
 void inp_PartInventoryVisitor::CheckInstanceSurface(inp_SurfaceUses const& uses)
 {
   bool const isUnused = uses.isDefined && uses.count == 0 && !uses.isUsedAbove;
-  if (uses.isDefined && !isUnused)
+  if (uses.isRefused || (uses.isDefined && !isUnused))
   {
     return;
   }

@@ -68,6 +68,7 @@ void inp_InputFile::MakePartMaps(bool lumen)
   elements.VisitListAndReport(keywords);
   maps.elements = elements.GetElements();
   maps.elsets = elements.GetSets();
+  maps.userElements = elements.GetUserElements();
 
   inp_PartNodeVisitor nodes(maps, true);
   nodes.setLumenCompatible(lumen);
@@ -135,7 +136,7 @@ void inp_InputFile::ExtractAssemblyMaps(bool lumen)
 
 inp_PartMaps inp_InputFile::PartMaps() const
 {
-  return {{partCoordMap, partElementMap, partNsetMap, partElsetMap, partSurfaceMap}};
+  return {{partCoordMap, partElementMap, partNsetMap, partElsetMap, partSurfaceMap}, userElements};
 }
 
 inp_LevelMaps inp_InputFile::AssemblyMaps() const
@@ -151,6 +152,7 @@ void inp_InputFile::SetPartMaps(inp_PartMaps const& maps)
   partNsetMap = maps.nsets;
   partElsetMap = maps.elsets;
   partSurfaceMap = maps.surfaces;
+  userElements = maps.userElements;
 }
 
 void inp_InputFile::SetAssemblyMaps(inp_LevelMaps const& maps)

@@ -167,8 +167,15 @@ bool inp_NodeVisitor::GenerateRow(inp_Keyword const& keyword, int row, inp_Coord
     Say(inp_msgNgenRowInvalid, keyword, inp_RowText(data, row));
     return false;
   }
-  int const first = data.AsInt(row, 0);
-  int const last = data.AsInt(row, 1);
+  inp_NumberFields fields(keyword);
+  int const first = fields.Integer(row, 0);
+  int const last = fields.Integer(row, 1);
+  int const given = fields.Integer(row, 2);
+  if (fields.Errors().Length() > 0)
+  {
+    m_errorList.Concatenate(fields.Errors());
+    return true; // the next row follows
+  }
   if (!CheckLabel(keyword, first) || !CheckLabel(keyword, last))
   {
     return false;
@@ -178,7 +185,6 @@ bool inp_NodeVisitor::GenerateRow(inp_Keyword const& keyword, int row, inp_Coord
     CreateMissingNode(keyword, map, first);
     CreateMissingNode(keyword, map, last);
   }
-  int const given = inp_IntField(data, row, 2);
   int const step = given != 0 ? given : 1;
   if (first == last || (last - first) % step != 0)
   {

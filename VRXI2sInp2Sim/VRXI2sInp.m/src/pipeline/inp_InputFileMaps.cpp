@@ -4,6 +4,7 @@
 #include "inp_AssemblyNodeVisitor.h"
 #include "inp_AssemblySurfaceVisitor.h"
 #include "inp_InputFile.h"
+#include "inp_InstanceLabels.h"
 #include "inp_KwdDataReleaseVisitor.h"
 #include "inp_NodeGenerationVisitor.h"
 #include "inp_NodeNumbers.h"
@@ -77,6 +78,11 @@ void inp_InputFile::MakePartMaps(bool lumen)
   inp_NodeGenerationVisitor generated(nodes.GetCoordMap(), maps.elements, maps.elsets, true,
                                       restartJob, true, "");
   generated.setLumenCompatible(lumen);
+  maps.nodes = nodes.GetCoordMap();
+  maps.nsets = nodes.GetSets();
+  inp_InstanceLabels inInstances(keywords, instancePartNames);
+  generated.setLabelsInUse([&](cow_String const& partName)
+                           { return inInstances.LargestOf(partName, maps); });
   generated.VisitListAndReport(keywords);
   maps.nodes = generated.GetCoordMap();
   nodes.FinishNodeSets();

@@ -109,7 +109,8 @@ TEST_F(Language, AsJsonHoldsTheTables)
   EXPECT_EQ(element["refusedInAssemblyWith"], json{"file"});
   json const body = json::parse(Run({"language", "--json", "*RIGID BODY"}).out)["rules"][0];
   EXPECT_EQ(body["required"], json{"refnode"});
-  EXPECT_EQ(body["valueRequired"], (json{"refnode", "analyticalsurface", "elset", "pinnset", "tienset"}));
+  EXPECT_EQ(body["valueRequired"],
+            (json{"refnode", "analyticalsurface", "elset", "pinnset", "tienset"}));
   EXPECT_EQ(one["elementTypes"], json::array());
 }
 

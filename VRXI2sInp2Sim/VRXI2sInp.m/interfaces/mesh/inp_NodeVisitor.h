@@ -120,6 +120,8 @@ private:
   inp_Coord InSystem(inp_Coord coord, cow_String const& system) const;
 
   bool GenerateRow(inp_Keyword const& keyword, int row, inp_CoordMap& map, cow_List<int>& labels);
+  bool StoreBetween(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc, int label,
+                    double t);
   bool ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap const& map, Arc& arc);
   void CreateMissingNode(inp_Keyword const& keyword, inp_CoordMap& map, int label);
 

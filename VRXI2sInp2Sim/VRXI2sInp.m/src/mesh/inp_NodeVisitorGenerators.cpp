@@ -171,9 +171,9 @@ bool inp_NodeVisitor::GenerateRow(inp_Keyword const& keyword, int row, inp_Coord
   int const first = fields.Integer(row, 0);
   int const last = fields.Integer(row, 1);
   int const given = fields.Integer(row, 2);
+  m_errorList.Concatenate(fields.Errors());
   if (fields.Errors().Length() > 0)
   {
-    m_errorList.Concatenate(fields.Errors());
     return true; // the next row follows
   }
   if (!CheckLabel(keyword, first) || !CheckLabel(keyword, last))
@@ -205,17 +205,22 @@ bool inp_NodeVisitor::GenerateRow(inp_Keyword const& keyword, int row, inp_Coord
   labels.Append(first);
   for (int i = 1; i < count; ++i)
   {
-    int const label = first + i * step;
-    double const t = 2.0 * i / count - 1.0;
-    if (!Store(keyword, map, label,
-               computeGeometry ? UndoInstanceTransform(arc.NodeAt(t)) : inp_Coord()))
+    labels.Append(first + i * step);
+    if (!StoreBetween(keyword, map, arc, labels.Last(), 2.0 * i / count - 1.0))
     {
       return false;
     }
-    labels.Append(label);
   }
   labels.Append(last);
   return true;
+}
+
+/// Stores the node of a row at t, which runs from -1 at the first end to 1 at the other.
+bool inp_NodeVisitor::StoreBetween(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc,
+                                   int label, double t)
+{
+  return Store(keyword, map, label,
+               computeGeometry ? UndoInstanceTransform(arc.NodeAt(t)) : inp_Coord());
 }
 
 /// Reads what lies between the ends of a row. False, with an error, when it cannot be drawn.

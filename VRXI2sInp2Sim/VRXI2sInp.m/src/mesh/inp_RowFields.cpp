@@ -85,10 +85,15 @@ double inp_NumberFields::Real(int row, int column)
 int inp_NumberFields::Integer(int row, int column)
 {
   inp_DataArray const& data = m_keyword.data;
-  if (!data.HasValue(row, column) ||
+  if (!data.HasValue(row, column))
+  {
+    return 0;
+  }
+  // One of many digits is of no type of its own.
+  if (data.Type(row, column) == inp_Types::inp_INTEGER ||
       inp_Types::IsInteger(data.AsStringVerbatim(row, column).View()))
   {
-    return inp_IntField(data, row, column);
+    return data.AsInt(row, column);
   }
   AddFault(inp_msgFieldNotInteger, row, column);
   return 0;

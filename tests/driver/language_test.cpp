@@ -50,7 +50,7 @@ TEST_F(Language, ShowsTheWordsOfParametersAndWhereThingsAreNamed)
     {"rigid body", "  holds         *DESIGNVARIATION\n"
                    "  requires      REFNODE\n"
                    "  and one of    ANALYTICALSURFACE, ELSET, PINNSET, TIENSET\n"
-                   "  with a value  REFNODE, ANALYTICALSURFACE\n"
+                   "  with a value  REFNODE, ANALYTICALSURFACE, ELSET, PINNSET, TIENSET\n"
                    "  parameters\n"},
     {"instance", "  requires      NAME, PART\n"},
     {"nmap", "  refused       in an assembly of part instances\n"},
@@ -109,7 +109,8 @@ TEST_F(Language, AsJsonHoldsTheTables)
   EXPECT_EQ(element["refusedInAssemblyWith"], json{"file"});
   json const body = json::parse(Run({"language", "--json", "*RIGID BODY"}).out)["rules"][0];
   EXPECT_EQ(body["required"], json{"refnode"});
-  EXPECT_EQ(body["valueRequired"], (json{"refnode", "analyticalsurface"}));
+  EXPECT_EQ(body["valueRequired"],
+            (json{"refnode", "analyticalsurface", "elset", "pinnset", "tienset"}));
   EXPECT_EQ(one["elementTypes"], json::array());
 }
 

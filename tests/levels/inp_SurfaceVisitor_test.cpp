@@ -93,8 +93,6 @@ TEST(inp_SurfaceVisitor, CombinesSurfacesOfAPart)
     {"nothing is left, and kept", "*SURFACE, NAME=C, COMBINE=DIFFERENCE\nA, A\n", "C {}", ""},
     {"the first gives the kind", "*SURFACE, NAME=C, COMBINE=UNION\nN, M\n",
      "C {1=2.0 2=1.0 3=1.0 4=1.0 11=2.0 21=2.0 31=2.0}", ""},
-    {"kinds do not mix", "*SURFACE, NAME=C, COMBINE=UNION\nN, A\n", "C {1=1.0 2=1.0 3=1.0 4=1.0}",
-     ""},
     {"missing ones are listed", "*SURFACE, NAME=C, COMBINE=DIFFERENCE\nX, A, Y, B\n",
      "C {S1: 2, S2: 1}",
      Line(c_firstLine + 9, " error: The following surfaces were not found when generating the "

@@ -317,7 +317,7 @@ TEST(inp_SetVisitor, NodesOfElementSets)
     {"", "*NSET, NSET=N, ELSET=R\n", "{\"N\": {\"\": [4, 5, 6], \"I\": [4, 7]}}", ""},
     {"", "*NSET, NSET=N, ELSET=OWN\n", "{\"N\": [4, 5, 6]}",
      "1 error: The following elements from elset OWN are not found at assembly level:\n8\n"},
-    {"", "*NSET, NSET=N, ELSET=GAP\n", "{}",
+    {"", "*NSET, NSET=N, ELSET=GAP\n", "{\"N\": {\"\": [4, 5, 6], \"I\": [4, 7]}}",
      "1 error: The following elements from elset GAP are not found at part instance I:\n8, 9\n"},
     {"", "*NSET, NSET=N, ELSET=LOST\n", "{\"N\": [4, 5, 6]}",
      "1 error: Part instance Q in elset LOST items has not been found.\n"},

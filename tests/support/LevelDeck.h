@@ -116,6 +116,7 @@ private:
     partElements.VisitListAndReport(list);
     parts.elements = partElements.GetElements();
     parts.elsets = partElements.GetSets();
+    parts.userElements = partElements.GetUserElements();
     partNodes.emplace(parts, true);
     partNodes->VisitListAndReport(list);
     parts.nodes = partNodes->GetCoordMap();

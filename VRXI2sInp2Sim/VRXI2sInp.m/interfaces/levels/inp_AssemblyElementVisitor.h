@@ -6,7 +6,7 @@
 /// Reads what stands outside of *PART: elements and element sets within instances, and sets of the
 /// assembly.
 ///
-/// Needs:    a list that is organized; the elements and element sets of the parts.
+/// Needs:    a list that is organized; the elements, element sets and user types of the parts.
 /// Produces: for each instance a share of its part's elements and element sets, and what is new. An
 ///           instance costs O(1) until it gets elements of its own; then it has a table of its own.
 ///           Elements of the assembly itself are read by inp_AssyLevelElemVisitor. They name nodes of
@@ -29,9 +29,9 @@ public:
   void VisitInstance(inp_Keyword& keyword) override;
   void VisitEndInstance(inp_Keyword& keyword) override;
   void VisitElement(inp_Keyword& keyword) override;
-  void VisitElset(inp_Keyword& keyword) override;
 
 protected:
+  bool MayChangeSet(inp_Keyword const& keyword, cow_String const& name) override;
   bool IsValidInstanceName(cow_String const& name) const override { return IsInstance(name); }
 
 private:

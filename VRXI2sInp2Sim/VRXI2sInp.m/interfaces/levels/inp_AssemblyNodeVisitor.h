@@ -3,6 +3,8 @@
 #include "inp_LevelMaps.h"
 #include "inp_NodeVisitor.h"
 
+class inp_NodeNumbers;
+
 /// Reads what stands outside of *PART: positions of instances, nodes and node sets within them, and those
 /// of the assembly.
 ///
@@ -29,13 +31,17 @@ public:
   /// The position of each instance.
   inpM_InstanceMap<gsl_Matrix> const& GetPositions() const { return m_instancePositions; }
 
+  /// Behind the walk, when the elements of the assembly have their nodes, by these numbers.
+  void FinishNodeSets(inp_NodeNumbers& numbers);
+
   void Visit(inp_Keyword& keyword) override;
   void VisitInstance(inp_Keyword& keyword) override;
   void VisitEndInstance(inp_Keyword& keyword) override;
-  void VisitNset(inp_Keyword& keyword) override;
 
 protected:
+  bool MayChangeSet(inp_Keyword const& keyword, cow_String const& name) override;
   bool IsValidInstanceName(cow_String const& name) const override;
+  NodePlace PlaceOfAssemblyNode(int node) override;
 
 private:
   void ReadPosition(inp_Keyword const& keyword);
@@ -43,4 +49,5 @@ private:
 
   inp_CoordMap m_partCoordMap;
   inpM_SetMap m_partNodeSets;
+  inp_NodeNumbers* m_numbers = nullptr; ///< while sets are finished
 };

@@ -44,8 +44,8 @@ public:
   /// Gives the elements that have been read their nodes, and takes out those that name one which is not
   /// there.
   void PutNumbers(inp_NodeNumbers& numbers);
-  /// The labels of elements that are there no more.
-  cow_List<int> const& LeftOut() const { return m_leftOut; }
+  /// Then, the labels of rows that have brought no element.
+  cow_List<int> LeftOut();
 
   /// Types that may stand at assembly level: connectors, springs, dashpots, masses, rotary inertias and
   /// heat capacitances, by their names.
@@ -95,5 +95,5 @@ private:
 
   std::vector<ReadKeyword> m_read;
   cow_List<int> m_labelsOfSet;
-  cow_List<int> m_leftOut;
+  cow_List<int> m_leftOut; ///< by a row; another one may bring the element
 };

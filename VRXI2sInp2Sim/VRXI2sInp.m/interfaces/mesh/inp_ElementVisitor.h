@@ -47,6 +47,9 @@ public:
     obsoleteTypes = types;
   }
 
+  /// The number of nodes of user types by name, in upper case.
+  cow_Map<cow_String, int> const& GetUserElements() const { return userElementNodes; }
+
   /// By part or instance. A copy shares the elements.
   inpM_InstanceMap<inp_MapInt2Element> const& GetElements() const { return elements; }
 

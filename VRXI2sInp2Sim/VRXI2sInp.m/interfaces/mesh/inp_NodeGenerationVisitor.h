@@ -8,6 +8,7 @@
 #include "inp_Visitor.h"
 
 #include <cstdint>
+#include <functional>
 #include <unordered_map>
 #include <vector>
 
@@ -21,8 +22,8 @@
 /// Needs:    the elements that inp_ElementVisitor made of the same keywords, and the nodes of the level.
 /// Produces: the nodes with those added. A node that exists stays as it is. Elements may stand on nodes
 ///           that others make, in any order. Midside nodes get labels above those of all nodes and all
-///           connectivity of the part, which are written into the elements, in the table that others
-///           share.
+///           connectivity of the part and, where that is told, of its instances. They are written into the
+///           elements, in the table that others share.
 /// Reports:  errors with the keyword's place; the walk goes on.
 class inp_NodeGenerationVisitor : public inp_Visitor
 {
@@ -38,6 +39,17 @@ public:
 
   void setLumenCompatible(bool isCompatible) { lumenCompatible = isCompatible; }
   bool LumenCompatible() const { return lumenCompatible; }
+
+  /// Gives for the name of a part the largest label that its instances use, so that none of theirs is that
+  /// of a midside node. Asked when the first such node of the part is made.
+  void setLabelsInUse(std::function<int(cow_String const&)> const& largest)
+  {
+    m_largestInUse = largest;
+  }
+
+  /// The largest label of the nodes and of the connectivity of a part or an instance; 0 where both are
+  /// empty. O(connectivity).
+  int LargestLabel(cow_String const& name) const;
 
   inp_CoordMap const& GetCoordMap() const { return coordMap; }
 
@@ -92,7 +104,6 @@ private:
   void AddMidsideNodes(inp_Keyword const& keyword, int label, inp_Element& element,
                        inp_CoordMap& coords);
   int NewLabel();
-  int LargestLabelOfConnectivity() const;
   void Make(Implied const& implied, inp_CoordMap& coords);
   void MakeColumn(Implied const& implied, inp_CoordMap& coords);
   void MakeMiddle(Implied const& implied, inp_CoordMap& coords);
@@ -105,6 +116,7 @@ private:
   bool m_isRestart;
   bool m_isInParts;
   bool lumenCompatible = false;
+  std::function<int(cow_String const&)> m_largestInUse = [](cow_String const&) { return 0; };
   std::int64_t m_generated = 0;                            ///< elements of *ELGEN so far
   std::unordered_map<int, std::vector<Implied>> m_waiting; ///< by the label that is missing
   std::vector<Implied> m_ready;                            ///< to be made next

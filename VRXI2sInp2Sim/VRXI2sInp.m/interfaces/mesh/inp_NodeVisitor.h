@@ -36,8 +36,9 @@ public:
 
   inp_CoordMap const& GetCoordMap() const { return coordMap; }
 
-  /// Adds to the sets of *NSET with ELSET, and to those that name them, the midside nodes that elements
-  /// have been given since the walk: these get their labels when all other nodes are known.
+  /// Adds to the sets of *NSET with ELSET, and to those that name them, the nodes that elements have got
+  /// since the walk: midside nodes, whose labels are given out when all other nodes are known, and those
+  /// of elements of the assembly, which may be nodes of any instance.
   void FinishNodeSets();
 
   void VisitNcopy(inp_Keyword& keyword) override;
@@ -59,6 +60,15 @@ protected:
   /// The position of the node whose label a field gives; the origin when there is none.
   gsl_Point ReadNodeFromKeywordData(inp_Keyword const& keyword, cow_String const& instanceName,
                                     int row, int column) const;
+
+  /// Where a node of an element of the assembly itself is.
+  struct NodePlace
+  {
+    cow_String instanceName; ///< empty: in the assembly
+    int label;
+  };
+  /// By the integer that the element holds for the node. To be asked behind the walk.
+  virtual NodePlace PlaceOfAssemblyNode(int node) { return {cow_String(), node}; }
 
   /// Moves a node to where the current instance stands. Its normal is not turned.
   inp_Coord ApplyInstanceTransform(inp_Coord const& coord) const;
@@ -101,6 +111,7 @@ private:
   struct NodesOfElements;
   template <class Rows>
   class NodeReader;
+  class KnownNodes;
 
   /// The map of the scope; null, with an error, when there is no such part or instance.
   inp_CoordMap* TargetMap(inp_Keyword const& keyword);
@@ -121,6 +132,8 @@ private:
   bool GenerateRow(inp_Keyword const& keyword, int row, inp_CoordMap& map, cow_List<int>& labels);
   bool StoreOnArc(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc, int first,
                   int step, int count, cow_List<int>& labels);
+  bool StoreBetween(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc, int label,
+                    double t);
   bool ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap const& map, Arc& arc);
   bool ReadThirdPoint(inp_Keyword const& keyword, int row, inp_CoordMap const& map,
                       inp_NumberFields& fields, Arc& arc);
@@ -153,6 +166,7 @@ private:
   void InheritUnfinished(inp_Keyword const& keyword, cow_String const& name);
   void InheritUnfinishedOf(cow_String const& field, cow_String const& name);
   void FinishNodeSets(cow_String const& scope, inpM_BaseSetMap const& unfinished);
+  void AddNodesOfOwnElements(inpM_BaseSet const& set, KnownNodes const& known, inpM_BaseSet& nodes);
   bool IsImportedWithoutElements(inp_Keyword const& keyword, cow_String const& instanceName);
 
   inpM_SetMap m_unfinished; ///< by scope and node set, elements whose nodes are not all made

@@ -53,8 +53,11 @@ protected:
   bool IsInstance(cow_String const& name) const;
   bool IsImportedInstance(cow_String const& name) const;
 
-  /// Tells whether a set may have the name, with a message when it may not. To be asked before the rows
-  /// of a keyword are read.
+  /// Tells whether the keyword may make or change a set of the scope, with a message when it may not.
+  virtual bool MayChangeSet(inp_Keyword const&, cow_String const&) { return true; }
+
+  /// The same of the name that the set is to have as well. To be asked before the rows of a keyword are
+  /// read.
   bool CheckSetName(inp_Keyword const& keyword, cow_String const& name);
 
   // Enters a set into the scope, in `sets` or another map, unless its name is refused. MergeSet adds the

@@ -5,6 +5,7 @@
 #include "mem_Budget.h"
 
 #include <cstdint>
+#include <optional>
 
 class inpM_ElementFaceIdSurface;
 class inp_CropDefinition;
@@ -79,7 +80,11 @@ private:
   class AssemblyRows;
   struct FaceOrArea;
 
-  bool IsNodeSurface(inp_Keyword const& keyword) const;
+  std::optional<bool> IsMadeOfNodeSurface(inp_Keyword const& keyword) const;
+  std::optional<bool> IsKnownAsNodeSurface(cow_String const& name) const;
+  template <class Surface>
+  bool IsOfOtherKind(Surface const& surface) const;
+  void SayLeftOut(inp_Keyword const& keyword, Faults const& faults);
   inpM_SetMap const& SetsOfKind() const { return isNodeSurface ? nodeSets : elementSets; }
   void ReadInstanceLevelRows(inp_Keyword const& keyword, inpM_PartInstanceSurface& surface);
   void CropNamedSurface(inp_Keyword const& keyword, inpM_PartInstanceSurface& surface);

@@ -9,6 +9,7 @@ struct inp_SurfaceUses
 {
   unsigned int count = 0;   ///< rigid bodies of this level that refer to it
   bool isDefined = false;   ///< at this level
+  bool isRefused = false;   ///< an instance defines what its part defines
   bool isUsedAbove = false; ///< a rigid body of a level above refers to it, and to no other
   cow_String instanceName;  ///< empty in a part
   cow_String surfaceName;

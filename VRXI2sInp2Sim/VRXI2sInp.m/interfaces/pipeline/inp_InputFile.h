@@ -106,7 +106,8 @@ public:
   inpM_SetMap partNsetMap;
   inpM_SetMap partElsetMap;
   inpM_SurfaceMap partSurfaceMap;
-  inp_CoordMap assemblyCoordMap;                           ///< by instance, in position when read
+  cow_Map<cow_String, int> userElements; ///< number of nodes by user type, outside of instances
+  inp_CoordMap assemblyCoordMap;         ///< by instance, in position when read
   inpM_InstanceMap<inp_MapInt2Element> assemblyElementMap; ///< by instance
   inpM_SetMap assemblyNsetMap;
   inpM_SetMap assemblyElsetMap;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cow_Map.h"
 #include "inpM_InstanceMap.h"
 #include "inpM_SetMap.h"
 #include "inpM_SurfaceMap.h"
@@ -26,4 +27,5 @@ struct inp_LevelMaps
 /// Those of parts: a type of its own, so that they cannot be taken for those of instances.
 struct inp_PartMaps : inp_LevelMaps
 {
+  cow_Map<cow_String, int> userElements; ///< number of nodes by type, whatever part defines it
 };

@@ -147,8 +147,10 @@ void inp_Visitor::VisitEndInstance(inp_Keyword& keyword)
   ClearInstanceName();
 }
 
+// A deck may leave a part open: what ends it is out of place behind a step.
 void inp_Visitor::VisitStep(inp_Keyword& keyword)
 {
+  m_partName.Erase();
   SetStepName(keyword);
   DefaultAction(keyword);
 }

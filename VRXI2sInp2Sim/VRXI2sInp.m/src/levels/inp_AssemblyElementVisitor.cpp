@@ -70,12 +70,13 @@ inp_AssemblyElementVisitor::inp_AssemblyElementVisitor(inp_PartMaps const& parts
     m_partElements(parts.elements),
     m_partElementSets(parts.elsets)
 {
+  userElementNodes = parts.userElements;
 }
 
-// Types that a part defines serve its elements; those that are defined elsewhere serve all.
+// The walk over parts has read the types that the model or a part defines.
 void inp_AssemblyElementVisitor::Visit(inp_Keyword& keyword)
 {
-  if (!keyword.Is(inp_kwPart))
+  if (!keyword.Is(inp_kwPart) && !(keyword.Is(inp_kwUserElement) && IsOutsideScopes()))
   {
     inp_ElementVisitor::Visit(keyword);
   }
@@ -146,14 +147,14 @@ void inp_AssemblyElementVisitor::PutNumbers(inp_NodeNumbers& numbers)
   }
 }
 
-void inp_AssemblyElementVisitor::VisitElset(inp_Keyword& keyword)
+/// An instance leaves the sets of its part as they are.
+bool inp_AssemblyElementVisitor::MayChangeSet(inp_Keyword const& keyword, cow_String const& name)
 {
-  cow_String const name = keyword.NameIn("elset");
-  if (m_instanceName.Length() > 0 && m_instancePart.Length() > 0 &&
-      m_partElementSets.HasNestedSet(m_instancePart, name))
+  bool const isOfPart = m_instanceName.Length() > 0 && m_instancePart.Length() > 0 &&
+                        m_partElementSets.HasNestedSet(m_instancePart, name);
+  if (isOfPart)
   {
     Say(inp_msgElementSetOfPartRedefined, keyword, name, m_instancePart, m_instanceName);
-    return;
   }
-  inp_ElementVisitor::VisitElset(keyword);
+  return !isOfPart;
 }

@@ -2,6 +2,7 @@
 
 #include "inp_KeywordEnm.h"
 #include "inp_LevelMessages.h"
+#include "inp_NodeNumbers.h"
 #include "inp_RowFields.h"
 
 #include <numbers>
@@ -45,6 +46,19 @@ void inp_AssemblyNodeVisitor::Visit(inp_Keyword& keyword)
 bool inp_AssemblyNodeVisitor::IsValidInstanceName(cow_String const& name) const
 {
   return m_instanceName.Empty() ? IsInstance(name) : name == m_instanceName;
+}
+
+void inp_AssemblyNodeVisitor::FinishNodeSets(inp_NodeNumbers& numbers)
+{
+  m_numbers = &numbers;
+  inp_NodeVisitor::FinishNodeSets();
+  m_numbers = nullptr;
+}
+
+inp_NodeVisitor::NodePlace inp_AssemblyNodeVisitor::PlaceOfAssemblyNode(int node)
+{
+  auto const [instanceName, label] = m_numbers->PlaceOf(node);
+  return {instanceName, label};
 }
 
 void inp_AssemblyNodeVisitor::VisitInstance(inp_Keyword& keyword)
@@ -120,14 +134,14 @@ void inp_AssemblyNodeVisitor::VisitEndInstance(inp_Keyword& keyword)
   systemTransform.FillIdentity();
 }
 
-void inp_AssemblyNodeVisitor::VisitNset(inp_Keyword& keyword)
+/// An instance leaves the sets of its part as they are.
+bool inp_AssemblyNodeVisitor::MayChangeSet(inp_Keyword const& keyword, cow_String const& name)
 {
-  cow_String const name = keyword.NameIn("nset");
-  if (m_instanceName.Length() > 0 && m_instancePart.Length() > 0 &&
-      m_partNodeSets.HasNestedSet(m_instancePart, name))
+  bool const isOfPart = m_instanceName.Length() > 0 && m_instancePart.Length() > 0 &&
+                        m_partNodeSets.HasNestedSet(m_instancePart, name);
+  if (isOfPart)
   {
     Say(inp_msgNodeSetOfPartRedefined, keyword, name, m_instancePart, m_instanceName);
-    return;
   }
-  inp_NodeVisitor::VisitNset(keyword);
+  return !isOfPart;
 }

@@ -173,6 +173,7 @@ bool inp_AssyLevelElemVisitor::CheckRow(inp_Keyword const& keyword, Definition c
   }
   if (rows.Nodes().empty())
   {
+    m_leftOut.Append(rows.Label());
     Say(inp_msgAssemblyTopologyMissing, keyword, cow_String(rows.Label()), definition.typeAsGiven);
     return false;
   }
@@ -194,7 +195,6 @@ void inp_AssyLevelElemVisitor::PutNumbers(inp_NodeNumbers& numbers)
   {
     PutNumbers(read, numbers);
   }
-  // A label may have been read again, with nodes that are there.
   for (ReadKeyword const& read : m_read)
   {
     for (Row const& row : read.rows)
@@ -208,6 +208,20 @@ void inp_AssyLevelElemVisitor::PutNumbers(inp_NodeNumbers& numbers)
     }
   }
   m_read.clear();
+}
+
+// A label may have been read again, with nodes that are there.
+cow_List<int> inp_AssyLevelElemVisitor::LeftOut()
+{
+  cow_List<int> missing;
+  for (int const label : m_leftOut)
+  {
+    if (!CurrentElements().IsMember(label))
+    {
+      missing.Append(label);
+    }
+  }
+  return missing;
 }
 
 void inp_AssyLevelElemVisitor::PutNumbers(ReadKeyword const& read, inp_NodeNumbers& numbers)

@@ -232,7 +232,7 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword)
       return;
     }
   }
-  if (keyword.HasParameter("newset") && labels.Length() > 0)
+  if (keyword.HasParameter("newset")) // of no copies is a set as well
   {
     AddElementSet(keyword, keyword.NameIn("newset"), labels);
   }

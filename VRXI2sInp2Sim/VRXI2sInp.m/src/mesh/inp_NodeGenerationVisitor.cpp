@@ -260,11 +260,13 @@ void inp_NodeGenerationVisitor::CompleteElement(inp_Keyword const& keyword, int 
   }
 }
 
-/// Labels of layers count before their nodes are made.
-int inp_NodeGenerationVisitor::LargestLabelOfConnectivity() const
+// Labels of layers count before their nodes are made.
+int inp_NodeGenerationVisitor::LargestLabel(cow_String const& name) const
 {
-  int largest = 0;
-  for (inp_MapInt2ElementIT it(elements.ConstGet(MeshScope())); !it.IsDone(); it.Next())
+  int largest = FindMaxNodeLabel(name);
+  inp_MapInt2Element const table =
+    elements.IsMember(name) ? elements.ConstGet(name) : inp_MapInt2Element();
+  for (inp_MapInt2ElementIT it(table); !it.IsDone(); it.Next())
   {
     inp_Element const& element = it.CurrentValue();
     int const* const nodes = element.topology();
@@ -280,7 +282,8 @@ int inp_NodeGenerationVisitor::NewLabel()
 {
   if (nextLabel == 0)
   {
-    nextLabel = std::max(FindMaxNodeLabel(MeshScope()), LargestLabelOfConnectivity()) + 1;
+    int const largest = std::max(LargestLabel(MeshScope()), m_largestInUse(MeshScope()));
+    nextLabel = std::min(largest, inpM_largestLabel - 1) + 1;
   }
   return nextLabel < inpM_largestLabel ? ++nextLabel : 0;
 }

@@ -187,8 +187,15 @@ bool inp_NodeVisitor::GenerateRow(inp_Keyword const& keyword, int row, inp_Coord
     Say(inp_msgNgenRowInvalid, keyword, inp_RowText(data, row));
     return false;
   }
-  int const first = data.AsInt(row, 0);
-  int const last = data.AsInt(row, 1);
+  inp_NumberFields fields(keyword);
+  int const first = fields.Integer(row, 0);
+  int const last = fields.Integer(row, 1);
+  int const given = fields.Integer(row, 2);
+  m_errorList.Concatenate(fields.Errors());
+  if (fields.Errors().Length() > 0)
+  {
+    return true; // the next row follows
+  }
   if (!CheckLabel(keyword, first) || !CheckLabel(keyword, last))
   {
     return false;
@@ -198,7 +205,6 @@ bool inp_NodeVisitor::GenerateRow(inp_Keyword const& keyword, int row, inp_Coord
     CreateMissingNode(keyword, map, first);
     CreateMissingNode(keyword, map, last);
   }
-  int const given = inp_IntField(data, row, 2);
   int const step = given != 0 ? given : 1;
   if (first == last || (last - first) % step != 0)
   {
@@ -231,16 +237,21 @@ bool inp_NodeVisitor::StoreOnArc(inp_Keyword const& keyword, inp_CoordMap& map, 
 {
   for (int i = 1; i < count; ++i)
   {
-    int const label = first + i * step;
-    double const t = 2.0 * i / count - 1.0;
-    if (!Store(keyword, map, label,
-               computeGeometry ? UndoInstanceTransform(arc.NodeAt(t)) : inp_Coord()))
+    labels.Append(first + i * step);
+    if (!StoreBetween(keyword, map, arc, labels.Last(), 2.0 * i / count - 1.0))
     {
       return false;
     }
-    labels.Append(label);
   }
   return true;
+}
+
+/// Stores the node of a row at t, which runs from -1 at the first end to 1 at the other.
+bool inp_NodeVisitor::StoreBetween(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc,
+                                   int label, double t)
+{
+  return Store(keyword, map, label,
+               computeGeometry ? UndoInstanceTransform(arc.NodeAt(t)) : inp_Coord());
 }
 
 /// Reads what lies between the ends of a row. False, with an error, when it cannot be drawn.

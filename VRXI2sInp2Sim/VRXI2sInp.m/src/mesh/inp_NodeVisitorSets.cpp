@@ -2,6 +2,8 @@
 #include "inp_NodeVisitor.h"
 #include "inp_ScopedField.h"
 
+#include <map>
+
 namespace
 {
 
@@ -52,10 +54,10 @@ struct inp_NodeVisitor::NodesOfElements
   }
 
 private:
-  /// False when a place holds no node.
+  /// False when a place holds no node, or when the element waits for all of them.
   bool AppendNodes(inp_Element const& element, cow_List<int>& ids) const
   {
-    bool isComplete = true;
+    bool isComplete = element.numNodesPerElement() > 0;
     for (int i = 0; i < element.numNodesPerElement(); ++i)
     {
       int const node = element.topology()[i];
@@ -67,6 +69,42 @@ private:
     }
     return isComplete;
   }
+};
+
+/// The nodes that a set has, by instance name, so that an unsorted one does not get them twice.
+class inp_NodeVisitor::KnownNodes
+{
+public:
+  explicit KnownNodes(inpM_BaseSet const& set)
+    : m_own(set.ConstGetOwnIds()), m_ofInstances(set.ConstGetInstanceTree())
+  {
+  }
+
+  inpM_OmiSet Of(cow_String const& instanceName) const
+  {
+    inpM_OmiSet const* const ids =
+      instanceName.Empty() ? &m_own : m_ofInstances.ConstFind(instanceName);
+    return ids != nullptr ? *ids : inpM_OmiSet();
+  }
+
+  /// A list without them.
+  cow_List<int> Without(cow_String const& instanceName, cow_List<int> const& labels) const
+  {
+    inpM_OmiSet const known = Of(instanceName);
+    cow_List<int> others;
+    for (int const label : labels)
+    {
+      if (!known.IsMember(label))
+      {
+        others.Append(label);
+      }
+    }
+    return others;
+  }
+
+private:
+  inpM_OmiSet m_own;
+  inpM_BaseSet::InstanceTree m_ofInstances;
 };
 
 // *NSET rows: ids and set names; with GENERATE start, end[, step]; with ELSET none.
@@ -88,9 +126,9 @@ void inp_NodeVisitor::VisitNset(inp_Keyword& keyword)
   {
     return;
   }
-  ProcessInstanceParameter(keyword);
   if (!hasElset)
   {
+    ProcessInstanceParameter(keyword);
     ReadNodeSet(keyword, name);
   }
   else if (keyword.HasParameter("unsorted"))
@@ -124,10 +162,20 @@ void inp_NodeVisitor::ReadNodeSet(inp_Keyword const& keyword, cow_String const& 
 
 void inp_NodeVisitor::AddNodesOfElements(inp_Keyword const& keyword, cow_String const& name)
 {
-  cow_String const elset = keyword.NameIn("elset");
+  cow_String elset = keyword.NameIn("elset");
   if (elset.Empty())
   {
     return; // which the expansion has said
+  }
+  if (MeshScope().Empty())
+  {
+    cow_String const instanceName = keyword.NameIn("instance");
+    elset = instanceName.Empty() ? elset : instanceName + "." + elset;
+    if (!inp_ScopedField(elset, m_assemblyName).fits)
+    {
+      Say(inp_msgElementSetMissing, keyword, elset);
+      return;
+    }
   }
   bool const internal = keyword.HasParameter("internal");
   NodesOfElements found{elements,
@@ -207,19 +255,49 @@ void inp_NodeVisitor::FinishNodeSets(cow_String const& scope, inpM_BaseSetMap co
 {
   for (inpM_BaseSetMapSIT set(unfinished); !set.IsDone(); set.Next())
   {
-    inpM_BaseSet const& known = sets.ConstGetNestedSet(scope, set.CurrentKey());
-    inpM_BaseSet::InstanceTree const knownOfInstances = known.ConstGetInstanceTree();
-    NodesOfElements found{elements, CreateSet(), known.ConstGetOwnIds()};
-    found.Add(scope, set.CurrentValue().ConstGetIds(), cow_String());
+    KnownNodes const known(sets.ConstGetNestedSet(scope, set.CurrentKey()));
+    NodesOfElements found{elements, CreateSet(), known.Of(cow_String())};
+    if (scope.Empty())
+    {
+      AddNodesOfOwnElements(set.CurrentValue(), known, *found.nodes.Get());
+    }
+    else
+    {
+      found.Add(scope, set.CurrentValue().ConstGetIds(), cow_String());
+    }
     inpM_BaseSet::InstanceTree const instances = set.CurrentValue().ConstGetInstanceTree();
     cow_BtreeIterator<cow_String, inpM_OmiSet> it(instances);
     for (it.First(); !it.IsDone(); it.Next())
     {
-      inpM_OmiSet const* const ids = knownOfInstances.ConstFind(it.CurrentKey());
-      found.known = ids != nullptr ? *ids : inpM_OmiSet();
+      found.known = known.Of(it.CurrentKey());
       found.Add(it.CurrentKey(), it.CurrentValue().ConstGetArrayCounterpart(), it.CurrentKey());
     }
     sets.AddToNestedSet(scope, set.CurrentKey(), *found.nodes);
+  }
+}
+
+/// Adds the nodes of elements of the assembly itself that are not known yet.
+void inp_NodeVisitor::AddNodesOfOwnElements(inpM_BaseSet const& set, KnownNodes const& known,
+                                            inpM_BaseSet& nodes)
+{
+  inp_MapInt2Element const table = ElementsOf(elements, cow_String());
+  std::map<cow_String, cow_List<int>> labels; ///< by instance
+  for (int const id : set.ConstGetIds())
+  {
+    inp_Element const* const element = table.GetEltPtr(id); // null: left out, which has been said
+    int const count = element != nullptr ? element->numNodesPerElement() : 0;
+    for (int i = 0; i < count; ++i)
+    {
+      if (element->topology()[i] > 0)
+      {
+        NodePlace const place = PlaceOfAssemblyNode(element->topology()[i]);
+        labels[place.instanceName].Append(place.label);
+      }
+    }
+  }
+  for (auto const& [instanceName, found] : labels)
+  {
+    nodes.Add(instanceName, known.Without(instanceName, found));
   }
 }
 
@@ -260,7 +338,8 @@ bool inp_NodeVisitor::AddNodesOfScope(inp_Keyword const& keyword, cow_String con
   return true;
 }
 
-/// The nodes of an element set of the assembly, which may reach into instances.
+/// The nodes of an element set of the assembly, which may reach into instances. The walk ends with the first
+/// instance that lacks an element; what it has found counts.
 bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String const& elset,
                                          NodesOfElements& found)
 {
@@ -298,7 +377,7 @@ bool inp_NodeVisitor::AddNodesOfAssembly(inp_Keyword const& keyword, cow_String 
     if (absent.Length() > 0)
     {
       SayItems(inp_msgElementsNotInInstance, keyword, absent, elset, instanceName);
-      return false;
+      break;
     }
   }
   return true;

@@ -73,17 +73,40 @@ double inp_NumberFields::Real(int row, int column)
     return 0.0;
   }
   double value = 0.0;
-  cow_String text = m_keyword.data.AsStringVerbatim(row, column);
+  cow_String const text = m_keyword.data.AsStringVerbatim(row, column);
   if (ReadNumber(text.CStr(), value) || ReadNumberD(std::string(text.View()), value))
   {
     return value;
   }
+  AddFault(inp_msgFieldNotNumber, row, column);
+  return 0.0;
+}
+
+int inp_NumberFields::Integer(int row, int column)
+{
+  inp_DataArray const& data = m_keyword.data;
+  if (!data.HasValue(row, column))
+  {
+    return 0;
+  }
+  // One of many digits is of no type of its own.
+  if (data.Type(row, column) == inp_Types::inp_INTEGER ||
+      inp_Types::IsInteger(data.AsStringVerbatim(row, column).View()))
+  {
+    return data.AsInt(row, column);
+  }
+  AddFault(inp_msgFieldNotInteger, row, column);
+  return 0;
+}
+
+void inp_NumberFields::AddFault(atr_MessageRow<3> const& message, int row, int column)
+{
   if (m_faults.emplace(row, column).second)
   {
+    cow_String text = m_keyword.data.AsStringVerbatim(row, column);
     m_errors.Append(inp_Utils::MessageInKeyword(
-      m_keyword, atr_Say(inp_msgFieldNotNumber, column + 1, row + 1, text.Trim(" \t"))));
+      m_keyword, atr_Say(message, column + 1, row + 1, text.Trim(" \t"))));
   }
-  return 0.0;
 }
 
 gsl_Point inp_NumberFields::Point(int row, int column)

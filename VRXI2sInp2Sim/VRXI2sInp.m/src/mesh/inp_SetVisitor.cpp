@@ -87,7 +87,7 @@ bool inp_SetVisitor::CheckSetName(inp_Keyword const& keyword, cow_String const& 
     Say(inp_msgSetNameTooLong, keyword, name);
     return false;
   }
-  return true;
+  return MayChangeSet(keyword, name);
 }
 
 void inp_SetVisitor::MergeSet(inpM_SetMap& setMap, inp_Keyword const& keyword,

@@ -58,8 +58,10 @@ void inp_SurfaceVisitor::VisitSurfaceDefinition(inp_Keyword& keyword)
   {
     return;
   }
-  isNodeSurface = IsNodeSurface(keyword);
   bool const isCombined = keyword.HasParameter("combine");
+  isNodeSurface = isCombined || keyword.HasParameter("crop")
+                    ? IsMadeOfNodeSurface(keyword).value_or(TypeOf(keyword) == "NODE")
+                    : TypeOf(keyword) == "NODE";
   if (SetScope().Empty())
   {
     inpM_AssemblyInstanceSurface surface = isCombined ? CreateCombinedAssemblyLevelSurface(keyword)
@@ -71,26 +73,6 @@ void inp_SurfaceVisitor::VisitSurfaceDefinition(inp_Keyword& keyword)
   surfaces.InsertPartInstanceSurface(SetScope(), name,
                                      isCombined ? CreateCombinedInstanceLevelSurface(keyword)
                                                 : CreateInstanceLevelSurface(keyword));
-}
-
-/// What is made of other surfaces is of the kind of the first of them.
-bool inp_SurfaceVisitor::IsNodeSurface(inp_Keyword const& keyword) const
-{
-  bool const isMadeOfOthers = keyword.HasParameter("combine") || keyword.HasParameter("crop");
-  if (isMadeOfOthers && keyword.data.HasValue(0, 0))
-  {
-    cow_String const first = keyword.data.AsString(0, 0);
-    inpM_AssemblyInstanceSurface whole;
-    if (SetScope().Empty() && FindSurface(first, whole))
-    {
-      return !whole.IsElementSurface();
-    }
-    if (auto const* const own = surfaces.ConstFindPartInstanceSurface(SetScope(), first))
-    {
-      return !own->IsElementSurface();
-    }
-  }
-  return TypeOf(keyword) == "NODE";
 }
 
 inpM_PartInstanceSurfaceHandle inp_SurfaceVisitor::CreateInstanceLevelSurface(inp_Keyword& keyword)

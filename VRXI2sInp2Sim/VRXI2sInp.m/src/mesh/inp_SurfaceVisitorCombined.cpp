@@ -226,6 +226,53 @@ bool inp_SurfaceVisitor::FindSurface(cow_String const& name,
   return piece != nullptr;
 }
 
+/// Tells the kind of a surface of the scope; nothing when there is none, or it has none.
+std::optional<bool> inp_SurfaceVisitor::IsKnownAsNodeSurface(cow_String const& name) const
+{
+  inpM_AssemblyInstanceSurface whole;
+  if (SetScope().Empty())
+  {
+    return FindSurface(name, whole) && !whole.IsEmpty() ? std::optional(!whole.IsElementSurface())
+                                                        : std::nullopt;
+  }
+  auto const* const own = surfaces.ConstFindPartInstanceSurface(SetScope(), name);
+  return own != nullptr ? std::optional(!own->IsElementSurface()) : std::nullopt;
+}
+
+/// What is made of other surfaces is of the kind of the first of them that is there.
+std::optional<bool> inp_SurfaceVisitor::IsMadeOfNodeSurface(inp_Keyword const& keyword) const
+{
+  if (keyword.HasParameter("crop"))
+  {
+    return keyword.data.HasValue(0, 0) ? IsKnownAsNodeSurface(keyword.data.AsString(0, 0))
+                                       : std::nullopt;
+  }
+  for (CombinedName const& name : NamesOf(keyword.data))
+  {
+    if (std::optional<bool> const isOfNodes = IsKnownAsNodeSurface(name.text))
+    {
+      return isOfNodes;
+    }
+  }
+  return std::nullopt;
+}
+
+/// Nothing is lost of a surface without anything in it.
+template <class Surface>
+bool inp_SurfaceVisitor::IsOfOtherKind(Surface const& surface) const
+{
+  return !surface.IsEmpty() && surface.IsElementSurface() == isNodeSurface;
+}
+
+void inp_SurfaceVisitor::SayLeftOut(inp_Keyword const& keyword, Faults const& faults)
+{
+  cow_String const name = keyword.NameIn("name");
+  SayItemsBelow(inp_msgCombinedSurfacesMissing, keyword, faults.Names(), name);
+  SayItemsBelow(inp_msgCombinedSurfacesOfOtherKind, keyword, faults.OtherKind(), name,
+                isNodeSurface ? "nodes" : "elements");
+  SayItemsBelow(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge(), name);
+}
+
 inpM_PartInstanceSurfaceHandle
 inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
 {
@@ -238,19 +285,22 @@ inp_SurfaceVisitor::CreateCombinedInstanceLevelSurface(inp_Keyword& keyword)
   Faults faults;
   for (CombinedName const& name : NamesOf(keyword.data))
   {
-    if (auto const* const other = surfaces.ConstFindPartInstanceSurface(SetScope(), name.text))
-    {
-      faults.AddTooLargeUnless(combination.Apply(name, *other), name.text);
-    }
-    else
+    auto const* const other = surfaces.ConstFindPartInstanceSurface(SetScope(), name.text);
+    if (other == nullptr)
     {
       faults.Add(name.text);
     }
+    else if (IsOfOtherKind(*other))
+    {
+      faults.AddOtherKind(name.text);
+    }
+    else
+    {
+      faults.AddTooLargeUnless(combination.Apply(name, *other), name.text);
+    }
   }
   combination.Finish();
-  SayItemsBelow(inp_msgCombinedSurfacesMissing, keyword, faults.Names(), keyword.NameIn("name"));
-  SayItemsBelow(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge(),
-                keyword.NameIn("name"));
+  SayLeftOut(keyword, faults);
   return surface;
 }
 
@@ -265,19 +315,21 @@ inp_SurfaceVisitor::CreateCombinedAssemblyLevelSurface(inp_Keyword& keyword)
   for (CombinedName const& name : NamesOf(keyword.data))
   {
     inpM_AssemblyInstanceSurface other;
-    if (FindSurface(name.text, other))
-    {
-      faults.AddTooLargeUnless(combination.Apply(name, other), name.text);
-    }
-    else
+    if (!FindSurface(name.text, other))
     {
       faults.Add(name.text);
     }
+    else if (IsOfOtherKind(other))
+    {
+      faults.AddOtherKind(name.text);
+    }
+    else
+    {
+      faults.AddTooLargeUnless(combination.Apply(name, other), name.text);
+    }
   }
   combination.Finish();
-  SayItemsBelow(inp_msgCombinedSurfacesMissing, keyword, faults.Names(), keyword.NameIn("name"));
-  SayItemsBelow(inp_msgCombinedSurfacesTooLarge, keyword, faults.TooLarge(),
-                keyword.NameIn("name"));
+  SayLeftOut(keyword, faults);
   return surface;
 }
 

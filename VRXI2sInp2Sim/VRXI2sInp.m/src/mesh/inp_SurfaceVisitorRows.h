@@ -56,7 +56,8 @@ struct inp_SurfaceVisitor::FaceOrArea
   }
 };
 
-/// The names in a keyword that stand for nothing, each once, and those of sets too large to be added.
+/// The names in a keyword that stand for nothing, each once, those of sets too large to be added, and those
+/// of surfaces of another kind.
 class inp_SurfaceVisitor::Faults
 {
 public:
@@ -71,6 +72,8 @@ public:
   }
   cow_List<cow_String> const& Names() const { return m_names; }
   cow_List<cow_String> const& TooLarge() const { return m_tooLarge; }
+  void AddOtherKind(cow_String const& name) { Add(m_otherKind, name); }
+  cow_List<cow_String> const& OtherKind() const { return m_otherKind; }
 
 private:
   void Add(cow_List<cow_String>& names, cow_String const& name)
@@ -83,6 +86,7 @@ private:
 
   cow_List<cow_String> m_names;
   cow_List<cow_String> m_tooLarge;
+  cow_List<cow_String> m_otherKind;
   std::unordered_set<cow_String> m_known;
 };
 

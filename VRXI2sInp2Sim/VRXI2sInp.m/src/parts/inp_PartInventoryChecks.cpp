@@ -51,7 +51,7 @@ void inp_PartInventoryVisitor::RelateLevels()
   for (inInstance.First(); !inInstance.IsDone(); inInstance.Next())
   {
     inp_SurfaceUses const& uses = inInstance.CurrentValue();
-    inp_SurfaceUses* const inPart = uses.isDefined ? nullptr : PartSurface(uses);
+    inp_SurfaceUses* const inPart = uses.isDefined || uses.count == 0 ? nullptr : PartSurface(uses);
     if (inPart != nullptr)
     {
       inPart->isUsedAbove = true;
@@ -118,7 +118,7 @@ void inp_PartInventoryVisitor::checkInstanceSurfaceAndRigidBodyDefs()
 void inp_PartInventoryVisitor::CheckInstanceSurface(inp_SurfaceUses const& uses)
 {
   bool const isUnused = uses.isDefined && uses.count == 0 && !uses.isUsedAbove;
-  if (uses.isDefined && !isUnused)
+  if (uses.isRefused || (uses.isDefined && !isUnused))
   {
     return;
   }

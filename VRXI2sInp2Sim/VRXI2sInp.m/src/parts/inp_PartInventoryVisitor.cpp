@@ -301,7 +301,13 @@ void inp_PartInventoryVisitor::VisitSurface(inp_Keyword& keyword)
   else if (IsInInstance())
   {
     cow_String const key = Scoped(m_instanceName, name);
-    Define(Mention(instanceSurfaces, key, m_instanceName, name, keyword), keyword);
+    inp_SurfaceUses& uses = Mention(instanceSurfaces, key, m_instanceName, name, keyword);
+    inp_SurfaceUses const* const inPart = PartSurface(uses);
+    uses.isRefused = inPart != nullptr && inPart->isDefined;
+    if (!uses.isRefused)
+    {
+      Define(uses, keyword);
+    }
   }
   else
   {

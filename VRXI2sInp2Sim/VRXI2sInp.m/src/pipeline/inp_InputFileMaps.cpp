@@ -4,6 +4,7 @@
 #include "inp_AssemblyNodeVisitor.h"
 #include "inp_AssemblySurfaceVisitor.h"
 #include "inp_InputFile.h"
+#include "inp_InstanceLabels.h"
 #include "inp_KwdDataReleaseVisitor.h"
 #include "inp_NodeGenerationVisitor.h"
 #include "inp_NodeNumbers.h"
@@ -68,6 +69,7 @@ void inp_InputFile::MakePartMaps(bool lumen)
   elements.VisitListAndReport(keywords);
   maps.elements = elements.GetElements();
   maps.elsets = elements.GetSets();
+  maps.userElements = elements.GetUserElements();
 
   inp_PartNodeVisitor nodes(maps, true);
   nodes.setLumenCompatible(lumen);
@@ -76,6 +78,11 @@ void inp_InputFile::MakePartMaps(bool lumen)
   inp_NodeGenerationVisitor generated(nodes.GetCoordMap(), maps.elements, maps.elsets, true,
                                       restartJob, true, "");
   generated.setLumenCompatible(lumen);
+  maps.nodes = nodes.GetCoordMap();
+  maps.nsets = nodes.GetSets();
+  inp_InstanceLabels inInstances(keywords, instancePartNames);
+  generated.setLabelsInUse([&](cow_String const& partName)
+                           { return inInstances.LargestOf(partName, maps); });
   generated.VisitListAndReport(keywords);
   maps.nodes = generated.GetCoordMap();
   nodes.FinishNodeSets();
@@ -118,13 +125,13 @@ void inp_InputFile::ExtractAssemblyMaps(bool lumen)
                                       restartJob, false, "");
   generated.VisitListAndReport(keywords);
   maps.nodes = generated.GetCoordMap();
-  nodes.FinishNodeSets();
-  maps.nsets = nodes.GetSets();
 
   inp_NodeNumbers numbers(maps.nodes);
   elements.PutNumbers(numbers);
   maps.elements = elements.GetElements();
   maps.elsets = elements.GetSets(); // without elements that were left out
+  nodes.FinishNodeSets(numbers);
+  maps.nsets = nodes.GetSets();
 
   inp_AssemblySurfaceVisitor surfaces(maps, parts);
   surfaces.setInstancePartNames(instancePartNames);
@@ -135,7 +142,7 @@ void inp_InputFile::ExtractAssemblyMaps(bool lumen)
 
 inp_PartMaps inp_InputFile::PartMaps() const
 {
-  return {{partCoordMap, partElementMap, partNsetMap, partElsetMap, partSurfaceMap}};
+  return {{partCoordMap, partElementMap, partNsetMap, partElsetMap, partSurfaceMap}, userElements};
 }
 
 inp_LevelMaps inp_InputFile::AssemblyMaps() const
@@ -151,6 +158,7 @@ void inp_InputFile::SetPartMaps(inp_PartMaps const& maps)
   partNsetMap = maps.nsets;
   partElsetMap = maps.elsets;
   partSurfaceMap = maps.surfaces;
+  userElements = maps.userElements;
 }
 
 void inp_InputFile::SetAssemblyMaps(inp_LevelMaps const& maps)

@@ -132,8 +132,8 @@ private:
   bool GenerateRow(inp_Keyword const& keyword, int row, inp_CoordMap& map, cow_List<int>& labels);
   bool StoreOnArc(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc, int first,
                   int step, int count, cow_List<int>& labels);
-  bool StoreBetween(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc, int label,
-                    double t);
+  bool StoreArcPoint(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc, int label,
+                     double t);
   bool ReadArc(inp_Keyword const& keyword, int row, inp_CoordMap const& map, Arc& arc);
   bool ReadThirdPoint(inp_Keyword const& keyword, int row, inp_CoordMap const& map,
                       inp_NumberFields& fields, Arc& arc);

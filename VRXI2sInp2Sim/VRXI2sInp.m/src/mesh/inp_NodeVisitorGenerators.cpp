@@ -238,7 +238,7 @@ bool inp_NodeVisitor::StoreOnArc(inp_Keyword const& keyword, inp_CoordMap& map, 
   for (int i = 1; i < count; ++i)
   {
     labels.Append(first + i * step);
-    if (!StoreBetween(keyword, map, arc, labels.Last(), 2.0 * i / count - 1.0))
+    if (!StoreArcPoint(keyword, map, arc, labels.Last(), 2.0 * i / count - 1.0))
     {
       return false;
     }
@@ -247,8 +247,8 @@ bool inp_NodeVisitor::StoreOnArc(inp_Keyword const& keyword, inp_CoordMap& map, 
 }
 
 /// Stores the node of a row at t, which runs from -1 at the first end to 1 at the other.
-bool inp_NodeVisitor::StoreBetween(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc,
-                                   int label, double t)
+bool inp_NodeVisitor::StoreArcPoint(inp_Keyword const& keyword, inp_CoordMap& map, Arc const& arc,
+                                    int label, double t)
 {
   return Store(keyword, map, label,
                computeGeometry ? UndoInstanceTransform(arc.NodeAt(t)) : inp_Coord());

@@ -223,7 +223,12 @@ std::string ParameterLines(inp_KeywordEnm keyword)
   std::string text;
   for (std::string const& parameter : parameters)
   {
-    srv_Words const values = ValuesOf(*inp_ExpansionRuleOf(keyword), parameter);
+    inp_ExpansionRule const& rule = *inp_ExpansionRuleOf(keyword);
+    srv_Words values = ValuesOf(rule, parameter);
+    if (inp_TakesOthers(rule, parameter.c_str()))
+    {
+      values.emplace_back("or a name or a number");
+    }
     text += Paragraph("  " + srv_Upper(parameter), widest + 6, values);
   }
   return text;
@@ -364,6 +369,8 @@ void WriteRule(srv_JsonWriter& json, inp_ExpansionRule const& rule)
   WriteWords(json, RequirementsOf(rule, inp_Requirement::demandedOne));
   json.Key("valueRequired");
   WriteWords(json, RequirementsOf(rule, inp_Requirement::valued));
+  json.Key("namesAndNumbersToo");
+  WriteWords(json, RequirementsOf(rule, inp_Requirement::orOthers));
   srv_Words const refused = RefusedOf(rule);
   bool const always = !refused.empty() && refused.front().empty();
   json.Key("refusedInAssembly").Bool(always).Key("refusedInAssemblyWith");

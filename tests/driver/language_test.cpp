@@ -104,6 +104,7 @@ TEST_F(Language, AsJsonHoldsTheTables)
                              "enumerated": [{"parameters": ["axis1", "axis2"],
                                              "values": ["TYPE1", "TYPE2", "TYPE3"]}],
                              "required": [], "oneRequired": [], "valueRequired": [],
+                             "namesAndNumbersToo": [],
                              "refusedInAssembly": false, "refusedInAssemblyWith": []}])"));
   json const element = json::parse(Run({"language", "--json", "*USER ELEMENT"}).out)["rules"][0];
   EXPECT_EQ(element["refusedInAssemblyWith"], json{"file"});

@@ -37,7 +37,7 @@ Table const tables[] = {
 #define SUM "8f37192d552410de"
 #include "PinnedTable.def"
 #define TABLE "inp_ExpansionRules.def"
-#define SUM "8573912693853ef9"
+#define SUM "67d1b083c1e84e00"
 #include "PinnedTable.def"
 #define TABLE "inp_FurtherReferences.def"
 #define SUM "7157b58fce18a058"

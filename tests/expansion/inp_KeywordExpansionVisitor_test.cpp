@@ -214,8 +214,11 @@ TEST(inp_KeywordExpansionVisitor, ASecondTableOfAParameterServesWhatTheFirstDoes
      "*RESPONSE SPECTRUM, COMP=R\n*RESPONSE SPECTRUM, COMP=A\n",
      "responsespectrum comp=R\nresponsespectrum comp=ALGEBRAIC\n",
      "1 error: Ambiguous value \"R\" for parameter \"comp\".\n"},
-    {"none, said once", "*CONTACT PAIR, ADJUST=0.1\n*CONTACT PAIR, ADJUST=N\n",
-     "contactpair adjust=0.1\ncontactpair adjust=NO\n", Illegal(1, "0.1", "adjust")},
+    {"none, said once", "*CLAY HARDENING, TYPE=0.1\n", "clayhardening type=0.1\n",
+     Illegal(1, "0.1", "type")},
+    {"none, where names and numbers stand beside the words",
+     "*CONTACT PAIR, ADJUST=0.1\n*CONTACT PAIR, ADJUST=N\n*CONTACT PAIR, ADJUST=near\n",
+     "contactpair adjust=0.1\ncontactpair adjust=NO\ncontactpair adjust=NEAR\n", ""},
   };
   CheckExpansions(cases);
 }

@@ -2,7 +2,7 @@
 
 #include "inp_KeywordEnmFwd.h"
 
-/// Something that a keyword must have, or that an assembly of part instances does not take.
+/// Something that a keyword must have or may have, or that an assembly of part instances does not take.
 struct inp_Requirement
 {
   enum kindEnm
@@ -13,6 +13,7 @@ struct inp_Requirement
     demandedByHand, ///< each must, and the handler says so
     required,       ///< each must, in other words than those of `demanded`
     valued,         ///< each that is given must have a value
+    orOthers,       ///< each takes names and numbers beside its words
     refused,        ///< words[0] says what; with words[1], only where that parameter is given
     refusedThis     ///< the same in other words
   };
@@ -41,6 +42,9 @@ inp_ExpansionRule const* inp_ExpansionRuleOf(inp_KeywordEnm keyword);
 
 /// The rule of a handler, by its name; null when there is no such handler.
 inp_ExpansionRule const* inp_ExpansionRuleNamed(char const* handler);
+
+/// The keyword's parameter takes names and numbers beside its words.
+bool inp_TakesOthers(inp_ExpansionRule const& rule, char const* parameter);
 
 /// The run behind the one that begins at `values`.
 inline char const* const* inp_NextValues(char const* const* values)

@@ -74,6 +74,7 @@ bool inp_KeywordExpansionVisitor::Meets(inp_Keyword& keyword, inp_Requirement co
   {
   case inp_Requirement::none:
   case inp_Requirement::demandedByHand:
+  case inp_Requirement::orOthers:
     return true;
   case inp_Requirement::refused:
     RefuseOption(keyword, requirement, inp_msgRefusedOption);

@@ -2,7 +2,9 @@
 
 #include "inp_KeywordEnm.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace
 {
@@ -19,6 +21,7 @@ namespace
 #define DEMANDS_BY_HAND(...) {inp_Requirement::demandedByHand, {__VA_ARGS__}},
 #define REQUIRES(...) {inp_Requirement::required, {__VA_ARGS__}},
 #define REQUIRES_VALUE(...) {inp_Requirement::valued, {__VA_ARGS__}},
+#define OR_OTHERS(...) {inp_Requirement::orOthers, {__VA_ARGS__}},
 #define REFUSED(...) {inp_Requirement::refused, {__VA_ARGS__}},
 #define REFUSED_THIS(...) {inp_Requirement::refusedThis, {__VA_ARGS__}},
 #define INP_RULE(stem, parameters, ...)                                                            \
@@ -70,4 +73,19 @@ inp_ExpansionRule const* inp_ExpansionRuleNamed(char const* handler)
     }
   }
   return nullptr;
+}
+
+bool inp_TakesOthers(inp_ExpansionRule const& rule, char const* parameter)
+{
+  for (inp_Requirement const* row = rule.requirements; row->kind != inp_Requirement::none; ++row)
+  {
+    auto const isMeant = [parameter](char const* word)
+    { return word != nullptr && std::strcmp(word, parameter) == 0; };
+    if (row->kind == inp_Requirement::orOthers &&
+        std::any_of(std::begin(row->words), std::end(row->words), isMeant))
+    {
+      return true;
+    }
+  }
+  return false;
 }

@@ -222,9 +222,14 @@ void inp_KeywordExpansionVisitor::ExpandWords(inp_Keyword& keyword, cow_String c
   {
     count = inp_ExpandEnum(word, others, value);
   }
+  inp_ExpansionRule const* const rule = inp_ExpansionRuleOf(keyword.keyword);
   if (count == 1)
   {
     keyword.parameters.Get(parameter) = inp_Item::Text(word);
+  }
+  else if (rule != nullptr && inp_TakesOthers(*rule, parameter.CStr()))
+  {
+    return; // a name or a number, for those who read it to judge
   }
   else if (count == 0)
   {

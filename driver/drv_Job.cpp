@@ -7,6 +7,7 @@
 #include "drv_Output.h"
 #include "drv_Progress.h"
 #include "inp_CurrentOrigin.h"
+#include "inp_NamedFiles.h"
 #include "inp_ParserExceptions.h"
 #include "omi_Singleton.h"
 #include "omi_Timer.h"
@@ -45,6 +46,14 @@ std::string TimingLine(char const* step, double seconds, double megabytes)
   std::snprintf(line, sizeof line, "timing: %-10s %10.6f s %10.1f MB/s\n", step, seconds,
                 throughput);
   return line;
+}
+
+/// The file as the system knows it; none where there is no such file.
+aio_FileId IdOf(cow_String const& path)
+{
+  struct stat status = {};
+  return ::stat(path.CStr(), &status) == 0 ? aio_FileId{status.st_dev, status.st_ino}
+                                           : aio_FileId();
 }
 
 /// Refused before the library sees the deck: what is no file must not make it wait.
@@ -170,7 +179,9 @@ std::string drv_Job::ShownPath(aio_FileRead const& file) const
 void drv_Job::SpareInputs(drv_Output const& output) const
 {
   aio_FileId const target = output.Target();
-  for (aio_FileRead const& file : FilesRead())
+  cow_List<aio_FileRead> files = FilesRead();
+  files.Concatenate(m_filesNamed);
+  for (aio_FileRead const& file : files)
   {
     if (target.inode != 0 && file.id == target)
     {
@@ -253,7 +264,21 @@ bool drv_Job::EndedBy(atr_String const& words, drv_stageEnm stage) const
 void drv_Job::Parse(drv_Job& job)
 {
   job.m_model.Parse(cow_String(job.m_options.deck.c_str()));
+  job.NoteFilesNamed();
   job.WarnOfSkippedLines();
+}
+
+/// Files that this run may never come to read are inputs, too.
+void drv_Job::NoteFilesNamed()
+{
+  for (cow_String const& path :
+       inp_NamedFiles(m_model.keywords, m_model.readerFacts.filesNamed, m_model.includePath))
+  {
+    aio_FileRead file;
+    file.path = path;
+    file.id = IdOf(path);
+    m_filesNamed.Append(file);
+  }
 }
 
 void drv_Job::SumUp(drv_Job& job)

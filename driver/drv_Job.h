@@ -33,7 +33,8 @@ public:
   /// The job came to where the maps of a flat model would be made.
   bool LacksFlatRoad() const { return m_lacksFlatRoad; }
   bool FoundErrors() const;
-  /// Raises drv_Failure when the output is the deck or a file that the stages have read for it.
+  /// Raises drv_Failure when the output is the deck, or a file that the stages have read for it or
+  /// that it names.
   void SpareInputs(class drv_Output const& output) const;
 
   /// A line a stage: seconds, and megabytes (10^6 bytes) of the deck a second; then a total, and
@@ -54,6 +55,7 @@ private:
   bool RunStep(char const* step, drv_stageEnm stage, void (*run)(drv_Job& job));
   bool EndedBy(class atr_String const& words, drv_stageEnm stage) const;
   void WarnOfSkippedLines() const;
+  void NoteFilesNamed();
 
   bool WantsProgress() const;
   bool WantsMaps() const
@@ -83,6 +85,7 @@ private:
   drv_Reporter m_reporter;
   inp_InputFile& m_model;
   aio_FileRead m_deck;
+  cow_List<aio_FileRead> m_filesNamed; ///< by keywords, once the deck is parsed
   std::vector<Time> m_times;
   bool m_hasMaps = false;
   bool m_lacksFlatRoad = false;

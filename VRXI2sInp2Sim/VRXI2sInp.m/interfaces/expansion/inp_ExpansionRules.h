@@ -2,6 +2,8 @@
 
 #include "inp_KeywordEnmFwd.h"
 
+#include <string_view>
+
 /// Something that a keyword must have or may have, or that an assembly of part instances does not take.
 struct inp_Requirement
 {
@@ -42,6 +44,17 @@ inp_ExpansionRule const* inp_ExpansionRuleOf(inp_KeywordEnm keyword);
 
 /// The rule of a handler, by its name; null when there is no such handler.
 inp_ExpansionRule const* inp_ExpansionRuleNamed(char const* handler);
+
+/// What a written parameter name stands for.
+struct inp_ParameterMatch
+{
+  char const* name = nullptr; ///< null: nothing
+  int ties = 0;               ///< entries that fitted as well as the best one until then
+};
+
+/// The entry that the spelled name means: the first one that begins with it, or else the longest one that it
+/// begins with. An entry of which the table has two is a tie, even when a later one fits better.
+inp_ParameterMatch inp_MatchParameter(char const* const* table, std::string_view spelled);
 
 /// The keyword's parameter takes names and numbers beside its words.
 bool inp_TakesOthers(inp_ExpansionRule const& rule, char const* parameter);

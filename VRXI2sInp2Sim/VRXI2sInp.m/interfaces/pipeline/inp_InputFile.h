@@ -129,6 +129,7 @@ public:
     long long bytesRead = 0;
     cow_List<aio_FileRead> filesRead; ///< the deck and its include files, once for each reading
     int keywordsLost = 0;             ///< there was not enough memory for them
+    cow_List<cow_String> filesNamed; ///< by keywords that were rejected and by *INCLUDE, as written
   };
   ReaderFacts readerFacts;
 

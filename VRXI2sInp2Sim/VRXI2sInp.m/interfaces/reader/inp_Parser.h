@@ -62,6 +62,9 @@ public:
   long long TotalBytes() const { return m_totalBytes; }
   /// This file and those below, one for each time that it was read.
   cow_List<aio_FileRead> const& FilesRead() const { return m_filesRead; }
+  /// Values, as written, of parameters that name files, from keywords that had to be given up: an
+  /// *INCLUDE that was not followed, a keyword with a fault on its line.
+  cow_List<cow_String> const& FilesNamed() const { return m_filesNamed; }
   /// Keywords of this file and those below for which there was not enough memory.
   int KeywordsLost() const { return m_keywordsLost; }
 
@@ -94,10 +97,12 @@ private:
                       cow_Map<cow_String, inp_Item>& parameters);
   inp_Item ParseValue(inp_Keyword const& keyword, cow_String const& name, cow_String const& value);
   static cow_List<cow_String> Split(cow_String const& text);
+  static cow_List<cow_String> PiecesOf(cow_String const& text, bool& endsInQuotes);
   void ReadData(inp_Keyword& keyword);
   void DropPendingComments();
   bool RefusesLine(inp_Keyword const& keyword, char const* line, bool isText);
   void SkipToNextKeyword(bool collect);
+  void NoteFilesNamed();
   void NoteLostKeyword();
   void ReportLostKeywords();
   cow_List<cow_String> SkippedDataLines() const;
@@ -151,6 +156,7 @@ private:
   cow_List<atr_String> m_fatalErrors;
   int m_keywordLine = 0;    ///< first line of the keyword at hand
   cow_String m_keywordName; ///< its full name, once known
+  cow_String m_keywordText; ///< its line, with those that go on with it
   int m_firstSkippedLine = 0;
   int m_memoryFailures = 0; ///< keywords of this file that were lost to them
   int m_firstLostLine = 0;
@@ -158,5 +164,6 @@ private:
   int m_keywordsLost = 0;
   int m_includeLevel = 0; ///< 0: the top file
   cow_List<aio_FileRead> m_filesRead;
+  cow_List<cow_String> m_filesNamed;
   long long m_totalBytes = 0;
 };

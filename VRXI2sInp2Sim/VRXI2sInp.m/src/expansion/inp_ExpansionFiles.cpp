@@ -5,10 +5,10 @@
 #include "inp_ExpansionMessages.h"
 #include "inp_KeywordEnm.h"
 #include "inp_KeywordExpansionVisitor.h"
+#include "inp_NamedFiles.h"
 #include "inp_Parser.h"
 #include "inp_ParserExceptions.h"
 #include "inp_RawDataArrayImpl.h"
-#include "utl_CommandLine.h"
 
 #include <algorithm>
 #include <cstring>
@@ -127,11 +127,7 @@ void inp_KeywordExpansionVisitor::ReadInputParameter(cow_String const& file, inp
 cow_String inp_KeywordExpansionVisitor::FindFile(cow_String const& directory,
                                                  cow_String const& file, inp_Keyword const& keyword)
 {
-  VRXBasUtlFilePath path(directory, file);
-  if (!path.Exists())
-  {
-    path.SetFilePath(includePath, file);
-  }
+  VRXBasUtlFilePath const path = inp_LookForFile(directory, file, includePath);
   if (!path.Exists())
   {
     Say(inp_msgInputFileDoesNotExist, keyword, file);
@@ -291,13 +287,8 @@ void inp_KeywordExpansionVisitor::ReadManifestFile(cow_String const& file, inp_K
     Say(inp_msgInputFileMissing, keyword);
     return;
   }
-  cow_String const directory = omi_Singleton<utl_CommandLine>::Instance().Option("indir");
-  cow_String name = inp_Utils::WithoutQuotes(file);
-  if (!(VRXBasUtlFilePath(directory, name).Extension() == ".inp"))
-  {
-    name.Append(".inp");
-  }
-  cow_String const path = FindFile(directory, name, keyword);
+  cow_String const name = inp_ManifestDeckName(file);
+  cow_String const path = FindFile(inp_ManifestDirectory(), name, keyword);
   if (path.Length() == 0)
   {
     return;

@@ -43,6 +43,13 @@ enum ruleEnm : int
 };
 static_assert(sizeof c_rules / sizeof *c_rules == ruleCount + 1);
 
+/// The length of the shorter text when the longer one begins with it; else -1.
+int Agreement(std::string_view spelled, std::string_view entry)
+{
+  std::size_t const shorter = std::min(spelled.size(), entry.size());
+  return spelled.substr(0, shorter) == entry.substr(0, shorter) ? static_cast<int>(shorter) : -1;
+}
+
 } // namespace
 
 inp_ExpansionRule const* inp_ExpansionRules() { return c_rules; }
@@ -73,6 +80,26 @@ inp_ExpansionRule const* inp_ExpansionRuleNamed(char const* handler)
     }
   }
   return nullptr;
+}
+
+inp_ParameterMatch inp_MatchParameter(char const* const* table, std::string_view spelled)
+{
+  inp_ParameterMatch best;
+  int bestLength = -1;
+  for (; *table != nullptr && bestLength < static_cast<int>(spelled.size()); ++table)
+  {
+    int const length = Agreement(spelled, *table);
+    if (length > bestLength)
+    {
+      best.name = *table;
+      bestLength = length;
+    }
+    else if (length >= 0 && length == bestLength)
+    {
+      ++best.ties;
+    }
+  }
+  return best;
 }
 
 bool inp_TakesOthers(inp_ExpansionRule const& rule, char const* parameter)

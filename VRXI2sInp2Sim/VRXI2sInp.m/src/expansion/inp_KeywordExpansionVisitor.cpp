@@ -1,11 +1,11 @@
 #include "inp_KeywordExpansionVisitor.h"
 
 #include "inp_ExpansionMessages.h"
+#include "inp_FileParameters.h"
 #include "inp_KeywordEnm.h"
 #include "inp_RawDataArrayImpl.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <string_view>
 
@@ -15,20 +15,10 @@ namespace
 /// File names and the like, whose case matters.
 bool KeepsCase(inp_Keyword const& keyword, cow_String const& parameter)
 {
-  static constexpr std::array<std::string_view, 4> fileParameters = {"input", "file", "datafile",
-                                                                     "library"};
-  return std::find(fileParameters.begin(), fileParameters.end(), parameter.View()) !=
-           fileParameters.end() ||
+  return inp_IsFileParameter(parameter.View()) ||
          (parameter == "parameter" &&
           (keyword.Is(inp_kwParameterShapeVariation) || keyword.Is(inp_kwDesignShapeVariation))) ||
          (parameter == "name" && keyword.Is(inp_kwStep));
-}
-
-/// The length of the shorter text when the longer one begins with it; else -1.
-int Agreement(std::string_view spelled, std::string_view entry)
-{
-  std::size_t const shorter = std::min(spelled.size(), entry.size());
-  return spelled.substr(0, shorter) == entry.substr(0, shorter) ? static_cast<int>(shorter) : -1;
 }
 
 char const* const c_noParameters[] = {nullptr};
@@ -96,32 +86,16 @@ void inp_KeywordExpansionVisitor::ExpandParameters(inp_Keyword& keyword, char co
   keyword.parameters = parameters;
 }
 
-/// The entry that the spelled name means: the first one that begins with it, or else the longest one that it
-/// begins with. Where the table has such an entry twice, that is reported, even when a later one fits better.
 char const* inp_KeywordExpansionVisitor::MatchParameter(inp_Keyword const& keyword,
                                                         cow_String const& spelled,
                                                         char const* const* table)
 {
-  char const* best = nullptr;
-  int bestLength = -1;
-  for (; *table != nullptr; ++table)
+  inp_ParameterMatch const match = inp_MatchParameter(table, spelled.View());
+  for (int tie = 0; tie < match.ties; ++tie)
   {
-    int const length = Agreement(spelled.View(), *table);
-    if (length >= 0 && best != nullptr && length == bestLength)
-    {
-      SayOf(spelled, inp_msgAmbiguousParameter, keyword, spelled);
-    }
-    else if (length > bestLength)
-    {
-      best = *table;
-      bestLength = length;
-      if (length == spelled.Length())
-      {
-        break;
-      }
-    }
+    SayOf(spelled, inp_msgAmbiguousParameter, keyword, spelled);
   }
-  return best;
+  return match.name;
 }
 
 inp_Item inp_KeywordExpansionVisitor::CleanedValue(inp_Keyword const& keyword,

@@ -25,7 +25,8 @@ void inp_InputFile::Parse(cow_String fileName)
                  parser.FirstSkippedLine(),
                  parser.TotalBytes(),
                  parser.FilesRead(),
-                 parser.KeywordsLost()};
+                 parser.KeywordsLost(),
+                 parser.FilesNamed()};
 
   wip_WIP& sink = omi_Singleton<wip_WIP>::Instance();
   if (parser.GetFatalErrors().Length() > 0)

@@ -316,6 +316,7 @@ void inp_Parser::ParseOneKeyword()
   }
   catch (...)
   {
+    NoteFilesNamed();
     SaveFault();
   }
   SkipToNextKeyword(false);

@@ -184,6 +184,7 @@ void inp_Parser::MergeFrom(inp_Parser const& child)
     m_missingIncludeFiles.AppendUnlessMember(name);
   }
   m_filesRead.Concatenate(child.m_filesRead);
+  m_filesNamed.Concatenate(child.m_filesNamed);
   m_keywordsLost += child.m_keywordsLost;
   m_totalBytes += child.m_totalBytes;
 }

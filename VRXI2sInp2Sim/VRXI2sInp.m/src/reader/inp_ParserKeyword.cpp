@@ -1,5 +1,6 @@
 #include "VRXBasException.h"
 #include "inp_CurrentOrigin.h"
+#include "inp_FileParameters.h"
 #include "inp_KeywordEnm.h"
 #include "inp_KeywordTable.h"
 #include "inp_Parser.h"
@@ -19,6 +20,15 @@ bool EndsInComma(cow_String const& text)
 
 cow_String Trimmed(cow_String text) { return text.LeftTrim(" \t").RightTrim(" \t"); }
 
+/// A spelled parameter is, or begins, the name of one that names a file.
+bool MayNameFile(cow_String const& spelled)
+{
+  cow_String const name = cow_String(spelled).ToLower().Trim(" \t");
+  auto const isBegun = [&name](std::string_view full) { return full.starts_with(name.View()); };
+  return name.Length() > 0 &&
+         std::any_of(std::begin(inp_fileParameters), std::end(inp_fileParameters), isBegun);
+}
+
 } // namespace
 
 cow_String inp_Parser::AppendContinuationLines(char const* line)
@@ -36,6 +46,7 @@ cow_String inp_Parser::AppendContinuationLines(char const* line)
     {
       if (m_strict)
       {
+        m_keywordText = text + next;
         throw inp_InvalidContinuationLineException(m_lineNumber, m_fileName,
                                                    atr_Say(inp_msgKeywordOnContinuationLine, text));
       }
@@ -55,13 +66,14 @@ inp_Keyword inp_Parser::ParseKeyword()
   VRXBasAssert(IsKeyword(line), "IsKeyword(data)");
   m_keywordLine = m_lineNumber;
   m_keywordName.Erase();
+  m_keywordText.Erase();
   inp_CurrentOrigin::Set(m_fileName, m_lineNumber);
   inp_Keyword keyword;
   keyword.lineNumber = m_lineNumber;
   keyword.fileName = FileName();
   keyword.encrypted = m_hasPassword;
   keyword.rawSource = m_rawSource;
-  cow_String const text = AppendContinuationLines(line);
+  cow_String const text = m_keywordText = AppendContinuationLines(line);
   keyword.comments = m_pendingComments;
   DropPendingComments();
 
@@ -115,6 +127,17 @@ void inp_Parser::ReadParameters(inp_Keyword& keyword, cow_String const& written,
 
 cow_List<cow_String> inp_Parser::Split(cow_String const& text)
 {
+  bool endsInQuotes = false;
+  cow_List<cow_String> const pieces = PiecesOf(text, endsInQuotes);
+  if (endsInQuotes)
+  {
+    throw inp_MissingEndQuoteException(text);
+  }
+  return pieces;
+}
+
+cow_List<cow_String> inp_Parser::PiecesOf(cow_String const& text, bool& endsInQuotes)
+{
   cow_List<cow_String> pieces;
   bool inQuotes = false;
   int begin = 0;
@@ -136,10 +159,7 @@ cow_List<cow_String> inp_Parser::Split(cow_String const& text)
       begin = at + 1;
     }
   }
-  if (inQuotes)
-  {
-    throw inp_MissingEndQuoteException(text);
-  }
+  endsInQuotes = inQuotes;
   return pieces;
 }
 
@@ -197,4 +217,19 @@ inp_Item inp_Parser::ParseValue(inp_Keyword const& keyword, cow_String const& na
       inp_Utils::MessageInKeyword(keyword, atr_Say(inp_msgIntegerOutOfRange, value, name)));
   }
   return item;
+}
+
+/// From the line of a keyword that is given up. Its keyword may be unknown, so what only looks like a
+/// file's name counts as well.
+void inp_Parser::NoteFilesNamed()
+{
+  bool endsInQuotes = false;
+  for (cow_String const& piece : PiecesOf(m_keywordText, endsInQuotes))
+  {
+    int const equals = piece.Find("=");
+    if (equals < piece.Length() && MayNameFile(piece.Substr(0, equals)))
+    {
+      m_filesNamed.Append(piece.Substr(equals + 1));
+    }
+  }
 }

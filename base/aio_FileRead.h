@@ -16,9 +16,10 @@ struct aio_FileRead
 {
   cow_String path;
   aio_FileId id;
-  int error = 0;        ///< of the system, when the file could not be read to its end
-  bool changed = false; ///< somebody wrote to the file meanwhile
+  int error = 0;               ///< of the system, when the file could not be read to its end
+  bool changed = false;        ///< somebody wrote to the file meanwhile
+  char const* unfit = nullptr; ///< what makes its text none that can be read, in words
 
   /// What was read is all of the file, as it stood.
-  bool IsWhole() const { return error == 0 && !changed; }
+  bool IsWhole() const { return error == 0 && !changed && unfit == nullptr; }
 };

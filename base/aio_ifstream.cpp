@@ -68,6 +68,7 @@ aio_ifstream::openEnm aio_ifstream::Open(char const* path)
   Close();
   m_status = {};
   m_changed = false;
+  m_unfit = nullptr;
   openEnm outcome = OpenDescriptor(path);
   m_error = outcome == aio_missing || outcome == aio_unreadable ? errno : 0;
   if (outcome == aio_opened)
@@ -117,6 +118,7 @@ aio_ifstream::openEnm aio_ifstream::PassMark()
   if (available >= 2 &&
       (std::memcmp(m_next, "\xFF\xFE", 2) == 0 || std::memcmp(m_next, "\xFE\xFF", 2) == 0))
   {
+    CallUnfit("it is encoded in UTF-16");
     return aio_utf16;
   }
   if (available >= 3 && std::memcmp(m_next, "\xEF\xBB\xBF", 3) == 0)
@@ -128,7 +130,7 @@ aio_ifstream::openEnm aio_ifstream::PassMark()
 
 aio_FileRead aio_ifstream::Outcome(cow_String const& path) const
 {
-  return {path, {m_status.st_dev, m_status.st_ino}, m_error, m_changed};
+  return {path, {m_status.st_dev, m_status.st_ino}, m_error, m_changed, m_unfit};
 }
 
 void aio_ifstream::Close()

@@ -62,6 +62,8 @@ public:
   /// Size at opening, in bytes.
   long long FileSize() const { return static_cast<long long>(m_status.st_size); }
   long long BytesRead() const { return m_bytesRead; }
+  /// The caller found that the text of the file is none that it can read; `why` is a literal.
+  void CallUnfit(char const* why) { m_unfit = why; }
   /// How the reading has gone so far; for a file that could not be opened, why not.
   aio_FileRead Outcome(cow_String const& path) const;
 
@@ -99,6 +101,7 @@ private:
   bool m_chunkHoldsAsterisk = false;
   int m_error = 0;
   bool m_changed = false;
+  char const* m_unfit = nullptr;
   bool m_atEnd = false;
   int m_descriptor = -1;
   struct stat m_status = {}; ///< at opening

@@ -204,6 +204,10 @@ void drv_Job::RefusePartOfInput() const
       throw drv_Failure("cannot read '" + ShownPath(file) +
                         "' to its end: " + std::strerror(file.error));
     }
+    if (file.unfit != nullptr)
+    {
+      throw drv_Failure("cannot read '" + ShownPath(file) + "': " + file.unfit);
+    }
     if (file.changed)
     {
       throw drv_Failure("'" + ShownPath(file) + "' was changed while it was read; run again");

@@ -113,6 +113,22 @@ TEST_F(Failures, WhatIsNotReadWholeGivesNoResults)
   }
 }
 
+// A missing file is a fault of the deck, which leaves results; one that is there and may not be read is
+// none of the deck's.
+TEST_F(Failures, AForbiddenFileGivesNoResults)
+{
+  for (std::string const deck : {"including.inp", "reading.inp"})
+    for (std::string const command : {"check", "print"})
+    {
+      ProgramRun const run = Among("FORBIDDEN", "rows.inp").Run({command, deck});
+      EXPECT_EQ(run.status, 2) << command << deck;
+      EXPECT_EQ(run.out, "");
+      EXPECT_TRUE(
+        run.err.ends_with("inpdeck: error: cannot read 'rows.inp' to its end: Permission denied\n"))
+        << run.err;
+    }
+}
+
 TEST_F(Failures, AnInterruptedCallIsMadeAgain)
 {
   std::string const interrupted = ":" + std::to_string(EINTR);

@@ -6,6 +6,7 @@
 //     FAIL_READ=NAME:N:shrink  the file is emptied in front of its N-th read
 //     FAIL_READ=NAME:N:grow    a line is added to it then
 //     FAIL_READ=NAME:N:wait    the program stops there, until it is told to go on
+//     FORBIDDEN=NAME           the file whose path ends in NAME may not be read, whoever asks
 //     FAIL_MEMORY=N            the N-th request for memory fails, and all behind it
 //     FAIL_LARGE=SIZE          requests for so many bytes or more fail
 //     NO_UNNAMED_FILES=1       the file system has no files without a name
@@ -17,6 +18,7 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <string_view>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -163,6 +165,16 @@ extern "C"
     if (error == 0)
       return next(descriptor, to, size);
     errno = error;
+    return -1;
+  }
+
+  int access(char const* path, int mode)
+  {
+    static auto* const next = Next<int(char const*, int)>("access");
+    char const* const name = std::getenv("FORBIDDEN");
+    if (name == nullptr || mode != R_OK || !std::string_view(path).ends_with(name))
+      return next(path, mode);
+    errno = EACCES;
     return -1;
   }
 

@@ -11,6 +11,7 @@
 #include "inp_RawDataArrayImpl.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 
 namespace
@@ -139,6 +140,10 @@ cow_String inp_KeywordExpansionVisitor::FindFile(cow_String const& directory,
   }
   if (!path.IsReadable())
   {
+    aio_FileRead forbidden;
+    forbidden.path = path.AbsolutePathName();
+    forbidden.error = EACCES;
+    m_filesRead.Append(forbidden);
     Say(inp_msgInputFileNotReadable, keyword, file);
     return cow_String();
   }
@@ -195,7 +200,13 @@ bool inp_KeywordExpansionVisitor::AppendDataLines(aio_ifstream& stream, cow_Stri
     }
     if (IsComment(line))
     {
-      continue;
+      if (std::strstr(line, "** encrypted input") == nullptr)
+      {
+        continue;
+      }
+      stream.CallUnfit("it is encrypted");
+      Say(inp_msgInputFileNotReadable, keyword, file);
+      return false;
     }
     if (IsOption(line))
     {

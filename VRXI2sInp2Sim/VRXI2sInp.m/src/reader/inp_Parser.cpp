@@ -501,6 +501,7 @@ void inp_Parser::Decrypt(char* line)
 {
   if (m_password.Length() == 0)
   {
+    CallUnfit("it is encrypted");
     throw inp_EncryptionException(m_lineNumber, m_fileName,
                                   atr_Say(inp_msgPasswordRequired, m_fileName));
   }
@@ -510,6 +511,7 @@ void inp_Parser::Decrypt(char* line)
   }
   if (!IsComment(line))
   {
+    CallUnfit("it is encrypted");
     throw inp_EncryptionException(
       m_lineNumber, m_fileName,
       atr_Say(inp_msgDecryptionFailed, m_fileName, "no decoder is available"));

@@ -6,6 +6,8 @@
 #include "pnt_debugPrint.h"
 #include "typ_DebugFlags.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <memory>
 
 namespace
@@ -158,6 +160,10 @@ void inp_Parser::CheckIncludeFile(VRXBasUtlFilePath const& path, cow_String cons
   }
   if (!path.IsReadable())
   {
+    aio_FileRead forbidden;
+    forbidden.path = path.AbsolutePathName();
+    forbidden.error = EACCES;
+    m_filesRead.Append(forbidden);
     throw inp_UnreadableIncludeFileException(m_keywordLine, m_fileName, name);
   }
   if (path.IsDir())

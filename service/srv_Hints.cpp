@@ -68,6 +68,10 @@ std::string AllowedValues(atr_Origin const& origin, std::string const&)
       words.emplace_back(*word);
     }
   }
+  if (!words.empty() && inp_TakesOthers(*rule, origin.subject.CStr()))
+  {
+    words.emplace_back("or a name or a number");
+  }
   return words.empty()
            ? ""
            : srv_Upper(origin.subject.View()) + " takes " + srv_FirstOf(words, c_mostListed);

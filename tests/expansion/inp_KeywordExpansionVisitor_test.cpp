@@ -195,9 +195,9 @@ TEST(inp_KeywordExpansionVisitor, CompletesWords)
     {"several of them", "*ELASTIC, TYPE=SH\n*ELASTIC, TYPE=SHEA\n",
      "elastic type=SH\nelastic type=SHEAR\n",
      "1 error: Ambiguous value \"SH\" for parameter \"type\".\n"},
-    {"a parameter without a value has none to complete",
-     "*BOUNDARY, OP, TYPE=\n*STEP, NLGEOM, NAME=S\n", "boundary op, type\nstep name=S, nlgeom\n",
-     ""},
+    {"a parameter without a value has none to complete", "*BOUNDARY, OP\n*STEP, NLGEOM, NAME=S\n",
+     "boundary op\nstep name=S, nlgeom\n", ""},
+    {"an empty value is no word", "*BOUNDARY, TYPE=\n", "boundary type\n", Illegal(1, "", "type")},
     {"a reference is none, unless in quotes", "*BOUNDARY, OP=<op>\n*BOUNDARY, OP=\"<op>\"\n",
      "boundary op=<OP>\nboundary op=\"<op>\"\n", Illegal(2, "\"<op>\"", "op")},
   };

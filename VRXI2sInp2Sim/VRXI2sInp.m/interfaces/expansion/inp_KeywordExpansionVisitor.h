@@ -129,6 +129,8 @@ private:
   static bool IsReference(cow_String const& value);
   char const* MatchParameter(inp_Keyword const& keyword, cow_String const& spelled,
                              char const* const* table);
+  void WarnOfLargeInteger(inp_Keyword const& keyword, cow_String const& spelled,
+                          inp_Item const& item);
   inp_Item CleanedValue(inp_Keyword const& keyword, cow_String const& full,
                         inp_Item const& item) const;
   void InsertExpanded(inp_Keyword const& keyword, cow_Map<cow_String, inp_Item>& parameters,

@@ -17,6 +17,8 @@ public:
   explicit inp_Item(bool value) : m_type(inp_Types::inp_BOOLEAN), m_boolean(value) {}
   /// Tells the type by the rules above; blanks and tabs at both ends are dropped.
   explicit inp_Item(cow_String const& text);
+  /// A parameter with "=" and nothing behind it: true like one that stands alone, and told apart from it.
+  static inp_Item Empty();
   /// A text as it stands, whatever it looks like.
   static inp_Item Text(cow_String const& text);
 
@@ -26,6 +28,10 @@ public:
   {
     return m_type == inp_Types::inp_BOOLEAN || m_type == inp_Types::inp_NONE;
   }
+
+  bool IsEmptyValue() const { return m_isEmpty; }
+  /// An integer, or the text of one that is too large.
+  bool ReadsAsInteger() const;
 
   /// Raises inp_KeywordException unless the item is an integer.
   int AsInt() const;
@@ -40,6 +46,7 @@ private:
   inp_Types::typeEnm m_type = inp_Types::inp_NONE;
   int m_integer = 0;
   bool m_boolean = false;
+  bool m_isEmpty = false;
   double m_real = 0.0;
   cow_String m_text;
 };

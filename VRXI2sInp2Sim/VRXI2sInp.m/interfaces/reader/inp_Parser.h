@@ -9,6 +9,8 @@
 #include "inp_Keyword.h"
 #include "inp_RawDataArrayImpl.h"
 
+#include <vector>
+
 class VRXBasUtlFilePath;
 
 /// Reads one deck file, with the files that it includes, into a flat list of keywords in file order.
@@ -95,12 +97,25 @@ private:
   void ParseParameters(inp_Keyword& keyword, cow_String const& text);
   void ParseParameter(inp_Keyword const& keyword, cow_String const& piece,
                       cow_Map<cow_String, inp_Item>& parameters);
-  inp_Item ParseValue(inp_Keyword const& keyword, cow_String const& name, cow_String const& value);
+  inp_Item ParseValue(cow_String const& name, cow_String const& value);
   static cow_List<cow_String> Split(cow_String const& text);
   static cow_List<cow_String> PiecesOf(cow_String const& text, bool& endsInQuotes);
   void ReadData(inp_Keyword& keyword);
   void DropPendingComments();
-  bool RefusesLine(inp_Keyword const& keyword, char const* line, bool isText);
+  struct LineOrigin
+  {
+    cow_String file;
+    int line;
+  };
+  struct LongLine
+  {
+    int row;
+    LineOrigin origin;
+  };
+  bool RefusesLine(inp_Keyword const& keyword, char const* line, bool isText,
+                   LineOrigin const& where);
+  LineOrigin Here() const { return {m_fileName, m_lineNumber}; }
+  void KeepSkippedLine(char const* line);
   void SkipToNextKeyword(bool collect);
   void NoteFilesNamed();
   void NoteLostKeyword();
@@ -114,7 +129,8 @@ private:
   void ReadLineRange(inp_Keyword const& includeKeyword, int& startLine, int& endLine);
   void MergeFrom(inp_Parser const& child);
   void TakeUpSkippedLines(inp_Parser& child);
-  bool TakeUpSkippedLine(inp_RawDataArrayImpl& lines, int row);
+  bool TakeUpSkippedLine(inp_Parser& child, int row);
+  LongLine const* FindLongSkipped(int row) const;
   void TakeUpFollowingLines(cow_List<inp_Keyword>& included);
   void AppendToLast(cow_List<inp_Keyword>& keywords, char const* line);
 
@@ -143,6 +159,7 @@ private:
   cow_List<inp_Keyword> m_keywords;
   cow_List<cow_String> m_includeChain;
   inp_RawDataArrayImpl m_skippedDataLines; ///< as rows, ready to go on with a keyword
+  std::vector<LongLine> m_longSkipped;     ///< those of them that a keyword may refuse, in order
   cow_List<cow_String> m_includedFiles;
   cow_List<cow_String> m_missingIncludeFiles;
   cow_List<cow_String> m_pendingComments;

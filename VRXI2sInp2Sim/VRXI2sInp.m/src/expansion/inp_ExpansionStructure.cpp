@@ -10,10 +10,13 @@
 namespace
 {
 
+/// A number is no name, however large.
 inp_Item const* FindText(inp_Keyword const& keyword, cow_String const& parameter)
 {
   inp_Item const* const item = keyword.parameters.ConstFind(parameter);
-  return item != nullptr && item->Type() == inp_Types::inp_STRING ? item : nullptr;
+  bool const isText =
+    item != nullptr && item->Type() == inp_Types::inp_STRING && !item->ReadsAsInteger();
+  return isText ? item : nullptr;
 }
 
 } // namespace
@@ -62,6 +65,7 @@ void inp_KeywordExpansionVisitor::VisitInstance(inp_Keyword& keyword)
 {
   MarkFeatureEnhanced();
   Expand(keyword);
+  MeetsRequirements(keyword);
   SetInstanceName(keyword);
   if (keyword.HasParameter("instance"))
   {
@@ -133,7 +137,7 @@ void inp_KeywordExpansionVisitor::VisitStep(inp_Keyword& keyword)
   cow_String name = cow_String("Step-") + number;
   if (inp_NameParameter const given = keyword.ReadName("name"); given.IsGiven())
   {
-    if (keyword.parameters.ConstGet("name").Type() == inp_Types::inp_INTEGER)
+    if (keyword.parameters.ConstGet("name").ReadsAsInteger())
     {
       Say(inp_msgStepNameIsNumber, keyword);
     }

@@ -72,6 +72,7 @@ void inp_KeywordExpansionVisitor::ExpandParameters(inp_Keyword& keyword, char co
   for (parameter.First(); !parameter.IsDone(); parameter.Next())
   {
     cow_String const spelled = parameter.CurrentKey();
+    WarnOfLargeInteger(keyword, spelled, parameter.CurrentValue());
     char const* const match = MatchParameter(keyword, spelled, table);
     if (match == nullptr)
     {
@@ -96,6 +97,17 @@ char const* inp_KeywordExpansionVisitor::MatchParameter(inp_Keyword const& keywo
     SayOf(spelled, inp_msgAmbiguousParameter, keyword, spelled);
   }
   return match.name;
+}
+
+/// Digits that no integer can hold have been read as text.
+void inp_KeywordExpansionVisitor::WarnOfLargeInteger(inp_Keyword const& keyword,
+                                                     cow_String const& spelled,
+                                                     inp_Item const& item)
+{
+  if (item.Type() == inp_Types::inp_STRING && item.ReadsAsInteger())
+  {
+    SayOf(spelled, inp_msgIntegerOutOfRange, keyword, item.AsString(), spelled);
+  }
 }
 
 inp_Item inp_KeywordExpansionVisitor::CleanedValue(inp_Keyword const& keyword,
@@ -185,6 +197,11 @@ void inp_KeywordExpansionVisitor::ExpandWords(inp_Keyword& keyword, cow_String c
                                               char const* const* table, char const* const* others)
 {
   inp_Item const item = keyword.parameters.ConstGet(parameter);
+  if (item.IsEmptyValue())
+  {
+    SayOf(parameter, inp_msgIllegalValue, keyword, "", parameter);
+    return;
+  }
   cow_String const value = item.AsString();
   if (item.HasNoValue() || IsReference(value))
   {

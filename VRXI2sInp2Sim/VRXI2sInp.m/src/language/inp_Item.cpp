@@ -70,12 +70,25 @@ inp_Item::inp_Item(cow_String const& text)
   }
 }
 
+inp_Item inp_Item::Empty()
+{
+  inp_Item item(true);
+  item.m_isEmpty = true;
+  return item;
+}
+
 inp_Item inp_Item::Text(cow_String const& text)
 {
   inp_Item item;
   item.m_type = inp_Types::inp_STRING;
   item.m_text = text;
   return item;
+}
+
+bool inp_Item::ReadsAsInteger() const
+{
+  return m_type == inp_Types::inp_INTEGER ||
+         (m_type == inp_Types::inp_STRING && inp_Types::IsInteger(m_text.View()));
 }
 
 int inp_Item::AsInt() const

@@ -173,6 +173,7 @@ void inp_Parser::SkipToNextKeyword(bool collect)
   if (collect && m_skippedDataLines.Rows() > 0)
   {
     m_skippedDataLines.Clear();
+    m_longSkipped.clear();
   }
   for (char* line = Readline(); !m_endOfFile; line = Readline())
   {
@@ -191,10 +192,20 @@ void inp_Parser::SkipToNextKeyword(bool collect)
     }
     else if (collect && m_keepData)
     {
-      m_firstSkippedLine = m_firstSkippedLine == 0 ? m_lineNumber : m_firstSkippedLine;
-      m_skippedDataLines.AppendLine(line, static_cast<std::size_t>(m_length));
+      KeepSkippedLine(line);
     }
   }
+}
+
+/// A line that no keyword stands above, yet.
+void inp_Parser::KeepSkippedLine(char const* line)
+{
+  m_firstSkippedLine = m_firstSkippedLine == 0 ? m_lineNumber : m_firstSkippedLine;
+  if (m_length > c_longestItem)
+  {
+    m_longSkipped.push_back({m_skippedDataLines.Rows(), Here()});
+  }
+  m_skippedDataLines.AppendLine(line, static_cast<std::size_t>(m_length));
 }
 
 cow_List<cow_String> inp_Parser::SkippedDataLines() const
@@ -412,7 +423,7 @@ void inp_Parser::ReadData(inp_Keyword& keyword)
         continue;
       }
     }
-    if (m_length > c_longestItem && RefusesLine(keyword, line, isText))
+    if (m_length > c_longestItem && RefusesLine(keyword, line, isText, Here()))
     {
       continue;
     }
@@ -441,15 +452,21 @@ void inp_Parser::DropPendingComments()
 
 /// Leaves out a line of a single item of 256 characters, with an error: it would overrun the buffers
 /// through which items are rewritten.
-bool inp_Parser::RefusesLine(inp_Keyword const& keyword, char const* line, bool isText)
+bool inp_Parser::RefusesLine(inp_Keyword const& keyword, char const* line, bool isText,
+                             LineOrigin const& where)
 {
   int const length = inp_Utils::LengthWithoutSpaces(line);
   if (length <= c_longestItem || (!isText && HasSeparatingComma(line)))
   {
     return false;
   }
-  saveError(AtLine(inp_Utils::MessageInKeyword(keyword, atr_Say(inp_msgDataItemTooLong, length)),
-                   m_lineNumber));
+  atr_String message =
+    inp_Utils::MessageInKeyword(keyword, atr_Say(inp_msgDataItemTooLong, length));
+  atr_Origin origin = *message.Origin();
+  origin.file = where.file;
+  origin.line = where.line;
+  message.SetOrigin(origin);
+  saveError(message);
   return true;
 }
 

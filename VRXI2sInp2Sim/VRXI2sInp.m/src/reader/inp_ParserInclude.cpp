@@ -210,6 +210,10 @@ void inp_Parser::TakeUpSkippedLines(inp_Parser& child)
     {
       m_firstSkippedLine = m_keywordLine;
     }
+    for (LongLine const& line : child.m_longSkipped)
+    {
+      m_longSkipped.push_back({m_skippedDataLines.Rows() + line.row, line.origin});
+    }
     for (int row = 0; row < lines.Rows(); ++row)
     {
       m_skippedDataLines.TakeRow(lines, row);
@@ -219,7 +223,7 @@ void inp_Parser::TakeUpSkippedLines(inp_Parser& child)
   int added = 0;
   for (int row = 0; row < lines.Rows(); ++row)
   {
-    added += TakeUpSkippedLine(lines, row);
+    added += TakeUpSkippedLine(child, row);
   }
   if (added > 0 && child.m_hasPassword)
   {
@@ -234,19 +238,29 @@ void inp_Parser::TakeUpSkippedLines(inp_Parser& child)
   }
 }
 
-bool inp_Parser::TakeUpSkippedLine(inp_RawDataArrayImpl& lines, int row)
+bool inp_Parser::TakeUpSkippedLine(inp_Parser& child, int row)
 {
+  inp_RawDataArrayImpl& lines = child.m_skippedDataLines;
   inp_Keyword const& keyword = m_keywords.Last();
   if (!m_keepData || IsComment(lines.RowText(row)))
   {
     return false;
   }
   // A line with a separating comma passes, however long its items are.
-  if (lines.Cols(row) > 1 || !RefusesLine(keyword, lines.RowText(row), true))
+  LongLine const* const longLine = lines.Cols(row) > 1 ? nullptr : child.FindLongSkipped(row);
+  if (longLine == nullptr || !RefusesLine(keyword, lines.RowText(row), true, longLine->origin))
   {
     static_cast<inp_RawDataArrayImpl&>(keyword.data.Impl()).TakeRow(lines, row);
   }
   return true;
+}
+
+inp_Parser::LongLine const* inp_Parser::FindLongSkipped(int row) const
+{
+  auto const found =
+    std::lower_bound(m_longSkipped.begin(), m_longSkipped.end(), row,
+                     [](LongLine const& line, int wanted) { return line.row < wanted; });
+  return found != m_longSkipped.end() && found->row == row ? &*found : nullptr;
 }
 
 /// Data lines below the *INCLUDE belong to the last keyword of the included file, or, where that has
@@ -278,8 +292,7 @@ void inp_Parser::TakeUpFollowingLines(cow_List<inp_Keyword>& included)
     }
     else
     {
-      m_firstSkippedLine = m_firstSkippedLine == 0 ? m_lineNumber : m_firstSkippedLine;
-      m_skippedDataLines.AppendLine(line, static_cast<std::size_t>(m_length));
+      KeepSkippedLine(line);
     }
   }
 }
@@ -287,7 +300,7 @@ void inp_Parser::TakeUpFollowingLines(cow_List<inp_Keyword>& included)
 void inp_Parser::AppendToLast(cow_List<inp_Keyword>& keywords, char const* line)
 {
   inp_Keyword const& keyword = keywords.Last();
-  if (!RefusesLine(keyword, line, false))
+  if (!RefusesLine(keyword, line, false, Here()))
   {
     // Rows are shared by all copies of a keyword, so the list itself stays as it is.
     inp_DataArray rows(keyword.data);

@@ -20,6 +20,13 @@ bool EndsInComma(cow_String const& text)
 
 cow_String Trimmed(cow_String text) { return text.LeftTrim(" \t").RightTrim(" \t"); }
 
+/// *INCLUDE, INPUT="": no value elsewhere, and here no file, for which there are words of its own.
+bool IsQuotedNothing(inp_Keyword const& keyword, cow_String const& name, cow_String const& value)
+{
+  return keyword.Is(inp_kwInclude) && std::string_view("input").starts_with(name.View()) &&
+         Trimmed(value) == "\"\"";
+}
+
 /// A spelled parameter is, or begins, the name of one that names a file.
 bool MayNameFile(cow_String const& spelled)
 {
@@ -194,11 +201,12 @@ void inp_Parser::ParseParameter(inp_Keyword const& keyword, cow_String const& pi
                                  : atr_Say(inp_msgRepeatedParameterValue, name, value);
     m_warnings.Append(inp_Utils::MessageInKeyword(keyword, message));
   }
-  parameters.Insert(name, value.Length() == 0 ? inp_Item(true) : ParseValue(keyword, name, value));
+  bool const isEmpty = value.Length() == 0 || IsQuotedNothing(keyword, name, value);
+  inp_Item const switchedOn = equals < piece.Length() ? inp_Item::Empty() : inp_Item(true);
+  parameters.Insert(name, isEmpty ? switchedOn : ParseValue(name, value));
 }
 
-inp_Item inp_Parser::ParseValue(inp_Keyword const& keyword, cow_String const& name,
-                                cow_String const& value)
+inp_Item inp_Parser::ParseValue(cow_String const& name, cow_String const& value)
 {
   inp_Item const item(value);
   if (m_strict && item.Type() == inp_Types::inp_NONE)
@@ -210,11 +218,6 @@ inp_Item inp_Parser::ParseValue(inp_Keyword const& keyword, cow_String const& na
   if (item.Type() == inp_Types::inp_STRING && length > c_longestItem)
   {
     throw inp_ParameterException(atr_Say(inp_msgParameterValueTooLong, name, length));
-  }
-  if (item.Type() == inp_Types::inp_STRING && inp_Types::IsInteger(item.AsString().View()))
-  {
-    m_warnings.Append(
-      inp_Utils::MessageInKeyword(keyword, atr_Say(inp_msgIntegerOutOfRange, value, name)));
   }
   return item;
 }

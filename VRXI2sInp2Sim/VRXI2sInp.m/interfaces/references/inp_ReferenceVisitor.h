@@ -90,7 +90,7 @@ private:
   bool m_hasFault = false;                     ///< of the name at work
   cow_String m_fixed;                          ///< of the last field
   std::unique_ptr<inp_ReferenceAnswers> m_answers;
-  bool m_isKept = false; ///< answers for the fields at hand are
+  bool m_isKept = false;      ///< answers for the fields at hand are
   bool m_isList = false;      ///< the walk is over a list
   bool m_areRowsDone = false; ///< those of the keyword at hand
   std::unordered_map<inp_DataArrayImpl const*, inp_DataArray>

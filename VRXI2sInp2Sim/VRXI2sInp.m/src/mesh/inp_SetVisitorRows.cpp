@@ -173,10 +173,10 @@ private:
 
   inpM_BaseSet const* Find(cow_String const& name) const
   {
-    inpM_SetMap const& sets = m_visitor.sets;
+    inpM_SetMap const& known = m_visitor.sets;
     cow_String scope = m_visitor.SetScope();
-    bool const isSearched = !m_includeAll || sets.SearchAssemblyAndInstancesForSet(name, scope);
-    return isSearched ? sets.ConstFindNestedSet(scope, name) : nullptr;
+    bool const isSearched = !m_includeAll || known.SearchAssemblyAndInstancesForSet(name, scope);
+    return isSearched ? known.ConstFindNestedSet(scope, name) : nullptr;
   }
 
   inp_SetVisitor const& m_visitor;
